@@ -1,0 +1,20 @@
+# TT_SANITIZE: "", "address" (address and undefined behaviour) or "thread". TT_COVERAGE: count the lines that ran.
+
+set(TT_SANITIZE "" CACHE STRING "Sanitizers to build with: empty, address or thread")
+set_property(CACHE TT_SANITIZE PROPERTY STRINGS "" address thread)
+option(TT_COVERAGE "Build for coverage measurement" OFF)
+
+function(tt_enable_sanitizers target)
+    if(TT_SANITIZE STREQUAL "address")
+        set(flags -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    elseif(TT_SANITIZE STREQUAL "thread")
+        set(flags -fsanitize=thread -fno-omit-frame-pointer)
+    elseif(NOT TT_SANITIZE STREQUAL "")
+        message(FATAL_ERROR "TT_SANITIZE is '${TT_SANITIZE}'; it takes address, thread or nothing")
+    endif()
+    if(TT_COVERAGE)
+        list(APPEND flags --coverage -fprofile-abs-path)
+    endif()
+    target_compile_options(${target} PRIVATE ${flags})
+    target_link_options(${target} PRIVATE ${flags})
+endfunction()

@@ -1,0 +1,21 @@
+# tt_add_test(NAME SOURCES a.cpp ... [LIBS lib ...] [EXPORTS_ONLY])
+#
+# One test program; each of its tests becomes a CTest test and so a process of its own, in which the singletons are
+# fresh. It links the library's objects, or with EXPORTS_ONLY the shared library, which proves the list of exports.
+
+include(GoogleTest)
+
+function(tt_add_test name)
+    cmake_parse_arguments(arg "EXPORTS_ONLY" "" "SOURCES;LIBS" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    tt_configure_target(${name})
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+    target_compile_definitions(${name} PRIVATE TT_SOURCE_DIR="${PROJECT_SOURCE_DIR}" TT_BINARY_DIR="${PROJECT_BINARY_DIR}")
+    if(arg_EXPORTS_ONLY)
+        target_link_libraries(${name} PRIVATE traderbaseconfig ${arg_LIBS} tt::gmock_main)
+    else()
+        target_link_libraries(${name} PRIVATE traderbaseconfig_objects traderbaseconfig_internal ${arg_LIBS} tt::gmock_main)
+    endif()
+    # Where the machine has no locale with a decimal comma, TT_LOCALE_DIR has one for the tests that set it.
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 ENVIRONMENT "LOCPATH=${TT_LOCALE_DIR}")
+endfunction()

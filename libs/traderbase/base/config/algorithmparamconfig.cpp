@@ -1,0 +1,154 @@
+// The algorithm catalogue: vendors' parameter descriptions out of the algorithm script.
+// Doors: the operations of AlgorithmParamConfig.
+// Owns: the vendors' texts, their records, the market times.
+// Covered by tests/config/algorithmparamconfig_test.cpp.
+
+#include "traderbase/base/config/algorithmparamconfig.h"
+
+#include <utility>
+
+#include <ttplatform/algorithmsparams.h>
+#include <ttplatform/configuration.h>
+#include <ttplatform/rights.h>
+
+#include "luaconfig/luaconfig.h"
+#include "traderbase/base/config/internal/algorithmrecord.h"
+#include "traderbase/base/config/internal/guardedlog.h"
+#include "traderbase/base/config/internal/markettimescript.h"
+#include "traderbase/base/config/internal/vendorblocks.h"
+
+namespace ttservice {
+
+namespace {
+
+bool holdsRight(const char* product) {
+    return product != nullptr && testAuth(internal::kAlgorithmRights, product);
+}
+
+bool isWanted(const internal::VendorBlock& block) {
+    return block.product == nullptr || holdsRight(block.product) || holdsRight(block.alternative);
+}
+
+void reportError(const char* function) {
+    internal::writeError({"libs/traderbase/base/config/algorithmparamconfig", "algorithmparamconfig", function},
+                         "getAlgorithmsParams error.");
+}
+
+}  // namespace
+
+boost::shared_ptr<AlgorithmParamConfig> AlgorithmParamConfig::instance() {
+    static const boost::shared_ptr<AlgorithmParamConfig> catalogue(new AlgorithmParamConfig);
+    return catalogue;
+}
+
+AlgorithmParamConfig::AlgorithmParamConfig() {
+    initMarketTime();
+}
+
+void AlgorithmParamConfig::initAlgoParams(luabase::LuaConfig& script) {
+    try {
+        for (const internal::VendorBlock& block : internal::kVendorBlocks) {
+            if (isWanted(block)) (this->*block.read)(script.getConfig(block.function));
+        }
+    } catch (...) {
+        reportError("initAlgoParams");
+    }
+}
+
+void AlgorithmParamConfig::initMarketTime() {
+    luabase::LuaConfig script;
+    script.init(internal::kMarketTimeScript);
+    if (!internal::readMarketTimes(script, marketTimes)) reportError("initMarketTime");
+}
+
+boost::shared_ptr<CAlgorithmsParams> AlgorithmParamConfig::getAlgoParam(std::string name) const {
+    for (const boost::shared_ptr<CAlgorithmsParams>& record : records) {
+        if (record && record->name == name) return record;
+    }
+    return {};
+}
+
+std::vector<boost::shared_ptr<CAlgorithmsParams>> AlgorithmParamConfig::getAlgoritmsParams() const {
+    return records;
+}
+
+void AlgorithmParamConfig::pushAlgoVec(boost::shared_ptr<CAlgorithmsParams> record) {
+    records.push_back(std::move(record));
+}
+
+void AlgorithmParamConfig::getMarketTimeMap(std::map<std::string, std::string>& out) const {
+    out = marketTimes;
+}
+
+void AlgorithmParamConfig::getCiticOriginalStr(std::string& out) const {
+    out = citicOriginal;
+}
+void AlgorithmParamConfig::getZxjtOriginalStr(std::string& out) const {
+    out = zxjtOriginal;
+}
+void AlgorithmParamConfig::getGenusOriginalStr(std::string& out) const {
+    out = genusOriginal;
+}
+void AlgorithmParamConfig::getZsgsOriginalStr(std::string& out) const {
+    out = zsgsOriginal;
+}
+void AlgorithmParamConfig::getJazzOriginalStr(std::string& out) const {
+    out = jazzOriginal;
+}
+void AlgorithmParamConfig::getTwapOriginalStr(std::string& out) const {
+    out = twapOriginal;
+}
+void AlgorithmParamConfig::getQeAlgOriginalStr(std::string& out) const {
+    out = qeAlgOriginal;
+}
+void AlgorithmParamConfig::getQeAlgoHelpStr(std::string& out) const {
+    out = qeAlgHelp;
+}
+void AlgorithmParamConfig::getHuaChuangStr(std::string& out) const {
+    out = huaChuangOriginal;
+}
+
+void AlgorithmParamConfig::readCiticConfig(std::string text) {
+    readVendor(citicOriginal, text);
+}
+void AlgorithmParamConfig::readZxjtConfig(std::string text) {
+    readVendor(zxjtOriginal, text);
+}
+void AlgorithmParamConfig::readGenusConfig(std::string text) {
+    readVendor(genusOriginal, text);
+}
+void AlgorithmParamConfig::readZsgsConfig(std::string text) {
+    readVendor(zsgsOriginal, text);
+}
+void AlgorithmParamConfig::readJazzConfig(std::string text) {
+    readVendor(jazzOriginal, text);
+}
+void AlgorithmParamConfig::readTwapConfig(std::string text) {
+    readVendor(twapOriginal, text);
+}
+void AlgorithmParamConfig::readQeAlgConfig(std::string text) {
+    readVendor(qeAlgOriginal, text);
+}
+void AlgorithmParamConfig::readQeAlgHelpConfig(std::string text) {
+    readVendor(qeAlgHelp, text);
+}
+void AlgorithmParamConfig::readHuaChuangConfig(std::string text) {
+    readVendor(huaChuangOriginal, text);
+}
+
+void AlgorithmParamConfig::readVendor(std::string& original, const std::string& text) {
+    // Hosts may refuse a text here, by an exception that passes on to the caller; nothing else comes of it.
+    utils::Configuration().parse(text);
+    original = text;
+    pushAlgotoVec(original);
+}
+
+void AlgorithmParamConfig::pushAlgotoVec(std::string text) {
+    try {
+        records.push_back(internal::algorithmRecord(text));
+    } catch (...) {
+        reportError("pushAlgotoVec");
+    }
+}
+
+}  // namespace ttservice

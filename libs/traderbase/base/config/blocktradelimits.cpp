@@ -1,0 +1,52 @@
+// Block-trade limits: answers the largest quantity and the largest amount of one negotiated trade.
+// Doors: getDazongOrderNumLimit, getDazongOrderTradeAmountLimit; reader readOrderDazongLimitConfig.
+// Owns: blockTradeQuantities, blockTradeAmounts.
+// Covered by tests/config/blocktradelimits_test.cpp.
+
+#include <ttplatform/configuration.h>
+#include <ttplatform/text.h>
+
+#include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/limitcategories.h"
+#include "traderbase/base/config/internal/limitrows.h"
+#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/strictnumbers.h"
+
+namespace ttservice {
+
+void ConfigCollector::readOrderDazongLimitConfig(const ConfigurationPtr& configuration) {
+    blockTradeQuantities.clear();
+    blockTradeAmounts.clear();
+    const std::string section(internal::keys::blockTradeLimits.section);
+    for (const std::string& key : configuration->getProperties(section)) {
+        const std::string value = configuration->read(section, key);
+        internal::LimitFields<decltype(internal::kBlockTradeLimitRow)> fields;
+        if (!internal::piecesExactly(value, ',', fields)) continue;
+        const internal::VolumeLimit quantity(internal::looseInt(fields[0]), fields[1]);
+        const int amount = internal::looseInt(fields[2]);
+        internal::forEachLimitItem(key, [&](const internal::LimitItem& item) {
+            const internal::MarketItem place = tableKey(item);
+            blockTradeQuantities[place] = quantity;
+            blockTradeAmounts[place] = amount;
+        });
+    }
+}
+
+// Neither question looks for a row of the code itself, and neither leaves anything in its table.
+
+std::pair<int, std::string> ConfigCollector::getDazongOrderNumLimit(const std::string& market,
+                                                                    const std::string& code) const {
+    const std::string upperMarket = utils::toUpper(market);
+    const std::string_view category = internal::blockTradeQuantityCategory(upperMarket, utils::toUpper(code)).word;
+    const auto* limit = internal::findRow(blockTradeQuantities, upperMarket, category);
+    return limit ? *limit : internal::volumeLimitWithoutRow();
+}
+
+int ConfigCollector::getDazongOrderTradeAmountLimit(const std::string& market, const std::string& code) const {
+    const std::string upperMarket = utils::toUpper(market);
+    const std::string_view category = internal::blockTradeAmountCategory(upperMarket, utils::toUpper(code)).word;
+    const int* limit = internal::findRow(blockTradeAmounts, upperMarket, category);
+    return limit ? *limit : internal::kLimitWithoutRow;
+}
+
+}  // namespace ttservice

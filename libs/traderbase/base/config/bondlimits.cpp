@@ -1,0 +1,77 @@
+// Bond limits: answers the order parameters of the Shanghai fixed-income platform and the usage ratio of standard
+// bonds. Doors: getSHFixIncomeLimit, getStandardBondUseLimit; readers readSHFixIncomeLimitConfig,
+// readStandardBondUseLimit. Owns: fixedIncomeLimits, standardBondUse. Covered by tests/config/bondlimits_test.cpp.
+
+#include <ttplatform/configuration.h>
+#include <boost/algorithm/string/case_conv.hpp>
+#include <boost/make_shared.hpp>
+
+#include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/keyreading.h"
+#include "traderbase/base/config/internal/limitrows.h"
+#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/shfixincomelimit.h"
+
+namespace ttservice {
+
+namespace {
+
+namespace keys = internal::keys;
+
+struct FixedIncomeKey {
+    const internal::SettingKey* row;
+    int bondTradeType;
+};
+
+constexpr FixedIncomeKey kFixedIncomeKeys[] = {
+    {&keys::shFixIncome, 2},
+    {&keys::shLoanClickDeal, 3},
+    {&keys::shLoanEnquiryDeal, 4},
+    {&keys::shLoanBidDeal, 5},
+};
+
+}  // namespace
+
+// The table is not cleared: a key that is missing or malformed leaves its type as the load before set it.
+void ConfigCollector::readSHFixIncomeLimitConfig(const ConfigurationPtr& configuration) {
+    for (const FixedIncomeKey& key : kFixedIncomeKeys) {
+        const std::string value = internal::readText(*configuration, *key.row);
+        internal::LimitFields<decltype(internal::kFixedIncomeRow)> fields;
+        if (!internal::piecesExactly(value, ',', fields)) continue;
+        const auto limit = boost::make_shared<SHFixIncomeLimit>();
+        limit->doubleValue = internal::looseDouble(fields[0]);
+        limit->intValue1 = internal::looseInt(fields[1]);
+        limit->intValue2 = internal::looseInt(fields[2]);
+        limit->intValue3 = internal::looseInt(fields[3]);
+        limit->intValue4 = internal::looseInt(fields[4]);
+        limit->intValue5 = internal::looseInt(fields[5]);
+        limit->intValue6 = internal::looseInt(fields[6]);
+        fixedIncomeLimits[key.bondTradeType] = limit;
+    }
+}
+
+void ConfigCollector::readStandardBondUseLimit(const ConfigurationPtr& configuration) {
+    standardBondUse.clear();
+    const std::string section(keys::standardBondUse.section);
+    const double fallback = internal::valueWhenMissing<double>(keys::standardBondUse);
+    for (const std::string& code : configuration->getProperties(section)) {
+        const double ratio = configuration->readDouble(section, code, fallback);
+        // emplace, not assignment: where two rows come to one key, the one met first keeps its number.
+        standardBondUse.emplace(code, ratio);
+        standardBondUse.emplace(boost::algorithm::to_upper_copy(code), ratio);
+    }
+}
+
+boost::shared_ptr<SHFixIncomeLimit> ConfigCollector::getSHFixIncomeLimit(EBondTradeType tradeType) const {
+    const auto found = fixedIncomeLimits.find(static_cast<int>(tradeType));
+    return found == fixedIncomeLimits.end() ? boost::shared_ptr<SHFixIncomeLimit>() : found->second;
+}
+
+// The code as passed, not in upper case: a row in upper case is not found by a question in lower case.
+double ConfigCollector::getStandardBondUseLimit(const std::string& code) const {
+    const auto found = standardBondUse.find(code);
+    return found == standardBondUse.end() ? internal::valueWhenMissing<double>(keys::standardBondUse) : found->second;
+}
+
+}  // namespace ttservice

@@ -1,0 +1,93 @@
+// The store: how it comes to be, what a load does and in which order, and the local overrides.
+// Doors: instance, readConfig, getOriginalStr, addLocalConfig, setUseLocalConfig; internal::StoreSlot.
+// Owns: configPath, loaded, localOverrides.
+// Covered by tests/config/configcollector_test.cpp and loadorder_test.cpp.
+
+#include "traderbase/base/config/configcollector.h"
+
+#include <utility>
+
+#include <ttplatform/configuration.h>
+#include <boost/make_shared.hpp>
+
+#include "traderbase/base/config/internal/platformlist.h"
+#include "traderbase/base/config/internal/storeslot.h"
+
+namespace ttservice {
+
+namespace internal {
+
+boost::shared_ptr<ConfigCollector>& StoreSlot::slot() {
+    static boost::shared_ptr<ConfigCollector> store = build();
+    return store;
+}
+
+boost::shared_ptr<ConfigCollector> StoreSlot::current() {
+    return slot();
+}
+
+boost::shared_ptr<ConfigCollector> StoreSlot::build() {
+    return boost::shared_ptr<ConfigCollector>(new ConfigCollector);
+}
+
+boost::shared_ptr<ConfigCollector> StoreSlot::exchange(boost::shared_ptr<ConfigCollector> store) {
+    slot().swap(store);
+    return store;
+}
+
+}  // namespace internal
+
+boost::shared_ptr<ConfigCollector> ConfigCollector::instance() {
+    return internal::StoreSlot::current();
+}
+
+ConfigCollector::ConfigCollector() {
+    init();
+}
+
+ConfigCollector::~ConfigCollector() = default;
+
+void ConfigCollector::init() {
+    {
+        const boost::unique_lock<boost::shared_mutex> lock(ptsMutex);
+        pts.clear();
+    }
+    initMarketTradingTime();
+}
+
+void ConfigCollector::readConfig(std::string path) {
+    using Reader = void (ConfigCollector::*)(const ConfigurationPtr&);
+    static constexpr Reader kReaders[] = {
+#define TT_SECTION_READER(reader) &ConfigCollector::reader,
+#include "traderbase/base/config/loadorder.def"
+    };
+
+    const auto configuration = boost::make_shared<utils::Configuration>(std::string(), true);
+    configuration->parse(path);
+    configPath = std::move(path);
+
+    std::map<std::string, std::vector<int>> lists;
+    for (std::string& key : configuration->getProperties("setting")) {
+        std::vector<int> ids = internal::readPlatformList(configuration->read("setting", key));
+        lists.emplace(std::move(key), std::move(ids));
+    }
+    instance()->setPts(std::move(lists));
+
+    for (const Reader reader : kReaders)
+        (this->*reader)(configuration);
+    loaded = true;
+}
+
+void ConfigCollector::getOriginalStr(std::string& out) const {
+    out = configPath;
+}
+
+void ConfigCollector::addLocalConfig(const std::string& name, bool value) {
+    localOverrides[name] = value;
+}
+
+void ConfigCollector::setUseLocalConfig(const std::map<std::string, bool>& overrides) {
+    localOverrides = {overrides.begin(), overrides.end()};
+}
+
+}  // namespace ttservice

@@ -1,0 +1,62 @@
+// Contract info: answers which algorithm products there are, which one serves an algorithm type, and which go by HTTP.
+// Doors: getContractInfo, getAllContractInfo, getProductIdbyAlgoName, isHttpProductID.
+// Owns: contracts, httpProductIds.
+// Covered by tests/config/contractinfo_test.cpp.
+
+#include "traderbase/base/config/contractinfo.h"
+
+#include <algorithm>
+
+#include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/keyreading.h"
+#include "traderbase/base/config/internal/splitting.h"
+
+namespace ttservice {
+
+namespace {
+
+namespace keys = internal::keys;
+
+constexpr int kStockAccount = 2;
+constexpr int kCreditAccount = 3;
+
+}  // namespace
+
+// The catalogue is added to and never emptied; the HTTP list is a new one each time. The records come first: the types
+// are indexed for the products that have one.
+void ConfigCollector::readContractInfoConfig(const ConfigurationPtr& configuration) {
+    internal::enterContracts(internal::readText(*configuration, keys::contracts), contracts);
+    internal::enterContractTypes(internal::readText(*configuration, keys::contractTypes), contracts);
+
+    const std::string ids = internal::readText(*configuration, keys::httpProductIds);
+    httpProductIds.clear();
+    internal::splitDropEmpty(ids, ',', [this](std::string_view id) { httpProductIds.emplace_back(id); });
+}
+
+boost::shared_ptr<ContractInfo> ConfigCollector::getContractInfo(const std::string& productId, bool isCredit) const {
+    const auto found = contracts.records.find(internal::contractKey(productId, isCredit));
+    return found == contracts.records.end() ? boost::shared_ptr<ContractInfo>() : found->second;
+}
+
+std::vector<boost::shared_ptr<ContractInfo>> ConfigCollector::getContractInfo(int accountKind) const {
+    std::vector<boost::shared_ptr<ContractInfo>> kept;
+    for (const auto& [key, record] : contracts.records) {
+        if (record && accountKind == (record->isCredit ? kCreditAccount : kStockAccount)) kept.push_back(record);
+    }
+    return kept;
+}
+
+std::map<std::string, boost::shared_ptr<ContractInfo>> ConfigCollector::getAllContractInfo() const {
+    return {contracts.records.begin(), contracts.records.end()};
+}
+
+// Not a plain look-up: a name asked for is in the index from then on, with an empty product ID when it was unknown.
+std::string ConfigCollector::getProductIdbyAlgoName(const std::string& algoName, bool isCredit) {
+    return (isCredit ? contracts.creditProductByType : contracts.stockProductByType)[algoName];
+}
+
+bool ConfigCollector::isHttpProductID(const std::string& productId) const {
+    return std::find(httpProductIds.begin(), httpProductIds.end(), productId) != httpProductIds.end();
+}
+
+}  // namespace ttservice

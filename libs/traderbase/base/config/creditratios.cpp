@@ -1,0 +1,123 @@
+// Credit ratios: answers what holds for the credit accounts of each platform: ratios, numbers, a flag, codes.
+// Doors: isUseConcentrationRatioPts ... isNeedCheckAssureEnbuyBalancePts in the header; the six readers below.
+// Owns: concentrationRatios and its mutex, collateralSaleCodes, and the tables of one number or flag a platform.
+// Covered by tests/config/creditratios_test.cpp.
+
+#include <utility>
+
+#include <boost/thread/locks.hpp>
+
+#include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/creditlists.h"
+#include "traderbase/base/config/internal/keyreading.h"
+#include "traderbase/base/config/internal/perplatformlist.h"
+#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/strictnumbers.h"
+
+namespace ttservice {
+
+namespace {
+
+using internal::CreditEntryKind;
+using internal::readText;
+using internal::SettingKey;
+namespace keys = internal::keys;
+
+template <typename Value>
+void readPerPlatform(const utils::Configuration& configuration, const SettingKey& row,
+                     internal::PerPlatformTable<Value>& table) {
+    internal::readPerPlatformListKeepEmpty(readText(configuration, row), internal::valueWhenMissing<Value>(row), table);
+}
+
+}  // namespace
+
+// --- readers
+
+void ConfigCollector::readConcentrationRatioConfig(const ConfigurationPtr& configuration) {
+    const std::string value = readText(*configuration, keys::concentrationRatio);
+    const boost::unique_lock<boost::mutex> lock(concentrationMutex);
+    concentrationRatios.clear();
+    internal::forEachConcentrationEntry(value, [this](const internal::ConcentrationEntry& entry) {
+        if (entry.kind != CreditEntryKind::Entry) return;
+        concentrationRatios[entry.platform] = {internal::looseDouble(entry.ratios[0]),
+                                               internal::looseDouble(entry.ratios[1])};
+    });
+}
+
+void ConfigCollector::readRepayDebtByCollateralSellConfig(const ConfigurationPtr& configuration) {
+    const std::string value = readText(*configuration, keys::collateralSaleRepay);
+    // The platform switches' lock: nothing below may ask a switch, which would wait for this very thread.
+    const boost::unique_lock<boost::shared_mutex> lock(ptsMutex);
+    collateralSaleCodes.clear();
+    internal::forEachCollateralSaleEntry(value, [this](const internal::CreditEntry& entry) {
+        if (entry.kind != CreditEntryKind::Entry) return;
+        auto& codes = collateralSaleCodes[entry.platform];
+        internal::splitDropEmpty(entry.payload, ',', [&codes](std::string_view code) { codes.emplace(code); });
+    });
+}
+
+void ConfigCollector::readNeedCheckAssureEnbuyBalanceConfig(const ConfigurationPtr& configuration) {
+    readPerPlatform(*configuration, keys::needCheckAssureEnbuyBalance, needCheckAssureEnbuyBalance);
+}
+
+void ConfigCollector::readSpecialEnableVolStkExchangeRate(const ConfigurationPtr& configuration) {
+    readPerPlatform(*configuration, keys::specialEnableVolRate, specialEnableVolRate);
+}
+
+void ConfigCollector::readSetavailable(const ConfigurationPtr& configuration) {
+    readPerPlatform(*configuration, keys::setAvailable, setAvailable);
+}
+
+// Not in the load order, and that is meant: its key has no effect on a client.
+void ConfigCollector::readFinEnableBailRatio(const ConfigurationPtr& configuration) {
+    readPerPlatform(*configuration, keys::finEnableBailRatio, finEnableBailRatio);
+}
+
+// --- answers
+
+bool ConfigCollector::isUseConcentrationRatioPts(const int& platformId, double& first, double& second) const {
+    const boost::unique_lock<boost::mutex> lock(concentrationMutex);
+    const auto found = concentrationRatios.find(platformId);
+    if (found == concentrationRatios.end()) return false;
+    first = found->second.first;
+    second = found->second.second;
+    return true;
+}
+
+bool ConfigCollector::isRepayDebtByCollateralSell(int platformId, const std::string& code) const {
+    const boost::shared_lock<boost::shared_mutex> lock(ptsMutex);
+    const auto found = collateralSaleCodes.find(platformId);
+    return found != collateralSaleCodes.end() && found->second.count(code) != 0;
+}
+
+// The predicates below say that a platform is listed; one that is listed with 0 is.
+
+double ConfigCollector::getFinEnableBailRatio(int platformId) const {
+    return finEnableBailRatio.at(platformId);
+}
+
+bool ConfigCollector::isUseFinEnableBailRatio(int platformId) const {
+    return finEnableBailRatio.lists(platformId);
+}
+
+double ConfigCollector::getisSetavailable(int platformId) const {
+    return setAvailable.at(platformId);
+}
+
+bool ConfigCollector::isSetavailable(int platformId) const {
+    return setAvailable.lists(platformId);
+}
+
+double ConfigCollector::getSpecailEnableVolStkExchangeRate(int platformId) const {
+    return specialEnableVolRate.at(platformId);
+}
+
+bool ConfigCollector::isUseSpecialEnableBalCalcVolume(int platformId) const {
+    return specialEnableVolRate.lists(platformId);
+}
+
+bool ConfigCollector::isNeedCheckAssureEnbuyBalancePts(int platformId) const {
+    return needCheckAssureEnbuyBalance.at(platformId);
+}
+
+}  // namespace ttservice

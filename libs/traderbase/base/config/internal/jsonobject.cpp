@@ -1,0 +1,174 @@
+// The door to the JSON parser: looks every text over before the parser gets it.
+// Doors: parseJson(), readJsonObject(), preparedJson().
+// Owns: nothing.
+// Covered by tests/config/internal/jsonobject_test.cpp.
+
+#include "traderbase/base/config/internal/jsonobject.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <mutex>
+#include <string_view>
+
+#include <mongo/db/json.h>
+#include <mongo/logger/logger.h>
+
+namespace bson = mongo;
+
+namespace ttservice::internal {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t\n\v\f\r";
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool isNameCharacter(char c) {
+    return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '$';
+}
+
+// Whether no locale takes the character for a decimal sign. Of those that have a place in JSON, the comma is not plain.
+bool isPlain(char c) {
+    return std::string_view("{}[]():+- \t\n\v\f\r").find(c) != std::string_view::npos;
+}
+
+bool isQuote(char c) {
+    return c == '"' || c == '\'' || c == '/';  // the last one encloses a regular expression
+}
+
+// Copies a text token by token into what the parser gets.
+class Preparation {
+public:
+    explicit Preparation(std::string_view whole) : text(whole) { prepared.reserve(whole.size() + whole.size() / 4); }
+
+    std::string run() {
+        while (at < text.size())
+            takeToken();
+        return std::move(prepared);
+    }
+
+private:
+    void takeToken() {
+        const char c = text[at];
+        if (isQuote(c)) return takeQuoted(c);
+        if (startsNumber()) return takeNumber();
+        if (isNameCharacter(c)) return takeName();
+        countLevel(c);
+        prepared += c;
+        ++at;
+        if (!isPlain(c)) prepared += ' ';
+    }
+
+    void countLevel(char c) {
+        if (c == '{' || c == '[' || c == '(') {
+            if (++level > kDeepestJson) throw RefusedJson("nested too deep");
+        } else if (c == '}' || c == ']' || c == ')') {
+            --level;
+        }
+    }
+
+    void takeQuoted(char quote) {
+        const std::size_t from = at++;
+        bool nul = false;
+        while (at < text.size() && text[at] != quote) {
+            if (text[at] == '\\') {
+                nul = nul || text.substr(at, 6) == "\\u0000";
+                ++at;
+            }
+            ++at;
+        }
+        at = std::min(at + 1, text.size());
+        const std::size_t next = text.find_first_not_of(kBlanks, at);
+        if (nul && next != std::string_view::npos && text[next] == ':') throw RefusedJson("a name with a NUL in it");
+        prepared += text.substr(from, at - from);
+    }
+
+    void takeName() {
+        const std::size_t from = at;
+        while (at < text.size() && (isNameCharacter(text[at]) || text[at] == '.'))
+            ++at;
+        prepared += text.substr(from, at - from);
+    }
+
+    bool startsNumber() const {
+        return isDigit(text[at]) || (text[at] == '.' && at + 1 < text.size() && isDigit(text[at + 1]));
+    }
+
+    std::string_view takeDigits() {
+        const std::size_t from = at;
+        while (at < text.size() && isDigit(text[at]))
+            ++at;
+        return text.substr(from, at - from);
+    }
+
+    // The exponent if one follows, and 0 otherwise. One beyond all bounds is held at a bound that no number reaches.
+    long long takeExponent() {
+        std::size_t digits = at + 1;
+        if (at == text.size() || (text[at] != 'e' && text[at] != 'E')) return 0;
+        const bool minus = digits < text.size() && text[digits] == '-';
+        if (digits < text.size() && (minus || text[digits] == '+')) ++digits;
+        if (digits == text.size() || !isDigit(text[digits])) return 0;
+        at = digits;
+        const std::string_view number = takeDigits();
+        long long exponent = 0;
+        constexpr long long kBeyondAll = std::numeric_limits<long long>::max() / 2;
+        const auto result = std::from_chars(number.data(), number.data() + number.size(), exponent);
+        if (result.ec != std::errc() || exponent > kBeyondAll) exponent = kBeyondAll;
+        return minus ? -exponent : exponent;
+    }
+
+    // 1.25e3 becomes 125e1, which is the same number, exactly. What is no plain decimal number, such as 0x1F, stays.
+    void takeNumber() {
+        const std::size_t from = at;
+        const std::string_view integer = takeDigits();
+        if (at == text.size() || text[at] != '.') {
+            takeExponent();
+            while (at < text.size() && isNameCharacter(text[at]))
+                ++at;
+            prepared += text.substr(from, at - from);
+        } else {
+            ++at;
+            const std::string_view fraction = takeDigits();
+            const long long exponent = takeExponent() - static_cast<long long>(fraction.size());
+            prepared.append(integer).append(fraction).append("e").append(std::to_string(exponent));
+        }
+        prepared += ' ';
+    }
+
+    std::string_view text;
+    std::size_t at = 0;
+    int level = 0;
+    std::string prepared;
+};
+
+// The parser's first exception in a process would make its log manager without a lock.
+void makeLogManager() {
+    static std::once_flag made;
+    std::call_once(made, [] { bson::logger::globalLogManager(); });
+}
+
+}  // namespace
+
+std::string preparedJson(const std::string& text) {
+    return Preparation(text.c_str()).run();
+}
+
+bson::BSONObj parseJson(const std::string& text) {
+    makeLogManager();
+    return bson::fromjson(preparedJson(text));
+}
+
+std::optional<bson::BSONObj> readJsonObject(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first != std::string::npos && text[first] != '{') return std::nullopt;
+    try {
+        return parseJson(text);
+    } catch (const std::exception&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace ttservice::internal

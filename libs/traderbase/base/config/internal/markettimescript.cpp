@@ -1,0 +1,31 @@
+// The questions put to a market-time script.
+// Doors: readMarketTimes().
+// Owns: nothing.
+// Covered by tests/config/tradingtime_test.cpp and algorithmparamconfig_test.cpp.
+
+#include "traderbase/base/config/internal/markettimescript.h"
+
+#include <optional>
+
+#include <mongo/bson/bson.h>
+
+#include "luaconfig/luaconfig.h"
+#include "traderbase/base/config/internal/jsonobject.h"
+
+namespace bson = mongo;
+
+namespace ttservice::internal {
+
+bool readMarketTimes(luabase::LuaConfig& script, std::map<std::string, std::string>& sessionTexts) {
+    const std::string list = script.getConfig("getMarkets");
+    if (list.empty()) return true;
+    const std::optional<bson::BSONObj> markets = readJsonObject(list);
+    if (!markets) return false;
+    for (bson::BSONObjIterator field(*markets); field.more();) {
+        const std::string market = field.next().fieldName();
+        sessionTexts[market] = script.getConfig("getMarketTradeDuration", market);
+    }
+    return true;
+}
+
+}  // namespace ttservice::internal

@@ -1,0 +1,68 @@
+// Product tables: answers what the settings of futures products and money-market funds make.
+// Doors: enterSubscriptionFee(), productGroups(), enterCombinations(), fundList(), listsFund(), listsAllFunds(),
+// enterMarketCodes(). Owns: nothing; the store holds the tables. Covered by
+// tests/config/internal/producttables_test.cpp.
+
+#include "traderbase/base/config/internal/producttables.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <boost/algorithm/string/case_conv.hpp>
+
+#include "traderbase/base/config/internal/catalogueentries.h"
+#include "traderbase/base/config/internal/joinedtext.h"
+#include "traderbase/base/config/internal/splitting.h"
+
+namespace ttservice::internal {
+
+void enterSubscriptionFee(const std::string& productCode, double fee, std::map<std::string, double>& fees) {
+    fees.emplace(productCode, fee);
+    fees.emplace(boost::algorithm::to_upper_copy(productCode), fee);
+}
+
+std::vector<std::vector<std::string_view>> productGroups(std::string_view value) {
+    std::vector<std::vector<std::string_view>> groups;
+    splitKeepEmpty(value, ';', [&groups](std::string_view group) { groups.push_back(pieces(group, ',')); });
+    return groups;
+}
+
+void enterCombinations(std::string_view value, CombinationTables& tables) {
+    for (const std::vector<std::string_view>& products : productGroups(value)) {
+        std::set<std::string> group;
+        for (std::size_t i = 0; i < products.size(); ++i) {
+            tables.products.emplace_back(products[i]);
+            group.emplace(products[i]);
+            // By place, not by name: in "A,B,A" the last A maps to itself.
+            if (i > 0) tables.firstOfGroup.emplace(products[i], products.front());
+        }
+        tables.groups.push_back(std::move(group));
+    }
+}
+
+std::vector<std::string> fundList(std::string_view value) {
+    std::vector<std::string> list;
+    splitKeepEmpty(value, ',', [&list](std::string_view entry) { list.emplace_back(entry); });
+    return list;
+}
+
+bool listsFund(const std::vector<std::string>& list, std::string_view market, std::string_view code) {
+    const JoinedText fund{market, code};
+    return std::any_of(list.begin(), list.end(),
+                       [&fund](const std::string& entry) { return compare(entry, fund) == 0; });
+}
+
+// "ALL" beside other entries is an ordinary entry.
+bool listsAllFunds(const std::vector<std::string>& list) {
+    return list.size() == 1 && list.front() == "ALL";
+}
+
+void enterMarketCodes(std::string_view value, std::map<std::string, std::set<std::string>>& codesByMarket) {
+    forEachEntry(value, marketCodesEntry, [&codesByMarket](const MarketCodesEntry& entry) {
+        std::set<std::string> codes;
+        splitKeepEmpty(entry.codes, ',', [&codes](std::string_view code) { codes.emplace(code); });
+        codesByMarket[std::string(entry.market)] = std::move(codes);
+    });
+}
+
+}  // namespace ttservice::internal

@@ -1,0 +1,138 @@
+// Numbers: answers what number a settings text is, strictly or as the C library reads it.
+// Doors: strictInt(), strictBool(), strictDouble(), looseInt(), looseLong(), looseDouble().
+// Owns: nothing.
+// Covered by tests/config/internal/strictnumbers_test.cpp.
+
+#include "traderbase/base/config/internal/strictnumbers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <limits>
+#include <string>
+#include <system_error>
+
+namespace ttservice::internal {
+
+namespace {
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool isHexDigit(char c) {
+    return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+
+// Takes a sign off the front of the text and tells whether it was a minus.
+bool takeSign(std::string_view& text) {
+    const bool minus = !text.empty() && text.front() == '-';
+    if (minus || (!text.empty() && text.front() == '+')) text.remove_prefix(1);
+    return minus;
+}
+
+// The exponent written after the digits of a number: 3 for "e3", 0 where there is none; cut off far outside any range.
+long writtenExponent(std::string_view text, char lower, char upper) {
+    const std::size_t at = text.find_first_of(std::string_view("eEpP"));
+    if (at == std::string_view::npos || (text[at] != lower && text[at] != upper)) return 0;
+    text.remove_prefix(at + 1);
+    const bool minus = takeSign(text);
+    long exponent = 0;
+    for (char c : text)
+        exponent = exponent < 1000000000 ? exponent * 10 + (c - '0') : exponent;
+    return minus ? -exponent : exponent;
+}
+
+// Whether a number that no double can hold is too large, not too small. Such numbers are hundreds of digits away from
+// 1, so the place of the first digit that is not 0, moved by the exponent, settles it.
+bool isTooLarge(std::string_view number, bool isHex) {
+    const long perDigit = isHex ? 4 : 1;
+    long order = isHex ? writtenExponent(number, 'p', 'P') : writtenExponent(number, 'e', 'E');
+    const std::string_view digits = number.substr(0, number.find_first_of(isHex ? "pP" : "eE"));
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    const std::size_t first = digits.find_first_not_of("0.");
+    if (first == std::string_view::npos) return false;
+    order += perDigit * (static_cast<long>(point) - static_cast<long>(first));
+    return order > 0;
+}
+
+struct Unsigned {
+    double value = 0;
+    std::size_t used = 0;  // 0: the text begins with no number
+    bool tooLarge = false;
+};
+
+// The longest number without a sign at the front of the text.
+Unsigned takeUnsigned(std::string_view text, bool isHex) {
+    Unsigned taken;
+    const auto format = isHex ? std::chars_format::hex : std::chars_format::general;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), taken.value, format);
+    if (result.ec == std::errc::invalid_argument) return taken;
+    taken.used = static_cast<std::size_t>(result.ptr - text.data());
+    if (result.ec == std::errc::result_out_of_range) {
+        taken.tooLarge = isTooLarge(text.substr(0, taken.used), isHex);
+        taken.value = taken.tooLarge ? std::numeric_limits<double>::infinity() : 0.0;
+    }
+    return taken;
+}
+
+bool beginsHex(std::string_view text) {
+    if (text.size() < 3 || text[0] != '0' || (text[1] != 'x' && text[1] != 'X')) return false;
+    return isHexDigit(text[2]) || (text[2] == '.' && text.size() > 3 && isHexDigit(text[3]));
+}
+
+}  // namespace
+
+std::optional<int> strictInt(std::string_view text) {
+    // from_chars takes "-5" but not "+5", and must not be handed the rest of "+-5".
+    if (!text.empty() && text.front() == '+') {
+        text.remove_prefix(1);
+        if (text.empty() || !isDigit(text.front())) return std::nullopt;
+    }
+    int value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec != std::errc() || result.ptr != text.data() + text.size()) return std::nullopt;
+    return value;
+}
+
+std::optional<bool> strictBool(std::string_view text) {
+    const bool minus = takeSign(text);
+    if (text.empty() || text.find_first_not_of('0') < text.size() - 1) return std::nullopt;
+    if (text.back() == '0') return false;
+    if (text.back() == '1' && !minus) return true;
+    return std::nullopt;
+}
+
+std::optional<double> strictDouble(std::string_view text) {
+    const bool minus = takeSign(text);
+    if (text.empty() || !(isDigit(text.front()) || text.front() == '.')) return std::nullopt;
+    const Unsigned taken = takeUnsigned(text, false);
+    if (taken.used != text.size() || taken.tooLarge) return std::nullopt;
+    return minus ? -taken.value : taken.value;
+}
+
+// The C functions want an end mark. They take neither digits nor signs from the locale.
+int looseInt(std::string_view text) {
+    return std::atoi(std::string(text).c_str());  // NOLINT(cert-err34-c): 0 for no number is what is wanted
+}
+
+long long looseLong(std::string_view text) {
+    return std::atoll(std::string(text).c_str());  // NOLINT(cert-err34-c): 0 for no number is what is wanted
+}
+
+// atof would take the decimal sign from the locale, so its grammar is kept here: blanks, a sign, and then a decimal or
+// hexadecimal number, "inf" or "nan".
+double looseDouble(std::string_view text) {
+    const std::size_t start = text.find_first_not_of(" \t\n\v\f\r");
+    if (start == std::string_view::npos) return 0.0;
+    text.remove_prefix(start);
+    const bool minus = takeSign(text);
+    const bool isHex = beginsHex(text);
+    if (isHex) text.remove_prefix(2);
+    if (!text.empty() && (text.front() == '-' || text.front() == '+')) return 0.0;
+    const Unsigned taken = takeUnsigned(text, isHex);
+    if (taken.used == 0) return 0.0;  // not minus 0 for a lone sign
+    return minus ? -taken.value : taken.value;
+}
+
+}  // namespace ttservice::internal

@@ -1,0 +1,54 @@
+// Order volume limits: answers the largest quantity of one order, and its unit word.
+// Doors: getOrderLimit; reader readOrderLimitConfig.
+// Owns: orderLimits.
+// Covered by tests/config/orderlimits_test.cpp.
+
+#include <ttplatform/configuration.h>
+#include <ttplatform/text.h>
+
+#include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/limitcategories.h"
+#include "traderbase/base/config/internal/limitrows.h"
+#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/strictnumbers.h"
+
+namespace ttservice {
+
+namespace {
+
+using LimitTable = internal::MarketItemTable<internal::VolumeLimit>;
+
+void enterRow(std::string_view key, std::string_view value, LimitTable& table) {
+    internal::LimitFields<decltype(internal::kOrderLimitRow)> fields;
+    if (!internal::piecesExactly(value, ',', fields)) return;
+    const internal::VolumeLimit limit(internal::looseInt(fields[0]), fields[1]);
+    internal::forEachLimitItem(key, [&](const internal::LimitItem& item) { table[tableKey(item)] = limit; });
+}
+
+}  // namespace
+
+// One table for the three sections: which of them a row came from plays no part in an answer.
+void ConfigCollector::readOrderLimitConfig(const ConfigurationPtr& configuration) {
+    orderLimits.clear();
+    for (const internal::SettingKey* row : {&internal::keys::orderLimits, &internal::keys::connectShanghaiOrderLimits,
+                                            &internal::keys::connectShenzhenOrderLimits}) {
+        const std::string section(row->section);
+        for (const std::string& key : configuration->getProperties(section)) {
+            enterRow(key, configuration->read(section, key), orderLimits);
+        }
+    }
+}
+
+std::pair<int, std::string> ConfigCollector::getOrderLimit(const std::string& market, const std::string& code,
+                                                           EBrokerPriceType priceType) {
+    const std::string upperMarket = utils::toUpper(market);
+    const std::string upperCode = utils::toUpper(code);
+    if (const auto* limit = internal::findRow(orderLimits, upperMarket, upperCode)) return *limit;
+    const std::string_view category = internal::orderLimitCategory(upperMarket, upperCode, priceType).word;
+    if (const auto* limit = internal::findRow(orderLimits, upperMarket, category)) return *limit;
+    // This write from a question is meant: the category has a row until the next load.
+    return orderLimits.emplace(internal::MarketItem(upperMarket, category), internal::volumeLimitWithoutRow())
+        .first->second;
+}
+
+}  // namespace ttservice

@@ -1,0 +1,84 @@
+// Platform switches: answers for which platforms a behaviour is on.
+// Doors: setPts, getPts, getAllpts, isSomePt, the predicates, isCanQueryETFFromCounter, the split permissions.
+// Owns: ptsMutex, pts, splitPermission; reads the local overrides.
+// Covered by tests/config/platformswitches_test.cpp.
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <utility>
+
+#include <boost/thread/locks.hpp>
+
+#include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/platformswitchtable.h"
+
+namespace ttservice {
+
+namespace {
+
+using SharedLock = boost::shared_lock<boost::shared_mutex>;
+using ExclusiveLock = boost::unique_lock<boost::shared_mutex>;
+
+constexpr int kSecondsOfDay = 86400;
+constexpr int kNightTradingStart = 73800;  // 20:30:00
+
+}  // namespace
+
+void ConfigCollector::setPts(std::map<std::string, std::vector<int>> lists) {
+    const ExclusiveLock lock(ptsMutex);
+    for (auto& [key, ids] : lists)
+        pts[key] = std::move(ids);
+}
+
+std::vector<int> ConfigCollector::getPts(const std::string& key) const {
+    const SharedLock lock(ptsMutex);
+    const auto found = pts.find(key);
+    return found == pts.end() ? std::vector<int>() : found->second;
+}
+
+std::map<std::string, std::vector<int>> ConfigCollector::getAllpts() const {
+    const SharedLock lock(ptsMutex);
+    return {pts.begin(), pts.end()};
+}
+
+bool ConfigCollector::isSomePt(std::string_view key, int platformId) const {
+    const SharedLock lock(ptsMutex);
+    const auto local = localOverrides.find(key);
+    if (local != localOverrides.end()) return local->second;
+    const auto found = pts.find(key);
+    if (found == pts.end()) return false;
+    return std::find(found->second.begin(), found->second.end(), platformId) != found->second.end();
+}
+
+// An override is turned round like any other answer.
+#define TT_PLATFORM_SWITCH(predicate, key, sense, meaning)                                                   \
+    bool ConfigCollector::predicate(int platformId) const {                                                  \
+        return isSomePt(key, platformId) == (internal::SwitchSense::sense == internal::SwitchSense::Listed); \
+    }
+#include "traderbase/base/config/platformswitches.def"
+
+bool ConfigCollector::isCanQueryETFFromCounter(int platformId) const {
+    std::array<char, 12> digits;  // "-2147483648" and room to spare
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), platformId).ptr;
+    return std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())) == etfBrokerClientTag;
+}
+
+void ConfigCollector::setSplitPermission(const std::map<std::string, int>& permissions) {
+    splitPermission = permissions;
+}
+
+int ConfigCollector::getMaxPermission(std::string name) const {
+    const auto found = splitPermission.find(name);
+    return found == splitPermission.end() ? 0 : found->second;
+}
+
+int ConfigCollector::getRealNumber(int secondOfDay) {
+    return secondOfDay >= kNightTradingStart ? secondOfDay - kSecondsOfDay : secondOfDay;
+}
+
+int ConfigCollector::getSerialNumber(int clockTime) {
+    return getRealNumber(clockTime / 10000 * 3600 + clockTime % 10000 / 100 * 60 + clockTime % 100);
+}
+
+}  // namespace ttservice

@@ -1,0 +1,71 @@
+// Special products: answers subscription fees, combinations whose margin is charged once, and the ETF broker client.
+// Doors: getSubFee, getSingleMarginProductName, getETFBrokerCLientTag, getETFBrokerCLientQueryTimes.
+// Owns: subscriptionFees, combinations, etfBrokerClientTag, etfBrokerClientQueryTimes.
+// Covered by tests/config/specialproducts_test.cpp.
+
+#include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/catalogueentries.h"
+#include "traderbase/base/config/internal/guardedlog.h"
+#include "traderbase/base/config/internal/keyreading.h"
+#include "traderbase/base/config/internal/splitting.h"
+
+namespace ttservice {
+
+namespace {
+
+namespace keys = internal::keys;
+
+constexpr internal::LogPlace kReadSpecialCombCompactsConfig{"libs/traderbase/base/config/configcollector",
+                                                            "configcollector", "readSpecialCombCompactsConfig"};
+
+}  // namespace
+
+void ConfigCollector::readSubfeeProductConfig(const ConfigurationPtr& configuration) {
+    const std::string section(keys::subscriptionFees.section);
+    const std::vector<std::string> products = configuration->getProperties(section);
+    subscriptionFees.clear();
+    for (const std::string& product : products) {
+        internal::enterSubscriptionFee(product, configuration->readDouble(section, product, 0.0), subscriptionFees);
+    }
+}
+
+// Adds to the groups of earlier loads.
+void ConfigCollector::readSpecialCombCompactsConfig(const ConfigurationPtr& configuration) {
+    const std::string section(keys::combinations.section);
+    for (const std::string& exchange : configuration->getProperties(section)) {
+        const std::string groups = configuration->read(section, exchange);
+        internal::logInfo(kReadSpecialCombCompactsConfig, "exchange {0} products: {1}", exchange, groups);
+        internal::enterCombinations(groups, combinations);
+    }
+}
+
+// Without a ":" both values of the load before stay.
+void ConfigCollector::readETFBrokerCLientTag(const ConfigurationPtr& configuration) {
+    const std::string value = internal::readText(*configuration, keys::etfBrokerClient);
+    const internal::TagEntry entry = internal::tagEntry(value);
+    if (!internal::isStored(entry.outcome)) return;
+    etfBrokerClientTag = entry.tag;
+    etfBrokerClientQueryTimes.clear();
+    internal::splitKeepEmpty(entry.times, ',',
+                             [this](std::string_view time) { etfBrokerClientQueryTimes.emplace_back(time); });
+}
+
+double ConfigCollector::getSubFee(const std::string& productCode) const {
+    const auto found = subscriptionFees.find(productCode);
+    return found == subscriptionFees.end() ? 0.0 : found->second;
+}
+
+std::string ConfigCollector::getSingleMarginProductName(const std::string& productCode) const {
+    const auto found = combinations.firstOfGroup.find(productCode);
+    return found == combinations.firstOfGroup.end() ? productCode : found->second;
+}
+
+std::string ConfigCollector::getETFBrokerCLientTag() const {
+    return etfBrokerClientTag;
+}
+
+std::vector<std::string> ConfigCollector::getETFBrokerCLientQueryTimes() const {
+    return etfBrokerClientQueryTimes;
+}
+
+}  // namespace ttservice

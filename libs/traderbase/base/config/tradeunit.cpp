@@ -1,0 +1,52 @@
+// Trade units: how an instrument is counted and in which steps it is ordered.
+// Doors: isBuyOpt, getStockUnit, getStockTradeUnit, getTradeMinUnit, getUiMinUnit; the rules stand in internal/.
+// Owns: nothing; hands the store's switches to the rules that want them.
+// Covered by tests/config/tradeunit*_test.cpp and isbuyopt_test.cpp.
+
+#include "traderbase/base/config/tradeunit.h"
+
+#include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/buyoperations.h"
+#include "traderbase/base/config/internal/tradeunitrules.h"
+
+namespace ttservice {
+
+namespace {
+
+// The store is built by whoever asks for it first, so it is asked for only where a rule gets that far.
+constexpr internal::UnitSwitches kStoreSwitches{
+    [](const std::string& market) { return ConfigCollector::instance()->useNewBondRules(market); },
+    [] { return ConfigCollector::instance()->useRegistIPORules(); },
+};
+
+}  // namespace
+
+bool isBuyOpt(EOperationType op) {
+    return internal::isBuyOperation(op);
+}
+
+std::string getStockUnit(const std::string& market, const std::string& code) {
+    return std::string(internal::stockUnit(market, code).value);
+}
+
+int getStockTradeUnit(const std::string& market, const std::string& code) {
+    return internal::stockTradeUnit(market, code).value;
+}
+
+int getTradeMinUnit(const std::string& market, const std::string& code) {
+    return getTradeMinUnit(market, code, OPT_INVALID);
+}
+
+int getTradeMinUnit(const std::string& market, const std::string& code, EOperationType op) {
+    return internal::tradeMinUnit(market, code, op, kStoreSwitches).value;
+}
+
+int getUiMinUnit(const std::string& market, const std::string& code, bool flag) {
+    return getUiMinUnit(market, code, flag, OPT_INVALID);
+}
+
+int getUiMinUnit(const std::string& market, const std::string& code, bool flag, EOperationType op) {
+    return internal::uiMinUnit(market, code, flag, op, kStoreSwitches).value;
+}
+
+}  // namespace ttservice

@@ -1,0 +1,41 @@
+// Market trading time: answers when each market trades.
+// Doors: initMarketTradingTime, getTradingTime, getSecondFromGMT.
+// Owns: tradingTimes.
+// Covered by tests/config/tradingtime_test.cpp.
+
+#include "luaconfig/luaconfig.h"
+#include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/markettimescript.h"
+#include "traderbase/base/config/internal/tradingsessions.h"
+
+namespace ttservice {
+
+void ConfigCollector::initMarketTradingTime() {
+    initMarketTradingTime(std::string(internal::kMarketTimeScript));
+}
+
+void ConfigCollector::initMarketTradingTime(const std::string& scriptPath) {
+    luabase::LuaConfig script;
+    script.init(scriptPath);
+    std::map<std::string, std::string> sessionTexts;
+    internal::readMarketTimes(script, sessionTexts);
+    initMarketTradingTime(sessionTexts);
+}
+
+void ConfigCollector::initMarketTradingTime(const std::map<std::string, std::string>& sessionTexts) {
+    if (sessionTexts.empty()) return;
+    tradingTimes = internal::buildTradingSessions(sessionTexts);
+}
+
+std::vector<std::pair<int, int>> ConfigCollector::getTradingTime(const std::string& market) const {
+    const auto found = tradingTimes.find(market);
+    return found == tradingTimes.end() ? std::vector<std::pair<int, int>>() : found->second;
+}
+
+int ConfigCollector::getSecondFromGMT(int t) {
+    constexpr int kSecondsOfDay = 86400;
+    constexpr int kEightHours = 28800;
+    return t % kSecondsOfDay + kEightHours;
+}
+
+}  // namespace ttservice

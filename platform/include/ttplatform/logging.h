@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include <log4cxx/logger.h>
+
+#include "ttplatform/export.h"
+
+// The host's standard logger. Null until the host has set up its logging, and null again once that is torn down:
+// whoever logs looks first.
+extern TTPLATFORM_API log4cxx::LoggerPtr g_TTStdLogger;
+
+// Which numbered log channels are written to the host's debug file.
+class TTPLATFORM_API CLogCenter {
+public:
+    // Whether lines of this channel go to the debug file. False when the host has set up nothing.
+    static bool fileLogEnabled(int channel);
+};
+
+// Writes one line of the given channel at DEBUG level. Callers ask fileLogEnabled() and the logger's level first, so
+// that a line that nobody wants is never formatted.
+TTPLATFORM_API void ttDbgLogNew(const log4cxx::LoggerPtr& logger, int channel, const std::string& text);

@@ -1,0 +1,16 @@
+// Letter case of texts.
+// Doors: utils::toUpper().
+// Owns: nothing.
+// Test: tests/platform/text_test.cpp
+#include "ttplatform/text.h"
+
+namespace utils {
+
+std::string toUpper(std::string text) {
+    for (char& character : text) {
+        if (character >= 'a' && character <= 'z') character = static_cast<char>(character - 'a' + 'A');
+    }
+    return text;
+}
+
+}  // namespace utils

@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# setup/install.sh [--ci]
+# Installs what this machine lacks of setup/packages.txt (with --ci also of setup/packages-ci.txt), then sees to it
+# that luabind for Lua 5.1 is built. When nothing is missing it neither needs the network nor a second of time.
+# Says what it does on standard error; standard output stays empty.
+set -euo pipefail
+here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
+
+say() { printf 'setup: %s\n' "$*" >&2; }
+
+lists=("$here/packages.txt")
+case "${1:-}" in
+    "") ;;
+    --ci) lists+=("$here/packages-ci.txt") ;;
+    *)
+        say "usage: setup/install.sh [--ci]"
+        exit 2
+        ;;
+esac
+
+# Names of the wanted packages dpkg does not know as installed, one a line.
+missingPackages() {
+    local wanted installed
+    wanted=$(sed 's/#.*//' "${lists[@]}" | tr -s '[:space:]' '\n' | sed '/^$/d' | sort -u)
+    # dpkg-query fails as soon as one of the names is unknown to it; what it does know it prints all the same.
+    # shellcheck disable=SC2086
+    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' $wanted 2>/dev/null |
+        sed -n 's/^installed //p' | sort -u || true)
+    comm -23 <(printf '%s\n' "$wanted") <(printf '%s\n' "$installed")
+}
+
+# Runs apt-get with its output kept in $log, never asking a question and waiting for another apt to finish.
+aptGet() {
+    DEBIAN_FRONTEND=noninteractive apt-get -q -y -o Dpkg::Use-Pty=0 -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3 \
+        "$@" >>"$log" 2>&1 </dev/null
+}
+
+installPackages() {
+    local log
+    log=$(mktemp)
+    say "installing what is missing: $*"
+    # A third party's broken archive must not stop us: what counts is whether the installation works afterwards.
+    aptGet update || say "apt-get update reported an error, going on with what it fetched"
+    if ! aptGet install --no-install-recommends "$@"; then
+        tail -n 40 "$log" >&2
+        say "apt-get could not install the packages (the whole record: $log)"
+        exit 1
+    fi
+    rm -f "$log"
+}
+
+if ! command -v dpkg-query >/dev/null; then
+    say "this is no Debian system; install by hand what is listed in: ${lists[*]}"
+    exit 1
+fi
+
+mapfile -t missing < <(missingPackages)
+if ((${#missing[@]} > 0)); then
+    if [ "$(id -u)" -ne 0 ]; then
+        say "these packages are missing and only root can install them:"
+        say "    apt-get install --no-install-recommends ${missing[*]}"
+        exit 1
+    fi
+    installPackages "${missing[@]}"
+fi
+
+exec "$here/luabind.sh"

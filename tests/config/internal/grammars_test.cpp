@@ -1,0 +1,251 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <boost/algorithm/string.hpp>
+#include <boost/lexical_cast.hpp>
+
+#include "tests/support/standarderror.h"
+#include "traderbase/base/config/internal/perplatformlist.h"
+#include "traderbase/base/config/internal/platformlist.h"
+#include "traderbase/base/config/internal/settingkeys.h"
+
+using namespace ttservice::internal;
+
+// Slow and obvious readings of the two shared value grammars, with the conversions of Boost.
+namespace oracle {
+
+struct PlatformList {
+    std::vector<int> ids;
+    long complaints = 0;
+};
+
+PlatformList platformList(const std::string& text) {
+    PlatformList result;
+    std::vector<std::string> items;
+    boost::split(items, text, boost::is_any_of(","));
+    for (const std::string& item : items) {
+        if (item.empty()) continue;
+        try {
+            result.ids.push_back(boost::lexical_cast<int>(item));
+        } catch (const boost::bad_lexical_cast&) {
+            ++result.complaints;
+        }
+    }
+    return result;
+}
+
+template <typename Value>
+struct PerPlatform {
+    std::map<int, Value> values;
+    Value fallback;
+    long complaints = 0;
+};
+
+template <typename Value>
+PerPlatform<Value> perPlatform(const std::string& text, Value builtIn, Value before, bool squeeze) {
+    PerPlatform<Value> result{{}, before};
+    std::vector<std::string> items;
+    boost::split(items, text, boost::is_any_of(";"), squeeze ? boost::token_compress_on : boost::token_compress_off);
+    for (const std::string& item : items) {
+        const std::size_t colon = item.find(':');
+        try {
+            if (colon != std::string::npos) {
+                const int platform = boost::lexical_cast<int>(item.substr(0, colon));
+                result.values[platform] = boost::lexical_cast<Value>(item.substr(colon + 1));
+            } else if (item.empty()) {
+                result.fallback = builtIn;
+            } else {
+                result.fallback = boost::lexical_cast<Value>(item);
+            }
+        } catch (const boost::bad_lexical_cast&) {
+            ++result.complaints;
+        }
+    }
+    return result;
+}
+
+}  // namespace oracle
+
+namespace {
+
+// A value put together from pieces that are mostly right, often enough broken, and from separators that pile up.
+std::string randomValue(std::mt19937& random, const std::vector<std::string>& pieces, const std::string& separators) {
+    std::string text;
+    const std::size_t count = random() % 7;
+    for (std::size_t i = 0; i < count; ++i) {
+        text += pieces[random() % pieces.size()];
+        for (std::size_t j = random() % 3; j > 0; --j)
+            text += separators[random() % separators.size()];
+    }
+    return text;
+}
+
+template <typename Value>
+void comparePerPlatform(unsigned seed, Value builtIn, const std::vector<std::string>& pieces) {
+    std::mt19937 random(seed);
+    long complained = 0;
+    for (int i = 0; i < 100000; ++i) {
+        const std::string text = randomValue(random, pieces, ";;;:");
+        const bool squeeze = i % 2 == 0;
+        PerPlatformTable<Value> table{{{99, Value()}}, Value()};
+        const auto expected = oracle::perPlatform<Value>(text, builtIn, Value(), squeeze);
+        const tests::StandardError caught;
+        if (squeeze) {
+            readPerPlatformList(text, builtIn, table);
+        } else {
+            readPerPlatformListKeepEmpty(text, builtIn, table);
+        }
+        ASSERT_EQ(table.byPlatform, expected.values) << text;
+        ASSERT_EQ(table.byDefault, expected.fallback) << text;
+        ASSERT_EQ(caught.lines(), expected.complaints) << text;
+        complained += expected.complaints;
+    }
+    EXPECT_GT(complained, 10000);
+}
+
+}  // namespace
+
+TEST(PlatformList, KeepsTheOrderAndRepeatedIds) {
+    const tests::StandardError caught;
+    EXPECT_EQ(readPlatformList("12,,15,"), (std::vector<int>{12, 15}));
+    EXPECT_EQ(readPlatformList("15,12,15"), (std::vector<int>{15, 12, 15}));
+    EXPECT_EQ(readPlatformList(""), std::vector<int>());
+    EXPECT_EQ(readPlatformList(",,,"), std::vector<int>());
+    EXPECT_EQ(readPlatformList("-5,+5,-2147483648"), (std::vector<int>{-5, 5, -2147483647 - 1}));
+    EXPECT_EQ(caught.text(), "");
+}
+
+TEST(PlatformList, PassesOverABadPieceWithOneLine) {
+    const std::vector<std::pair<std::string, std::vector<int>>> rows = {
+        {"12, 15", {12}}, {"12 ,15", {15}}, {"abc", {}}, {"12:1;15:0", {}}, {"2147483648,7", {7}}, {"1.5,3", {3}},
+    };
+    for (const auto& [text, ids] : rows) {
+        const tests::StandardError caught;
+        EXPECT_EQ(readPlatformList(text), ids) << text;
+        EXPECT_EQ(caught.text(), tests::kBadValueLine) << text;
+    }
+}
+
+TEST(PlatformList, AgreesWithTheOracle) {
+    std::mt19937 random(11);
+    long complained = 0;
+    for (int i = 0; i < 100000; ++i) {
+        const std::string text = randomValue(
+            random, {"12", "0", "-5", "+7", " 3", "3 ", "x", "2147483647", "2147483648", "1:0", "", "00"}, ",,,;");
+        const oracle::PlatformList expected = oracle::platformList(text);
+        const tests::StandardError caught;
+        ASSERT_EQ(readPlatformList(text), expected.ids) << text;
+        ASSERT_EQ(caught.lines(), expected.complaints) << text;
+        complained += expected.complaints;
+    }
+    EXPECT_GT(complained, 10000);
+}
+
+TEST(PlatformList, PiecesPointIntoTheValue) {
+    const std::string_view text = "12,,x";
+    std::vector<std::size_t> offsets;
+    forEachPlatformPiece(text, [&](std::string_view piece, std::optional<int>) {
+        offsets.push_back(static_cast<std::size_t>(piece.data() - text.data()));
+    });
+    EXPECT_EQ(offsets, (std::vector<std::size_t>{0, 4}));
+}
+
+TEST(PerPlatformList, EntriesAndDefault) {
+    PerPlatformTable<bool> table;
+    const tests::StandardError caught;
+    readPerPlatformList("12:1;15:0;1", true, table);
+    EXPECT_TRUE(table.at(12));
+    EXPECT_FALSE(table.at(15));
+    EXPECT_TRUE(table.at(16));
+    readPerPlatformList("12:1;0", true, table);
+    EXPECT_TRUE(table.at(12));
+    EXPECT_FALSE(table.at(15));
+    EXPECT_FALSE(table.lists(15));
+    EXPECT_EQ(caught.text(), "");
+}
+
+TEST(PerPlatformList, PlatformsAloneKeepTheDefaultOfTheLoadBefore) {
+    PerPlatformTable<int> table;
+    readPerPlatformList("7", 500, table);
+    readPerPlatformList("12:1", 500, table);
+    EXPECT_EQ(table.at(12), 1);
+    EXPECT_EQ(table.at(13), 7);
+}
+
+TEST(PerPlatformList, AnEmptyItemSetsTheBuiltInDefault) {
+    const std::vector<std::pair<std::string, int>> rows = {
+        {"", 500}, {"12:1;0;", 500}, {";0", 0}, {";", 500}, {";;0;;", 500}, {"0;;12:1", 0}, {"12:100;200", 200},
+    };
+    for (const auto& [text, byDefault] : rows) {
+        PerPlatformTable<int> table;
+        readPerPlatformList(text, 500, table);
+        EXPECT_EQ(table.at(99), byDefault) << text;
+    }
+}
+
+TEST(PerPlatformList, WithEveryEmptyItemKeptOneInTheMiddleCountsAsWell) {
+    PerPlatformTable<double> table;
+    readPerPlatformListKeepEmpty("0.7;;1:0.5", 0.6, table);
+    EXPECT_EQ(table.at(1), 0.5);
+    EXPECT_EQ(table.at(2), 0.6);
+    readPerPlatformListKeepEmpty("1:0.5;0.7", 0.6, table);
+    EXPECT_EQ(table.at(1), 0.5);
+    EXPECT_EQ(table.at(2), 0.7);
+}
+
+TEST(PerPlatformList, ALaterItemReplacesAnEarlierOne) {
+    PerPlatformTable<int> table;
+    readPerPlatformList("7:1;7:2;3;4", 0, table);
+    EXPECT_EQ(table.at(7), 2);
+    EXPECT_EQ(table.at(8), 4);
+}
+
+TEST(PerPlatformList, ABadItemIsDroppedWithOneLineAndTheOthersCount) {
+    for (const char* text : {"abc:1;1", ":1;1", "12:x;1", "12:1:1;1", "x;1", "1;12:2", "a:b;1", " ;1"}) {
+        PerPlatformTable<bool> table;
+        const tests::StandardError caught;
+        readPerPlatformList(text, false, table);
+        EXPECT_TRUE(table.at(99)) << text;
+        EXPECT_TRUE(table.byPlatform.empty()) << text;
+        EXPECT_EQ(caught.text(), tests::kBadValueLine) << text;
+    }
+}
+
+TEST(PerPlatformList, OfFlagsAgreesWithTheOracle) {
+    comparePerPlatform<bool>(21, true,
+                             {"12:1", "15:0", "1", "0", "01", "2", "true", "x:1", ":1", "7:", "-0", "", "-1"});
+}
+
+TEST(PerPlatformList, OfIntegersAgreesWithTheOracle) {
+    comparePerPlatform<int>(22, 500,
+                            {"12:100", "-5:7", "200", "+3", "x", "1.5", "9:2147483648", "2147483648:1", "", "3:"});
+}
+
+TEST(PerPlatformList, OfNumbersAgreesWithTheOracle) {
+    comparePerPlatform<double>(23, 0.6,
+                               {"1:0.5", "2:1e3", "0.7", ".5", "5.", "1e", "1e+", "x", "1:x", "", " 1", "-2:-0.25"});
+}
+
+TEST(SettingKeys, DefaultsAreValidInTheirOwnGrammar) {
+    for (const SettingKey& row : kSettingKeys) {
+        EXPECT_NE(describe(row.grammar), "") << row.key;
+        switch (row.grammar) {
+            case ValueGrammar::Flag:
+            case ValueGrammar::Integer:
+            case ValueGrammar::PerPlatformInteger:
+                EXPECT_TRUE(strictInt(row.whenMissing)) << row.key;
+                break;
+            case ValueGrammar::PerPlatformFlag:
+                EXPECT_TRUE(strictBool(row.whenMissing)) << row.key;
+                break;
+            default:
+                break;
+        }
+    }
+    EXPECT_EQ(valueWhenMissing<int>(keys::counterMaxCompacts), 500);
+    EXPECT_EQ(valueWhenMissing<bool>(keys::t0ForReturnStock), true);
+}

@@ -1,0 +1,172 @@
+#include <SimpleIni.h>
+#include <gmock/gmock.h>
+
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "standin/settingstext.h"
+
+namespace standin {
+namespace {
+
+using namespace std::string_literals;
+
+struct Section {
+    std::string name;
+    std::vector<std::pair<std::string, std::string>> entries;  // each key once, with its first value
+
+    bool operator==(const Section& other) const { return name == other.name && entries == other.entries; }
+};
+
+void PrintTo(const Section& section, std::ostream* out) {
+    *out << "[" << section.name << "]";
+    for (const auto& [key, value] : section.entries)
+        *out << " '" << key << "'='" << value << "'";
+}
+
+using Sections = std::vector<Section>;
+
+Sections asRead(const std::string& bytes) {
+    Sections all;
+    const SettingsText text(bytes);
+    for (const SettingsSection& section : text.sections()) {
+        Section& copy = all.emplace_back(Section{std::string(section.name), {}});
+        for (const SettingsEntry& entry : section.entries) {
+            if (!entry.repeated) copy.entries.emplace_back(entry.key, entry.value);
+            const SettingsEntry* counting = text.findEntry(section.name, entry.key);
+            EXPECT_TRUE(counting != nullptr && !counting->repeated);
+        }
+    }
+    return all;
+}
+
+// The rules once more, slow and in plain words.
+std::string withoutBlanks(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(" \t");
+    if (first == std::string::npos) return std::string();
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+void addFirst(Sections& all, std::size_t at, const std::string& key, const std::string& value) {
+    for (const auto& entry : all[at].entries) {
+        if (entry.first == key) return;
+    }
+    all[at].entries.emplace_back(key, value);
+}
+
+Sections slowlyRead(std::string bytes) {
+    if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0) bytes.erase(0, 3);
+    for (std::size_t at = 0; (at = bytes.find("\r\n", at)) != std::string::npos;)
+        bytes.erase(at, 1);
+    Sections all;
+    std::size_t current = std::string::npos;
+    std::size_t start = 0;
+    while (start <= bytes.size()) {
+        std::size_t end = bytes.find('\n', start);
+        if (end == std::string::npos) end = bytes.size();
+        const std::string line = withoutBlanks(bytes.substr(start, end - start));
+        start = end + 1;
+        if (line.empty() || line[0] == ';' || line[0] == '#') continue;
+        if (line[0] == '[') {
+            if (line.find(']') == std::string::npos) continue;
+            const std::string name = withoutBlanks(line.substr(1, line.find(']') - 1));
+            for (current = 0; current < all.size() && all[current].name != name;)
+                ++current;
+            if (current == all.size()) all.push_back({name, {}});
+            continue;
+        }
+        const std::size_t sign = line.find('=');
+        if (sign == std::string::npos || sign == 0 || current == std::string::npos) continue;
+        addFirst(all, current, withoutBlanks(line.substr(0, sign)), withoutBlanks(line.substr(sign + 1)));
+    }
+    return all;
+}
+
+Sections readBySimpleIni(const std::string& bytes) {
+    CSimpleIniCaseA file(true, true, false);
+    EXPECT_EQ(file.LoadData(bytes.data(), bytes.size()), SI_OK);
+    Sections all;
+    CSimpleIniCaseA::TNamesDepend sections;
+    file.GetAllSections(sections);
+    sections.sort(CSimpleIniCaseA::Entry::LoadOrder());
+    for (const CSimpleIniCaseA::Entry& section : sections) {
+        Section& copy = all.emplace_back(Section{section.pItem, {}});
+        CSimpleIniCaseA::TNamesDepend keys;
+        file.GetAllKeys(section.pItem, keys);
+        keys.sort(CSimpleIniCaseA::Entry::LoadOrder());
+        for (const CSimpleIniCaseA::Entry& key : keys) {
+            copy.entries.emplace_back(key.pItem, file.GetValue(section.pItem, key.pItem, "(none)"));
+        }
+    }
+    return all;
+}
+
+class Generator {
+public:
+    explicit Generator(unsigned seed) : random(seed) {}
+
+    template <typename List>
+    std::string oneOf(const List& list) {
+        return list[std::uniform_int_distribution<std::size_t>(0, std::size(list) - 1)(random)];
+    }
+
+    int upTo(int most) { return std::uniform_int_distribution<int>(0, most)(random); }
+
+private:
+    std::mt19937 random;
+};
+
+// SimpleIni is asked about files that both readers take alike. Left out: NULs (it stops there) and lone CRs (line ends
+// to it); keys in front of the first header and the header "[]" (one section to it); a "[" line without "]" behind
+// which other lines follow (the reader here ignores the line, and that alone is compared below with the slow rules).
+// Its multi-key mode is the one that keeps the first of repeated keys.
+TEST(SettingsOracle, AgreesWithSimpleIniWhereBothReadersTakeAFileAlike) {
+    static const std::string kNames[] = {"setting", "Setting", "a b", "StkExchangeOrderLimit", "股", "x;y", "#"};
+    static const std::string kKeys[] = {"k", "K", "key", "a b", "SH-600000,SZ-000001", "x;", "x#y", "k[0]", "]", "股"};
+    static const std::string kValues[] = {"", "1", "12:1;15:0;1", "a = b", "\"q\"", "x ; y", "1000000,股", "\\", "[v]"};
+    static const std::string kBlanks[] = {"", "", " ", "\t", " \t "};
+    static const std::string kEnds[] = {"\n", "\n", "\r\n"};
+    static const std::string kOthers[] = {"; note", "# note", "", "word", "two words", "=v", " = "};
+    for (unsigned seed = 0; seed < 3000; ++seed) {
+        Generator make(seed);
+        std::string bytes = make.upTo(9) == 0 ? "\xEF\xBB\xBF" : "";
+        bytes += "[" + make.oneOf(kNames) + "]" + make.oneOf(kEnds);
+        for (int lines = make.upTo(30); lines > 0; --lines) {
+            const int kind = make.upTo(9);
+            const auto blank = [&make] { return make.oneOf(kBlanks); };
+            if (kind == 0) {
+                bytes += blank() + "[" + blank() + make.oneOf(kNames) + blank() + "]" + blank();
+            } else if (kind == 1) {
+                bytes += blank() + make.oneOf(kOthers) + blank();
+            } else {
+                bytes += blank() + make.oneOf(kKeys) + blank() + "=" + blank() + make.oneOf(kValues) + blank();
+            }
+            bytes += make.oneOf(kEnds);
+        }
+        ASSERT_EQ(asRead(bytes), readBySimpleIni(bytes)) << "seed " << seed << "\n" << bytes;
+    }
+}
+
+TEST(SettingsOracle, AgreesWithTheRulesInPlainWordsOnAnyBytes) {
+    static const std::string kPieces[] = {"[",  "]",    "=",  ";", "#",     " ",     "\t",    "\r",  "\n",
+                                          "\n", "\r\n", "a",  "b", "[a]\n", "[b]\n", "a=1\n", "\0"s, "\xEF\xBB\xBF",
+                                          "股", "\xff", "\"", "\\"};
+    std::size_t entries = 0;
+    for (unsigned seed = 0; seed < 30000; ++seed) {
+        Generator make(seed);
+        std::string bytes;
+        for (int pieces = make.upTo(60); pieces > 0; --pieces)
+            bytes += make.oneOf(kPieces);
+        const Sections sections = asRead(bytes);
+        ASSERT_EQ(sections, slowlyRead(bytes)) << "seed " << seed;
+        for (const Section& section : sections)
+            entries += section.entries.size();
+    }
+    // The generated texts are not just noise.
+    EXPECT_GT(entries, 10000u);
+}
+
+}  // namespace
+}  // namespace standin

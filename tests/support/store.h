@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "tests/support/standarderror.h"
+#include "tests/support/tempfile.h"
+#include "traderbase/base/config/configcollector.h"
+
+namespace tests {
+
+// Loads settings given as text into the process's store, keeping the library's own lines off the test's output. Each
+// test is a process of its own, so the store starts fresh in each.
+class LoadedStore {
+public:
+    LoadedStore() = default;
+    explicit LoadedStore(std::string_view settings) { load(settings); }
+
+    void load(std::string_view settings) {
+        const StandardError caught;
+        store->readConfig(folder.write("settings.ini", settings));
+        complaints = caught.text();
+    }
+
+    ttservice::ConfigCollector* operator->() const { return store.get(); }
+    ttservice::ConfigCollector& operator*() const { return *store; }
+
+    // What the last load wrote to the standard error stream.
+    const std::string& lastComplaints() const { return complaints; }
+
+private:
+    TempFolder folder;
+    boost::shared_ptr<ttservice::ConfigCollector> store = ttservice::ConfigCollector::instance();
+    std::string complaints;
+};
+
+}  // namespace tests

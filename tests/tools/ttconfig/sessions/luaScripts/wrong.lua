@@ -1,0 +1,2 @@
+before = function() return "kept" end
+error("stops here", 0)

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tests {
+
+// What a run of the tool left behind.
+struct ToolRun {
+    int exitCode = -1;  // -1 when it was ended by a signal
+    std::string out;
+    std::string err;
+
+    // The lines of standard output, without their ends.
+    std::vector<std::string> lines() const;
+};
+
+// Runs the tool with these arguments on this input, in a process of its own.
+ToolRun runTool(const std::vector<std::string>& arguments, std::string_view input = {});
+
+// Runs a shell command in which $TTCONFIG is the tool, for redirections and pipes.
+ToolRun runShell(const std::string& command, std::string_view input = {});
+
+// The bytes of a file; empty when there is none.
+std::string fileText(const std::string& path);
+
+}  // namespace tests

@@ -1,0 +1,93 @@
+// Calls: the settings store itself, its platform switches, single values and run-time values.
+// Doors: addStoreCalls().
+// Owns: nothing.
+// Covered by tests/tools/ttconfig/calltable_test.cpp and the golden sessions.
+
+#include "ttconfig/calls/binding.h"
+
+namespace ttconfig {
+
+namespace {
+
+void addSwitchCalls(CallTable& table) {
+    TT_STORE_CALL(addLocalConfig);
+    TT_STORE_CALL(setUseLocalConfig);
+    TT_STORE_CALL(setPts);
+    TT_STORE_CALL(getPts);
+    TT_STORE_CALL(getAllpts);
+    TT_STORE_CALL(isSomePt);
+    TT_STORE_CALL(isCanQueryETFFromCounter);
+    TT_STORE_CALL(setSplitPermission);
+    TT_STORE_CALL(getMaxPermission);
+#define TT_PLATFORM_SWITCH(predicate, key, sense, meaning) TT_STORE_CALL(predicate);
+#include "traderbase/base/config/platformswitches.def"
+}
+
+void addSingleValueCalls(CallTable& table) {
+    TT_STORE_CALL(isShowMaxCanOrder);
+    TT_STORE_CALL(showNewCompacts);
+    TT_STORE_CALL(useRegistRules);
+    TT_STORE_CALL(useRegistIPORules);
+    TT_STORE_CALL(useGlobalRef);
+    TT_STORE_CALL(useSplitPageOfStkCompact);
+    TT_STORE_CALL(isCreditCompactDeferT3);
+    TT_STORE_CALL(useNewBondRules);
+    TT_STORE_CALL(useNewShangHaiLoanRules);
+    TT_STORE_CALL(getRefLimit);
+    TT_STORE_CALL(getFlowHistoryDays);
+    TT_STORE_CALL(getHgtSgtPriceDiff);
+    TT_STORE_CALL(getUseNewIPOFrozenCalcMethod);
+    TT_STORE_CALL(isCrtFundTransferUseCreditDetail);
+    TT_STORE_CALL(isNeedUseETFOneCode);
+    TT_STORE_CALL(getQuoterAdress);
+}
+
+void addPerPlatformCalls(CallTable& table) {
+    TT_STORE_CALL(isT0ForReturnStockPts);
+    TT_STORE_CALL(isSPXCreditStockPts);
+    TT_STORE_CALL(isMainAccountcalcCompactsBydealPts);
+    TT_STORE_CALL(getRenewalPts);
+    TT_STORE_CALL(getCounterMaxCompactsRespNum);
+    TT_STORE_CALL(useCounterIpwanPos);
+}
+
+void addRuntimeCalls(CallTable& table) {
+    TT_STORE_CALL(setAutoSplitOrderAuth);
+    TT_STORE_CALL(hasAutoSplitOrderAuth);
+    TT_STORE_CALL(setDelayPushTime);
+    TT_STORE_CALL(getDelayPushTime);
+    TT_STORE_CALL(setNeedDelayPushExternOrder);
+    TT_STORE_CALL(isNeedDelayPushExternOrder);
+    TT_STORE_CALL(setNeedRemoveExportFile);
+    TT_STORE_CALL(isNeedRemoveExportFile);
+    TT_STORE_CALL(setGadrafClientMode);
+    TT_STORE_CALL(isGadrafClientMode);
+    TT_STORE_CALL(setNoNeedCalcAccountDetail);
+    TT_STORE_CALL(isNeedCalcAccountDetail);
+    TT_STORE_CALL(setUseOrderIdFunction);
+    TT_STORE_CALL(useOrderIdFunction);
+    TT_STORE_CALL(setHKUseCustRate);
+    TT_STORE_CALL(setHKRateType);
+    TT_STORE_CALL(getHKUseCustRateType);
+    TT_STORE_CALL(setHideModel);
+    TT_STORE_CALL(getHideModel);
+    TT_STORE_CALL(setLocalDiskPathHash);
+    TT_STORE_CALL(getLocalDiskPathHash);
+    TT_STORE_CALL(setLocalInfoFormat);
+    TT_STORE_CALL(getLocalInfoFormat);
+    TT_STORE_CALL(setQeTsConfig);
+    TT_STORE_CALL(getQeTsConfigStr);
+}
+
+}  // namespace
+
+void addStoreCalls(CallTable& table) {
+    TT_STORE_CALL(readConfig);
+    TT_STORE_CALL(getOriginalStr);
+    addSwitchCalls(table);
+    addSingleValueCalls(table);
+    addPerPlatformCalls(table);
+    addRuntimeCalls(table);
+}
+
+}  // namespace ttconfig

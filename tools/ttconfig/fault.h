@@ -1,0 +1,25 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace ttconfig {
+
+// How the program ends.
+enum ExitCode : int {
+    kExitDone = 0,      // whatever the answers were
+    kExitFindings = 1,  // what was to be checked has something wrong with it
+    kExitUsage = 2,     // the command line is wrong, or names something that there is not
+    kExitInput = 3,     // a file or a directory that was named cannot be used
+    kExitInternal = 4,  // anything else: an answer that cannot be written, an exception out of the library
+};
+
+// What ends the program: one message for the standard error stream, and the exit code.
+class Fault : public std::runtime_error {
+public:
+    Fault(ExitCode code, const std::string& message) : std::runtime_error(message), exitCode(code) {}
+
+    const ExitCode exitCode;
+};
+
+}  // namespace ttconfig

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <standin/settingstext.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "traderbase/base/config/internal/limitcategories.h"
+#include "traderbase/base/config/internal/tradeunitrules.h"
+#include "ttconfig/calls/records.h"
+
+namespace ttconfig {
+
+// What an order-entry screen is opened for.
+struct LimitQuestion {
+    std::string market;
+    std::string code;
+    std::optional<int> priceType;  // without one, none in particular: -1
+    std::optional<int> op;         // the same
+};
+
+// A row of a limit section, as written. Good for as long as the settings text is.
+struct LimitRow {
+    std::string_view section;
+    std::string_view key;
+    std::string_view value;
+    std::uint32_t line = 0;
+};
+
+// What decided an answer: a row, the lack of one, a numbered rule, or, when none of these is there, the list of the
+// operations that buy.
+struct LimitReason {
+    std::string item;                             // of a limit table, "market-code" or "market-category", as looked for
+    ttservice::internal::LimitCategory category;  // empty where the item names the code
+    std::optional<LimitRow> row;                  // the item's; without one the item's default holds
+    const ttservice::internal::UnitRuleText* rule = nullptr;
+};
+
+struct LimitFact {
+    std::string name;   // of the JSON member
+    std::string label;  // for people
+    Answer answer;      // as the call table answers; of a rate record its numbers
+    LimitReason reason;
+};
+
+// All that an order-entry screen asks of an instrument. The answers are the store's and the platform's, the reasons are
+// found in the settings text, which has to be the one that the store has loaded. Rates of a connect are among the facts
+// on its own markets and on HK, whether the operation buys when there is one.
+std::vector<LimitFact> limitFacts(const standin::SettingsText& text, const LimitQuestion& question);
+
+}  // namespace ttconfig

@@ -1,0 +1,111 @@
+// ttconfig sessions: shows when the markets trade.
+// Doors: runSessions().
+// Owns: nothing.
+// Covered by tests/tools/ttconfig/marketsessions_test.cpp.
+
+#include "ttconfig/scripts/marketsessions.h"
+
+#include <mongo/bson/bson.h>
+
+#include <algorithm>
+#include <iostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "luaconfig/luaconfig.h"
+#include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/jsonobject.h"
+#include "traderbase/base/config/internal/markettimescript.h"
+#include "ttconfig/fault.h"
+#include "ttconfig/scripts/requirescript.h"
+#include "ttconfig/startup.h"
+#include "ttconfig/text/answertext.h"
+#include "ttconfig/text/clocktext.h"
+#include "ttconfig/text/nearestname.h"
+#include "ttconfig/text/showntext.h"
+#include "ttconfig/text/table.h"
+
+namespace ttconfig {
+
+namespace {
+
+using ttservice::ConfigCollector;
+using Sessions = std::vector<std::pair<int, int>>;
+
+// The markets in the order in which the script lists them, each once.
+std::vector<std::string> listedMarkets(const std::string& path) {
+    luabase::LuaConfig script;
+    script.init(path);
+    std::vector<std::string> markets;
+    const auto list = ttservice::internal::readJsonObject(script.getConfig("getMarkets"));
+    if (!list) return markets;
+    for (mongo::BSONObjIterator field(*list); field.more();) {
+        const std::string market = field.next().fieldName();
+        if (std::find(markets.begin(), markets.end(), market) == markets.end()) markets.push_back(market);
+    }
+    return markets;
+}
+
+void requireListed(const std::string& market, const std::vector<std::string>& listed, const std::string& path) {
+    if (std::find(listed.begin(), listed.end(), market) != listed.end()) return;
+    const std::vector<std::string_view> names(listed.begin(), listed.end());
+    throw Fault(kExitUsage, path + " lists no market " + shownText(market) + didYouMean(market, names));
+}
+
+bool isOpen(const Sessions& sessions, int second) {
+    return std::any_of(sessions.begin(), sessions.end(),
+                       [second](const auto& session) { return session.first <= second && second < session.second; });
+}
+
+std::string sessionsText(const Sessions& sessions) {
+    std::string text;
+    for (const auto& [start, end] : sessions)
+        text += (text.empty() ? "" : ", ") + clockText(start) + "-" + clockText(end);
+    return text.empty() ? "none" : text;
+}
+
+Answer sessionsJson(const Sessions& sessions) {
+    Answer list = Answer::array();
+    for (const auto& [start, end] : sessions)
+        list.push_back({start, end});
+    return list;
+}
+
+// A row a market: its name, whether it trades at the time if one is given, its sessions.
+Table marketTable(const std::vector<std::string>& markets, std::optional<int> second, Format format) {
+    Table table{"sessions", "", {"market"}, {}};
+    if (second) table.columns.push_back("open");
+    table.columns.push_back("sessions");
+    for (const std::string& market : markets) {
+        const Sessions sessions = ConfigCollector::instance()->getTradingTime(market);
+        std::vector<Answer> row{market};
+        if (second && format == Format::Json) row.push_back(isOpen(sessions, *second));
+        if (second && format != Format::Json) row.push_back(isOpen(sessions, *second) ? "open" : "closed");
+        row.push_back(format == Format::Json ? sessionsJson(sessions) : Answer(sessionsText(sessions)));
+        table.rows.push_back(std::move(row));
+    }
+    return table;
+}
+
+}  // namespace
+
+void runSessions(const CommandLine& commandLine, Output& output) {
+    std::optional<int> second;
+    if (commandLine.at) {
+        second = secondOfClockText(*commandLine.at);
+        if (!second) throw Fault(kExitUsage, "--at " + *commandLine.at + ": write the time as HH:MM:SS");
+    }
+    carryOut(commandLine.shared);
+    const std::string path = commandLine.script.value_or(ttservice::internal::kMarketTimeScript);
+    requireScript(path);
+    const std::vector<std::string> listed = listedMarkets(path);
+    if (listed.empty()) std::cerr << "ttconfig: " << path << " lists no markets; ttconfig script check tells why\n";
+    for (const std::string& market : commandLine.words)
+        requireListed(market, listed, path);
+    if (commandLine.script) ConfigCollector::instance()->initMarketTradingTime(path);
+    const Table table = marketTable(commandLine.words.empty() ? listed : commandLine.words, second, commandLine.format);
+    output.write(commandLine.format == Format::Json ? answerJson(tableJson(table)) + '\n' : tableText(table));
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,21 @@
+// Scripts on disk: answers whether the file that was named can be meant.
+// Doors: requireScript().
+// Owns: nothing.
+// Covered by tests/tools/ttconfig/scriptcheck_test.cpp.
+
+#include "ttconfig/scripts/requirescript.h"
+
+#include <standin/filebytes.h>
+
+#include "ttconfig/fault.h"
+
+namespace ttconfig {
+
+void requireScript(const std::string& path) {
+    std::string bytes;
+    const standin::FileProblem problem = standin::readFileBytes(path, bytes);
+    if (problem == standin::FileProblem::kNone) return;
+    throw Fault(kExitInput, "script " + path + ": " + standin::fileProblemText(problem) + "; name a Lua script");
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "ttconfig/commandline.h"
+
+namespace ttconfig {
+
+// Carries the shared options out, in this order: enters the directories, looks at the settings file, loads the platform
+// data, starts the log file, loads the settings. Throws Fault for what cannot be used; nothing is loaded then.
+void carryOut(const SharedOptions& options);
+
+// Ends what carryOut() began: the log file. To be called before the program's static objects are destroyed.
+void endLogging(const SharedOptions& options);
+
+}  // namespace ttconfig

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "ttconfig/calls/records.h"
+
+namespace ttconfig {
+
+// An answer as one text for people: true, 12, 0.5, a text as it stands, "none" for null. The items of a list are
+// separated by "," as in a settings file, the members of an object by "," and their names by ":"; lists and objects
+// inside others stand in [] and {}. No blanks are put in.
+std::string answerText(const Answer& answer);
+
+// An answer as JSON on one line, bytes that are not UTF-8 replaced by U+FFFD.
+std::string answerJson(const Answer& answer);
+
+}  // namespace ttconfig
