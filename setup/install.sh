@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# setup/install.sh [--ci]
-# Installs what this machine lacks of setup/packages.txt (with --ci also of setup/packages-ci.txt), then sees to it
-# that luabind for Lua 5.1 is built. When nothing is missing it neither needs the network nor a second of time.
+# setup/install.sh [--ci | --bench]
+# Installs what this machine lacks of setup/packages.txt (with --ci also of setup/packages-ci.txt, with --bench of
+# setup/packages-bench.txt), then sees to it that luabind for Lua 5.1 is built. When nothing is missing it neither needs the network nor a second of time.
 # Says what it does on standard error; standard output stays empty.
 set -euo pipefail
 here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
@@ -12,8 +12,9 @@ lists=("$here/packages.txt")
 case "${1:-}" in
     "") ;;
     --ci) lists+=("$here/packages-ci.txt") ;;
+    --bench) lists+=("$here/packages-bench.txt") ;;
     *)
-        say "usage: setup/install.sh [--ci]"
+        say "usage: setup/install.sh [--ci | --bench]"
         exit 2
         ;;
 esac

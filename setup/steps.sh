@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Sourced by run, test and .ci/run: the steps they share. "root" is the top of the source tree.
+# Sourced by run, test, bench and .ci/run: the steps they share. "root" is the top of the source tree.
 # All of it reports on standard error and reads nothing; standard input and output belong to the scripts' callers.
 
 root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
@@ -39,7 +39,7 @@ quietly() {
     return "$status"
 }
 
-# installDependencies [--ci]: gets what this machine lacks; returns at once when it lacks nothing.
+# installDependencies [--ci | --bench]: gets what this machine lacks; returns at once when it lacks nothing.
 installDependencies() { "$root/setup/install.sh" "$@" </dev/null >&2; }
 
 # configureAndBuild PRESET [TARGET...]: brings build/PRESET up to date. Two scripts at a time wait for each other.

@@ -45,7 +45,14 @@ std::string_view textOf(const mongo::BSONElement& element) {
 }
 
 void appendDecimal(std::string& json, double number) {
-    json += std::isfinite(number) ? decimalText(number) : "null";
+    if (!std::isfinite(number)) {
+        json += "null";
+        return;
+    }
+    const std::string text = decimalText(number);
+    json += text;
+    // A whole number keeps looking like a decimal one, so that its reader keeps its type.
+    if (text.find_first_not_of("-0123456789") == std::string::npos) json += ".0";
 }
 
 // Everything but objects and arrays.

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <string>
 #include <thread>
 #include <utility>
@@ -452,6 +453,8 @@ TEST(AssureEnbuyBalance, BadFlagsCostOneLineEach) {
 
 // --- locks
 
+using PlatformLock = ttservice::internal::ReadMostlyMutex;
+
 TEST(CreditLocks, ConcentrationRatiosAreGuardedByTheirOwnMutex) {
     LoadedStore store(concentration("12:0.5,0.6"));
     std::atomic<bool> answered{false};
@@ -471,12 +474,12 @@ TEST(CreditLocks, ConcentrationRatiosAreGuardedByTheirOwnMutex) {
 TEST(CreditLocks, TheCollateralTableSharesTheLockOfThePlatformSwitches) {
     LoadedStore store(collateralSale("12:1"));
     {
-        const boost::shared_lock<boost::shared_mutex> reader(ConfigCollectorPeer::platformLock(*store));
+        const PlatformLock::Reader reader(ConfigCollectorPeer::platformLock(*store));
         std::thread other([&] { EXPECT_TRUE(store->isRepayDebtByCollateralSell(12, "1")); });
         other.join();  // readers do not wait for each other
     }
     std::atomic<bool> answered{false};
-    boost::unique_lock<boost::shared_mutex> held(ConfigCollectorPeer::platformLock(*store));
+    auto held = std::make_unique<PlatformLock::Writer>(ConfigCollectorPeer::platformLock(*store));
     EXPECT_EQ(ratiosOf(store, 12), kUntouched) << "the other table needs another lock";
     std::thread asker([&] {
         EXPECT_TRUE(store->isRepayDebtByCollateralSell(12, "1"));
@@ -484,7 +487,7 @@ TEST(CreditLocks, TheCollateralTableSharesTheLockOfThePlatformSwitches) {
     });
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
     EXPECT_FALSE(answered);
-    held.unlock();
+    held.reset();
     asker.join();
     EXPECT_TRUE(answered);
 }

@@ -126,8 +126,9 @@ TEST(PerPlatformSettings, FlagsByPlatformAndTheirDefault) {
         {"mainaccountcalculatorcompactsbydeal", &ConfigCollector::isMainAccountcalcCompactsBydealPts},
     };
     LoadedStore store;
-    for (const auto& [key, predicate] : rows) {
-        const auto answer = [&](int platform) { return ((*store).*predicate)(platform); };
+    for (const auto& row : rows) {
+        const std::string& key = row.first;
+        const auto answer = [&](int platform) { return ((*store).*row.second)(platform); };
         store.load(setting(key, "12:1;15:0;1"));
         EXPECT_TRUE(answer(12)) << key;
         EXPECT_FALSE(answer(15)) << key;

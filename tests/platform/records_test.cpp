@@ -149,9 +149,10 @@ TEST(ContentJson, NumbersArePlain) {
     builder.append("yes", true);
     builder.append("no", false);
     builder.appendNull("null");
-    EXPECT_EQ(contentOf(builder.obj()),
-              R"({"int":-5,"long":9007199254740993,"least":-9223372036854775808,"double":0.1,"whole":3,"large":1e+300,)"
-              R"("nan":null,"inf":null,"ninf":null,"yes":true,"no":false,"null":null})");
+    EXPECT_EQ(
+        contentOf(builder.obj()),
+        R"({"int":-5,"long":9007199254740993,"least":-9223372036854775808,"double":0.1,"whole":3.0,"large":1e+300,)"
+        R"("nan":null,"inf":null,"ninf":null,"yes":true,"no":false,"null":null})");
 }
 
 TEST(ContentJson, OrderAndRepeatedMembersAreKept) {

@@ -272,14 +272,22 @@ TEST(LuaConfig, EndsCallsThatComeBackForEver) {
 
 TEST(LuaConfig, BearsAnInitFromInsideACall) {
     const LogCapture log;
-    Script script("function ask() printLog('again') return 'old' end");
     const tests::TempFolder folder;
     const std::string path = folder.write("new.lua", "function ask() return 'new' end");
-    lua_State* const before = LuaConfigPeer::interpreter(*script);
-    const Listening listening([&](const std::string&) { script->init(path); });
-    EXPECT_EQ(script->getConfig("ask"), "old");
-    EXPECT_EQ(script->getConfig("ask"), "new");
-    lua_close(before);  // given up, unclosed
+    for (const bool fails : {false, true}) {
+        Script script(fails ? "function ask() printLog('again') error('old', 0) end"
+                            : "function ask() printLog('again') return 'old' end");
+        lua_State* const before = LuaConfigPeer::interpreter(*script);
+        const Listening listening([&](const std::string& message) {
+            if (message == "again") script->init(path);
+        });
+        EXPECT_EQ(script->getConfig("ask"), fails ? "" : "old");
+        EXPECT_EQ(log.messages().back(), fails ? "old" : "again");
+        EXPECT_EQ(lua_gettop(before), 0);
+        EXPECT_EQ(script->getConfig("ask"), "new");
+        EXPECT_EQ(LuaConfigPeer::results(*script), 0);
+        lua_close(before);  // given up, unclosed
+    }
 }
 
 TEST(LuaConfig, BearsAnswersAndArgumentsOfAnySize) {

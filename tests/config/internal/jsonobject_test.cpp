@@ -171,8 +171,34 @@ TEST(JsonObject, KeepsIntegersApartFromDecimals) {
 }
 
 TEST(JsonObject, RefusesNumbersThatNoDoubleHolds) {
-    for (const char* number : {"1e400", "1.5e400", "-1.5e99999999999999999999", "1.5e-99999999999999999999"})
+    for (const char* number : {"1e400", "1.5e400", "-1.5e99999999999999999999"})
         EXPECT_FALSE(readJsonObject(std::string("{\"v\":") + number + "}")) << number;
+}
+
+TEST(JsonObject, ReadsNumbersTooSmallForADoubleAsZero) {
+    for (const char* number : {"1e-400", "-1e-320", "1.5e-99999999999999999999", "0.0", "0e5", "4.9e-324"}) {
+        const auto object = readJsonObject(std::string("{\"v\":") + number + ",\"w\":7}");
+        ASSERT_TRUE(object) << number;
+        EXPECT_EQ((*object)["v"].type(), bson::NumberDouble) << number;
+        EXPECT_EQ((*object)["v"]._numberDouble(), 0.0) << number;
+        EXPECT_EQ((*object)["w"]._numberInt(), 7) << number;
+    }
+}
+
+TEST(JsonObject, LooksAtNothingBehindTheObject) {
+    for (const std::string& behind :
+         {std::string(101, '['), std::string("\"a\\u0000\":1"), std::string("}]{ 1e999 garbage")}) {
+        const auto object = readJsonObject("{\"93000\":50} " + behind);
+        ASSERT_TRUE(object) << behind;
+        EXPECT_EQ((*object)["93000"]._numberInt(), 50) << behind;
+    }
+}
+
+TEST(JsonObject, JoinsEscapedSurrogatePairs) {
+    const auto object = readJsonObject(R"({"\ud83d\ude00":"a\uD83D\uDE00\u4e2d","\\ud83d\\ude00":1})");
+    ASSERT_TRUE(object);
+    EXPECT_EQ((*object)["\xF0\x9F\x98\x80"].str(), "a\xF0\x9F\x98\x80\xE4\xB8\xAD");
+    EXPECT_EQ((*object)["\\ud83d\\ude00"]._numberInt(), 1);
 }
 
 TEST(JsonObject, WorksThePointIntoTheExponent) {

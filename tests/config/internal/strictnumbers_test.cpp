@@ -169,6 +169,11 @@ TEST(LooseNumbers, AgreeWithTheCLibraryAtTheEndsOfTheRange) {
                              "0x.8p-1074",
                              "0x1p-1080",
                              "0x0p99999",
+                             "0x1ep-99999",
+                             "0x1ep-1080",
+                             "-0x.d2cE7p+99999",
+                             "0xep99999",
+                             "0x.0ep-99999",
                              "1e99999999999999",
                              "1e-99999999999999"}) {
         EXPECT_EQ(looseDouble(text), std::strtod(text, nullptr)) << text;

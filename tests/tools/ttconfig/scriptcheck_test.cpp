@@ -12,6 +12,8 @@
 #include "tests/support/sanitizers.h"
 #include "tests/support/tempfile.h"
 #include "tests/tools/ttconfig/toolrun.h"
+#include "traderbase/base/config/internal/jsonobject.h"
+#include "traderbase/base/config/internal/vendorblocks.h"
 
 namespace {
 
@@ -210,4 +212,36 @@ TEST(ScriptCheck, FindsTheFileFromTheDirectoryThatIsEntered) {
     const ToolRun run = runTool({"script", "check", "-C", script.folder.path(""), "s.lua"});
     EXPECT_EQ(run.exitCode, 0) << run.out << run.err;
     EXPECT_EQ(run.out, "s.lua: no findings in 2 markets\n");
+}
+
+// The page for script authors: its examples do what it says, and it names every function.
+TEST(ScriptPage, HasExamplesThatAreClean) {
+    const std::string page = tests::fileText(std::string(TT_SOURCE_DIR) + "/docs/scripts.md");
+    int examples = 0;
+    for (std::size_t at = page.find("```lua\n"); at != std::string::npos; at = page.find("```lua\n", at + 1)) {
+        const std::size_t start = at + 7;
+        const ScriptFile script(page.substr(start, page.find("```", start) - start));
+        const ToolRun run = script.check();
+        EXPECT_EQ(run.exitCode, 0) << run.out << run.err;
+        ++examples;
+        if (examples > 1) continue;
+        EXPECT_EQ(runTool({"sessions", "--script", script.path}).out,
+                  "market  sessions\n"
+                  "SH      09:30:00-11:30:00, 13:00:00-15:00:00\n"
+                  "SHFE    09:00:00-15:00:00, 21:00:00-24:00:00\n");
+    }
+    EXPECT_EQ(examples, 2);
+}
+
+TEST(ScriptPage, NamesEveryVendorsFunctionAndRight) {
+    const std::string page = tests::fileText(std::string(TT_SOURCE_DIR) + "/docs/scripts.md");
+    std::size_t last = 0;
+    for (const auto& block : ttservice::internal::kVendorBlocks) {
+        std::string right = block.product == nullptr ? "none: always" : "`" + std::string(block.product) + "`";
+        if (block.alternative != nullptr) right += " or `" + std::string(block.alternative) + "`";
+        const std::size_t row = page.find("| " + right + " | `" + block.function + "` |\n", last);
+        EXPECT_NE(row, std::string::npos) << block.function;
+        last = row == std::string::npos ? last : row;  // in the order of the blocks
+    }
+    EXPECT_THAT(page, HasSubstr(std::to_string(ttservice::internal::kDeepestJson) + " levels deep"));
 }

@@ -1,6 +1,7 @@
-// Bond limits: answers the order parameters of the Shanghai fixed-income platform and the usage ratio of standard
-// bonds. Doors: getSHFixIncomeLimit, getStandardBondUseLimit; readers readSHFixIncomeLimitConfig,
-// readStandardBondUseLimit. Owns: fixedIncomeLimits, standardBondUse. Covered by tests/config/bondlimits_test.cpp.
+// Bond limits: answers the order parameters of the fixed-income platform and the usage ratio of standard bonds.
+// Doors: getSHFixIncomeLimit, getStandardBondUseLimit.
+// Owns: fixedIncomeLimits, standardBondUse.
+// Covered by tests/config/bondlimits_test.cpp.
 
 #include <ttplatform/configuration.h>
 #include <boost/algorithm/string/case_conv.hpp>

@@ -49,8 +49,9 @@ ConfigCollector::~ConfigCollector() = default;
 
 void ConfigCollector::init() {
     {
-        const boost::unique_lock<boost::shared_mutex> lock(ptsMutex);
+        const internal::ReadMostlyMutex::Writer writer(ptsMutex);
         pts.clear();
+        switchSlots.clearLists();
     }
     initMarketTradingTime();
 }
@@ -84,10 +85,14 @@ void ConfigCollector::getOriginalStr(std::string& out) const {
 
 void ConfigCollector::addLocalConfig(const std::string& name, bool value) {
     localOverrides[name] = value;
+    switchSlots.setOverride(name, value);
 }
 
 void ConfigCollector::setUseLocalConfig(const std::map<std::string, bool>& overrides) {
     localOverrides = {overrides.begin(), overrides.end()};
+    switchSlots.clearOverrides();
+    for (const auto& [name, value] : localOverrides)
+        switchSlots.setOverride(name, value);
 }
 
 }  // namespace ttservice

@@ -19,7 +19,9 @@
 #include "traderbase/base/config/internal/marketitem.h"
 #include "traderbase/base/config/internal/perplatformtable.h"
 #include "traderbase/base/config/internal/plainvalues.h"
+#include "traderbase/base/config/internal/platformswitchslots.h"
 #include "traderbase/base/config/internal/producttables.h"
+#include "traderbase/base/config/internal/readmostlymutex.h"
 #include "traderbase/base/config/internal/volumelimit.h"
 
 namespace utils {
@@ -290,12 +292,10 @@ public:
     std::vector<std::string> getETFBrokerCLientQueryTimes() const;  // (sic)
 
     // --- market trading time
-    // Times are seconds since midnight. Not locked: built when the store is, and again only by the client's own
-    // call.
+    // Times are seconds since midnight. Not locked: built with the store, and again only when the client asks for it.
 
     // Builds the sessions of all markets anew from a market-time script; "../luaScripts/MarketTime.lua" when none is
-    // named, as when the store is built. A script that names no markets leaves them as they are; what it gets wrong is
-    // logged at ERROR level.
+    // named. A script that names no markets leaves them as they are; Lua errors are logged at ERROR level.
     void initMarketTradingTime();
     void initMarketTradingTime(const std::string& scriptPath);
 
@@ -338,6 +338,7 @@ private:
 
     ConfigCollector();
     void init();
+    bool isSwitchListed(std::size_t switchIndex, int platformId) const;
 
 #define TT_SECTION_READER(reader) void reader(const ConfigurationPtr& configuration);
 #include "traderbase/base/config/loadorder.def"
@@ -351,18 +352,17 @@ private:
     static int getSerialNumber(int clockTime);
 
     // --- guarded by ptsMutex
-    mutable boost::shared_mutex ptsMutex;
+    mutable internal::ReadMostlyMutex ptsMutex;
     std::map<std::string, std::vector<int>, std::less<>> pts;
 
     // --- platform switches, not guarded
     std::map<std::string, bool, std::less<>> localOverrides;
+    internal::PlatformSwitchSlots switchSlots;  // what pts and localOverrides say of the known switches
     std::map<std::string, int> splitPermission;
 
-    // --- the load
+    // --- the load, single values of the settings file, and what the client has set
     std::string configPath;
     bool loaded = false;
-
-    // --- single values of the settings file, and what the client has set
     internal::SingleValues single;
     internal::RuntimeValues runtime;
 

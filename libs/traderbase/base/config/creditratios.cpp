@@ -47,7 +47,7 @@ void ConfigCollector::readConcentrationRatioConfig(const ConfigurationPtr& confi
 void ConfigCollector::readRepayDebtByCollateralSellConfig(const ConfigurationPtr& configuration) {
     const std::string value = readText(*configuration, keys::collateralSaleRepay);
     // The platform switches' lock: nothing below may ask a switch, which would wait for this very thread.
-    const boost::unique_lock<boost::shared_mutex> lock(ptsMutex);
+    const internal::ReadMostlyMutex::Writer writer(ptsMutex);
     collateralSaleCodes.clear();
     internal::forEachCollateralSaleEntry(value, [this](const internal::CreditEntry& entry) {
         if (entry.kind != CreditEntryKind::Entry) return;
@@ -85,7 +85,7 @@ bool ConfigCollector::isUseConcentrationRatioPts(const int& platformId, double& 
 }
 
 bool ConfigCollector::isRepayDebtByCollateralSell(int platformId, const std::string& code) const {
-    const boost::shared_lock<boost::shared_mutex> lock(ptsMutex);
+    const internal::ReadMostlyMutex::Reader reader(ptsMutex);
     const auto found = collateralSaleCodes.find(platformId);
     return found != collateralSaleCodes.end() && found->second.count(code) != 0;
 }

@@ -3,12 +3,9 @@
 // Owns: ptsMutex, pts, splitPermission; reads the local overrides.
 // Covered by tests/config/platformswitches_test.cpp.
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <utility>
-
-#include <boost/thread/locks.hpp>
 
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/platformswitchtable.h"
@@ -17,8 +14,9 @@ namespace ttservice {
 
 namespace {
 
-using SharedLock = boost::shared_lock<boost::shared_mutex>;
-using ExclusiveLock = boost::unique_lock<boost::shared_mutex>;
+using internal::isListed;
+using Reader = internal::ReadMostlyMutex::Reader;
+using Writer = internal::ReadMostlyMutex::Writer;
 
 constexpr int kSecondsOfDay = 86400;
 constexpr int kNightTradingStart = 73800;  // 20:30:00
@@ -26,35 +24,45 @@ constexpr int kNightTradingStart = 73800;  // 20:30:00
 }  // namespace
 
 void ConfigCollector::setPts(std::map<std::string, std::vector<int>> lists) {
-    const ExclusiveLock lock(ptsMutex);
-    for (auto& [key, ids] : lists)
-        pts[key] = std::move(ids);
+    const Writer writer(ptsMutex);
+    for (auto& [key, ids] : lists) {
+        std::vector<int>& list = pts[key];
+        list = std::move(ids);
+        switchSlots.setList(key, list);
+    }
 }
 
 std::vector<int> ConfigCollector::getPts(const std::string& key) const {
-    const SharedLock lock(ptsMutex);
+    const Reader reader(ptsMutex);
     const auto found = pts.find(key);
     return found == pts.end() ? std::vector<int>() : found->second;
 }
 
 std::map<std::string, std::vector<int>> ConfigCollector::getAllpts() const {
-    const SharedLock lock(ptsMutex);
+    const Reader reader(ptsMutex);
     return {pts.begin(), pts.end()};
 }
 
 bool ConfigCollector::isSomePt(std::string_view key, int platformId) const {
-    const SharedLock lock(ptsMutex);
+    const Reader reader(ptsMutex);
     const auto local = localOverrides.find(key);
     if (local != localOverrides.end()) return local->second;
     const auto found = pts.find(key);
-    if (found == pts.end()) return false;
-    return std::find(found->second.begin(), found->second.end(), platformId) != found->second.end();
+    return found != pts.end() && isListed(found->second, platformId);
+}
+
+// The same for a known switch, without a search.
+bool ConfigCollector::isSwitchListed(std::size_t switchIndex, int platformId) const {
+    const Reader reader(ptsMutex);
+    return switchSlots.isListed(switchIndex, platformId);
 }
 
 // An override is turned round like any other answer.
-#define TT_PLATFORM_SWITCH(predicate, key, sense, meaning)                                                   \
-    bool ConfigCollector::predicate(int platformId) const {                                                  \
-        return isSomePt(key, platformId) == (internal::SwitchSense::sense == internal::SwitchSense::Listed); \
+#define TT_PLATFORM_SWITCH(predicate, key, sense, meaning)                                                            \
+    bool ConfigCollector::predicate(int platformId) const {                                                           \
+        constexpr std::size_t kIndex = internal::platformSwitchIndex(key);                                            \
+        static_assert(kIndex < internal::kPlatformSwitchCount, "every row of the table is known");                    \
+        return isSwitchListed(kIndex, platformId) == (internal::SwitchSense::sense == internal::SwitchSense::Listed); \
     }
 #include "traderbase/base/config/platformswitches.def"
 

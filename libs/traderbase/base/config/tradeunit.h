@@ -22,8 +22,9 @@ TRADERBASE_API bool isBuyOpt(EOperationType op);
 // (lots); empty for the code "TRANSFER" of some markets. "股" for what the platform does not know.
 TRADERBASE_API std::string getStockUnit(const std::string& market, const std::string& code);
 
-// The exchange's trading unit, in units of getStockUnit(): 100 on the stock exchanges, except for bonds, repos and
-// funds; the instrument record's own on the connect markets. 1 for everything else, and without a record.
+// The exchange's trading unit, in units of getStockUnit(): 100 on the stock exchanges and for type 159, except for
+// bonds, repos, options and funds; the instrument record's own on the connect markets and for what passes one of the
+// platform's further market tests. 1 for everything else, and where that record is missing.
 TRADERBASE_API int getStockTradeUnit(const std::string& market, const std::string& code);
 
 // The smallest step in which the operation orders the instrument; without an operation the same as for OPT_INVALID.

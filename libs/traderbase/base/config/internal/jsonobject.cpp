@@ -7,12 +7,15 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <limits>
 #include <mutex>
 #include <string_view>
 
 #include <mongo/db/json.h>
 #include <mongo/logger/logger.h>
+
+#include "traderbase/base/config/internal/strictnumbers.h"
 
 namespace bson = mongo;
 
@@ -39,13 +42,23 @@ bool isQuote(char c) {
     return c == '"' || c == '\'' || c == '/';  // the last one encloses a regular expression
 }
 
+// A character beyond the first 65536 in UTF-8.
+std::string utf8(std::uint32_t point) {
+    std::string bytes;
+    bytes += static_cast<char>(0xF0 | (point >> 18));
+    bytes += static_cast<char>(0x80 | ((point >> 12) & 0x3F));
+    bytes += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
+    bytes += static_cast<char>(0x80 | (point & 0x3F));
+    return bytes;
+}
+
 // Copies a text token by token into what the parser gets.
 class Preparation {
 public:
     explicit Preparation(std::string_view whole) : text(whole) { prepared.reserve(whole.size() + whole.size() / 4); }
 
     std::string run() {
-        while (at < text.size())
+        while (at < text.size() && !complete)
             takeToken();
         return std::move(prepared);
     }
@@ -67,13 +80,21 @@ private:
             if (++level > kDeepestJson) throw RefusedJson("nested too deep");
         } else if (c == '}' || c == ']' || c == ')') {
             --level;
+            complete = level == 0;
         }
     }
 
     void takeQuoted(char quote) {
         const std::size_t from = at++;
         bool nul = false;
+        std::size_t copied = from;
         while (at < text.size() && text[at] != quote) {
+            if (const std::uint32_t point = escapedPairAt(at); point != 0) {
+                prepared.append(text.substr(copied, at - copied)).append(utf8(point));
+                at += 12;
+                copied = at;
+                continue;
+            }
             if (text[at] == '\\') {
                 nul = nul || text.substr(at, 6) == "\\u0000";
                 ++at;
@@ -83,7 +104,25 @@ private:
         at = std::min(at + 1, text.size());
         const std::size_t next = text.find_first_not_of(kBlanks, at);
         if (nul && next != std::string_view::npos && text[next] == ':') throw RefusedJson("a name with a NUL in it");
-        prepared += text.substr(from, at - from);
+        prepared += text.substr(copied, at - copied);
+    }
+
+    // The unit of an escape such as \u4e2d that starts there; nothing where none does.
+    std::optional<std::uint32_t> escapedUnitAt(std::size_t place) const {
+        const std::string_view escape = text.substr(std::min(place, text.size()), 6);
+        std::uint32_t unit = 0;
+        if (escape.size() < 6 || escape.substr(0, 2) != "\\u") return std::nullopt;
+        const auto result = std::from_chars(escape.data() + 2, escape.data() + 6, unit, 16);
+        return result.ptr == escape.data() + 6 ? std::optional<std::uint32_t>(unit) : std::nullopt;
+    }
+
+    // The character that two escapes in a row make together, which the parser would take for two; 0 where none starts.
+    std::uint32_t escapedPairAt(std::size_t place) const {
+        const auto high = escapedUnitAt(place);
+        if (!high || *high < 0xD800 || *high > 0xDBFF) return 0;
+        const auto low = escapedUnitAt(place + 6);
+        if (!low || *low < 0xDC00 || *low > 0xDFFF) return 0;
+        return 0x10000 + ((*high - 0xD800) << 10) + (*low - 0xDC00);
     }
 
     void takeName() {
@@ -124,23 +163,32 @@ private:
     void takeNumber() {
         const std::size_t from = at;
         const std::string_view integer = takeDigits();
+        std::string number;
         if (at == text.size() || text[at] != '.') {
             takeExponent();
             while (at < text.size() && isNameCharacter(text[at]))
                 ++at;
-            prepared += text.substr(from, at - from);
+            number = text.substr(from, at - from);
         } else {
             ++at;
             const std::string_view fraction = takeDigits();
             const long long exponent = takeExponent() - static_cast<long long>(fraction.size());
-            prepared.append(integer).append(fraction).append("e").append(std::to_string(exponent));
+            number.append(integer).append(fraction).append("e").append(std::to_string(exponent));
         }
-        prepared += ' ';
+        prepared.append(isTooSmall(number) ? "0e0" : number).append(" ");
+    }
+
+    // A decimal number so small that the parser, at odds with the JSON that it is, would refuse it: it reads as 0.
+    static bool isTooSmall(const std::string& number) {
+        return number.find_first_of("eE") != std::string::npos &&
+               number.find_first_not_of("0123456789eE+-") == std::string::npos &&
+               looseDouble(number) < std::numeric_limits<double>::min();
     }
 
     std::string_view text;
     std::size_t at = 0;
     int level = 0;
+    bool complete = false;  // the outermost bracket is closed: what follows is nobody's
     std::string prepared;
 };
 

@@ -14,7 +14,8 @@
 //  - nested deeper than kDeepestJson levels, a text is refused;
 //  - a name with an escaped NUL in it is refused: the parsed object could not be trusted;
 //  - numbers read the same under every locale. Without a point or an exponent, a number that fits is an int, else a
-//    long long; everything else is a double;
+//    long long; everything else is a double. One too small for a double is 0, one too large is refused;
+//  - two escapes that are one character together are made that character;
 //  - beyond JSON, names without quotes, texts in single quotes, NaN, Infinity, Date(5) and the like are taken.
 
 namespace ttservice::internal {

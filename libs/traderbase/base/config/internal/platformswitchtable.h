@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <iterator>
 #include <string_view>
 
 // The rows of platformswitches.def as a table, sorted by key.
@@ -20,6 +22,25 @@ inline constexpr PlatformSwitch kPlatformSwitches[] = {
 #define TT_PLATFORM_SWITCH(predicate, key, sense, meaning) {#predicate, key, SwitchSense::sense, meaning},
 #include "traderbase/base/config/platformswitches.def"
 };
+
+inline constexpr std::size_t kPlatformSwitchCount = std::size(kPlatformSwitches);
+
+// The row of a key, or kPlatformSwitchCount for a key that is no switch.
+constexpr std::size_t platformSwitchIndex(std::string_view key) {
+    std::size_t first = 0;
+    for (std::size_t count = kPlatformSwitchCount; count > 0;) {
+        const std::size_t half = count / 2;
+        const std::size_t middle = first + half;
+        if (kPlatformSwitches[middle].key == key) return middle;
+        if (kPlatformSwitches[middle].key < key) {
+            first = middle + 1;
+            count -= half + 1;
+        } else {
+            count = half;
+        }
+    }
+    return kPlatformSwitchCount;
+}
 
 constexpr bool platformSwitchesAreSorted() {
     std::string_view before;

@@ -1,7 +1,7 @@
 // Product tables: answers what the settings of futures products and money-market funds make.
-// Doors: enterSubscriptionFee(), productGroups(), enterCombinations(), fundList(), listsFund(), listsAllFunds(),
-// enterMarketCodes(). Owns: nothing; the store holds the tables. Covered by
-// tests/config/internal/producttables_test.cpp.
+// Doors: those of the header, by topic: fees, combinations, funds, fixed prices.
+// Owns: nothing; the store holds the tables.
+// Covered by tests/config/internal/producttables_test.cpp.
 
 #include "traderbase/base/config/internal/producttables.h"
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
 #include <string>
@@ -31,14 +32,14 @@ bool takeSign(std::string_view& text) {
     return minus;
 }
 
-// The exponent written after the digits of a number: 3 for "e3", 0 where there is none; cut off far outside any range.
-long writtenExponent(std::string_view text, char lower, char upper) {
-    const std::size_t at = text.find_first_of(std::string_view("eEpP"));
-    if (at == std::string_view::npos || (text[at] != lower && text[at] != upper)) return 0;
+// The exponent written after one of the marks: 3 for "e3", 0 where there is none; cut off far outside any range.
+std::int64_t writtenExponent(std::string_view text, std::string_view marks) {
+    const std::size_t at = text.find_first_of(marks);
+    if (at == std::string_view::npos) return 0;
     text.remove_prefix(at + 1);
     const bool minus = takeSign(text);
-    long exponent = 0;
-    for (char c : text)
+    std::int64_t exponent = 0;
+    for (const char c : text)
         exponent = exponent < 1000000000 ? exponent * 10 + (c - '0') : exponent;
     return minus ? -exponent : exponent;
 }
@@ -46,13 +47,14 @@ long writtenExponent(std::string_view text, char lower, char upper) {
 // Whether a number that no double can hold is too large, not too small. Such numbers are hundreds of digits away from
 // 1, so the place of the first digit that is not 0, moved by the exponent, settles it.
 bool isTooLarge(std::string_view number, bool isHex) {
-    const long perDigit = isHex ? 4 : 1;
-    long order = isHex ? writtenExponent(number, 'p', 'P') : writtenExponent(number, 'e', 'E');
-    const std::string_view digits = number.substr(0, number.find_first_of(isHex ? "pP" : "eE"));
+    const std::int64_t perDigit = isHex ? 4 : 1;
+    const std::string_view marks = isHex ? "pP" : "eE";  // an "e" is a hexadecimal digit
+    std::int64_t order = writtenExponent(number, marks);
+    const std::string_view digits = number.substr(0, number.find_first_of(marks));
     const std::size_t point = std::min(digits.find('.'), digits.size());
     const std::size_t first = digits.find_first_not_of("0.");
     if (first == std::string_view::npos) return false;
-    order += perDigit * (static_cast<long>(point) - static_cast<long>(first));
+    order += perDigit * (static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first));
     return order > 0;
 }
 

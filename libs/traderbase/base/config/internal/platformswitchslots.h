@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "traderbase/base/config/internal/platformswitchtable.h"
+
+// What the switch table and the overrides say of the switches that the library knows by name, one slot a switch, so
+// that a predicate goes to its slot instead of searching two maps for its key. The maps stay what counts: whoever
+// changes one of them tells the slots, under the same lock or for want of one at the same time.
+
+namespace ttservice::internal {
+
+// Whether the platform stands in the list. Lists are short, so it is looked for from the front.
+inline bool isListed(const std::vector<int>& list, int platformId) {
+    for (const int listed : list) {
+        if (listed == platformId) return true;
+    }
+    return false;
+}
+
+class PlatformSwitchSlots {
+public:
+    // A key that is no known switch has no slot and changes nothing. The list must stay where it is until it is set
+    // anew or the lists are cleared; its content may change.
+    void setList(std::string_view key, const std::vector<int>& list) {
+        const std::size_t index = platformSwitchIndex(key);
+        if (index < slots.size()) slots[index].list = &list;
+    }
+    void setOverride(std::string_view key, bool value) {
+        const std::size_t index = platformSwitchIndex(key);
+        if (index < slots.size()) slots[index].local = value ? Local::Yes : Local::No;
+    }
+
+    void clearLists() {
+        for (Slot& slot : slots)
+            slot.list = nullptr;
+    }
+    void clearOverrides() {
+        for (Slot& slot : slots)
+            slot.local = Local::None;
+    }
+
+    // The override if there is one, else whether the platform is listed.
+    bool isListed(std::size_t index, int platformId) const {
+        const Slot& slot = slots[index];
+        if (slot.local != Local::None) return slot.local == Local::Yes;
+        return slot.list != nullptr && internal::isListed(*slot.list, platformId);
+    }
+
+private:
+    enum class Local : unsigned char { None, No, Yes };
+    struct Slot {
+        const std::vector<int>* list = nullptr;
+        Local local = Local::None;
+    };
+    std::array<Slot, kPlatformSwitchCount> slots;
+};
+
+}  // namespace ttservice::internal
