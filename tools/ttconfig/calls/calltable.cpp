@@ -114,6 +114,7 @@ Answer CallTable::answerWords(CallState& state, const std::string& name, const s
     const std::vector<Call>& overloads = find(name);
     // A text takes any word: the overloads that take something narrower are tried first.
     std::vector<const Call*> order;
+    order.reserve(overloads.size());
     for (const Call& call : overloads)
         order.push_back(&call);
     std::stable_sort(order.begin(), order.end(), [](const Call* left, const Call* right) {
