@@ -1,19 +1,22 @@
-// What a limit costs: found by code, found by category, left by an earlier question, or new; each beside a bare look-up
-// in a map of the same type and content with views that are in upper case already. "Warm" asks one instrument again and
-// again, "Cold" goes through all of them at random.
+// What a limit costs: found by code, found by category, left by an earlier question, or new; beside a bare look-up in a
+// map of the same type and content, with views that are in upper case already or that are put into upper case on the
+// stack. "Warm" asks one instrument again and again, "Cold" goes through all of them at random.
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "benchmarks/generatedsettings.h"
+#include "benchmarks/measuring.h"
 #include "standin/platformdata.h"
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/marketitem.h"
@@ -71,23 +74,56 @@ boost::shared_ptr<ConfigCollector> loadedStore(const std::vector<Instrument>& ro
 }
 
 void askAll(benchmark::State& state, ConfigCollector& store, const std::vector<Instrument>& asked) {
-    std::size_t i = 0;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(store.getOrderLimit(asked[i].first, asked[i].second, kLimitPrice));
-        if (++i == asked.size()) i = 0;
-    }
+    benchmarks::askInTurn(state, asked.size(), [&](std::size_t turn) {
+        return store.getOrderLimit(asked[turn].first, asked[turn].second, kLimitPrice);
+    });
 }
 
-void lookUpAll(benchmark::State& state, const std::vector<Instrument>& asked) {
-    MarketItemTable<VolumeLimit> table;
-    for (const Instrument& row : instruments(static_cast<std::size_t>(state.range(0))))
-        table[row] = {1000, "股"};
-    std::size_t i = 0;
-    for (auto _ : state) {
-        const VolumeLimit* found = findRow(table, asked[i].first, asked[i].second);
-        benchmark::DoNotOptimize(found == nullptr ? VolumeLimit() : VolumeLimit(*found));
-        if (++i == asked.size()) i = 0;
+// A short text in upper case, on the stack.
+class UpperCased {
+public:
+    explicit UpperCased(std::string_view text) : length(std::min(text.size(), letters.size())) {
+        for (std::size_t i = 0; i < length; ++i) {
+            const char letter = text[i];
+            letters[i] = letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+        }
     }
+    std::string_view view() const { return {letters.data(), length}; }
+
+private:
+    std::array<char, 32> letters;
+    std::size_t length;
+};
+
+MarketItemTable<VolumeLimit> tableOf(const std::vector<Instrument>& rows) {
+    MarketItemTable<VolumeLimit> table;
+    for (const Instrument& row : rows)
+        table[row] = {1000, "股"};
+    for (const char* market : kMarkets)
+        table[{market, "STOCK"}] = {2000, "股"};
+    return table;
+}
+
+VolumeLimit copied(const VolumeLimit* found) {
+    return found == nullptr ? VolumeLimit() : *found;
+}
+
+// Functions of their own, as the store's operations are.
+[[gnu::noipa]] VolumeLimit plainLimit(const MarketItemTable<VolumeLimit>& table, const Instrument& asked) {
+    return copied(findRow(table, asked.first, asked.second));
+}
+
+[[gnu::noipa]] VolumeLimit upperCasedLimit(const MarketItemTable<VolumeLimit>& table, const Instrument& asked) {
+    const UpperCased market(asked.first);
+    const UpperCased code(asked.second);
+    const VolumeLimit* const row = findRow(table, market.view(), code.view());
+    return copied(row != nullptr ? row : findRow(table, market.view(), "STOCK"));
+}
+
+template <typename LookUp>
+void lookUpAll(benchmark::State& state, const std::vector<Instrument>& asked, const LookUp& lookUp) {
+    const MarketItemTable<VolumeLimit> table = tableOf(instruments(static_cast<std::size_t>(state.range(0))));
+    benchmarks::askInTurn(state, asked.size(), [&](std::size_t turn) { return lookUp(table, asked[turn]); });
 }
 
 std::vector<Instrument> all(const benchmark::State& state) {
@@ -99,10 +135,25 @@ std::vector<Instrument> one(const benchmark::State& state) {
 }
 
 void bareLookUpWarm(benchmark::State& state) {
-    lookUpAll(state, one(state));
+    lookUpAll(state, one(state), plainLimit);
 }
 void bareLookUpCold(benchmark::State& state) {
-    lookUpAll(state, all(state));
+    lookUpAll(state, all(state), plainLimit);
+}
+
+void upperCasedWarm(benchmark::State& state) {
+    lookUpAll(state, one(state), upperCasedLimit);
+}
+void upperCasedCold(benchmark::State& state) {
+    lookUpAll(state, all(state), upperCasedLimit);
+}
+
+// The views of a row that is missing and then of the category, which is taken for known.
+void upperCasedCategoryWarm(benchmark::State& state) {
+    lookUpAll(state, withoutRow(one(state)), upperCasedLimit);
+}
+void upperCasedCategoryCold(benchmark::State& state) {
+    lookUpAll(state, withoutRow(all(state)), upperCasedLimit);
 }
 
 void codeRowWarm(benchmark::State& state) {
@@ -141,12 +192,16 @@ void newDefault(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(bareLookUpWarm)->Arg(500)->Arg(20000);
-BENCHMARK(bareLookUpCold)->Arg(500)->Arg(20000);
-BENCHMARK(codeRowWarm)->Arg(500)->Arg(20000);
-BENCHMARK(codeRowCold)->Arg(500)->Arg(20000);
-BENCHMARK(categoryRowWarm)->Arg(500)->Arg(20000);
-BENCHMARK(categoryRowCold)->Arg(500)->Arg(20000);
-BENCHMARK(leftDefaultWarm)->Arg(500)->Arg(20000);
-BENCHMARK(leftDefaultCold)->Arg(500)->Arg(20000);
-BENCHMARK(newDefault)->Arg(500)->Arg(20000)->Iterations(50000);
+BENCHMARK(bareLookUpWarm)->Arg(62)->Arg(12500);
+BENCHMARK(bareLookUpCold)->Arg(62)->Arg(12500);
+BENCHMARK(upperCasedWarm)->Arg(62)->Arg(12500);
+BENCHMARK(upperCasedCold)->Arg(62)->Arg(12500);
+BENCHMARK(upperCasedCategoryWarm)->Arg(62)->Arg(12500);
+BENCHMARK(upperCasedCategoryCold)->Arg(62)->Arg(12500);
+BENCHMARK(codeRowWarm)->Arg(62)->Arg(12500);
+BENCHMARK(codeRowCold)->Arg(62)->Arg(12500);
+BENCHMARK(categoryRowWarm)->Arg(62)->Arg(12500);
+BENCHMARK(categoryRowCold)->Arg(62)->Arg(12500);
+BENCHMARK(leftDefaultWarm)->Arg(62)->Arg(12500);
+BENCHMARK(leftDefaultCold)->Arg(62)->Arg(12500);
+BENCHMARK(newDefault)->Arg(62)->Arg(12500)->Iterations(50000);

@@ -1,73 +1,97 @@
-// What loading a settings file costs, beside a raw scan of its lines that fills the same two maps.
+// What loading a settings file into a new store costs, beside a scan that finds its lines, and beside the same file
+// read into plain maps by hand, with and without the platform lists that a load comes to. peers/loadpeers.cpp adds
+// other settings readers.
 
 #include <benchmark/benchmark.h>
+#include <ttplatform/configuration.h>
 
-#include <charconv>
-#include <fstream>
-#include <functional>
-#include <iterator>
 #include <map>
+#include <memory>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "benchmarks/generatedsettings.h"
+#include "benchmarks/loading.h"
+#include "benchmarks/measuring.h"
+#include "benchmarks/plainmaps.h"
 #include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/platformlist.h"
+#include "traderbase/base/config/internal/storeslot.h"
 
 namespace {
 
-using Lists = std::map<std::string, std::vector<int>, std::less<>>;
-
-std::string wholeFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
-    std::string bytes(static_cast<std::size_t>(file.tellg()), '\0');
-    file.seekg(0);
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    return bytes;
-}
-
-std::vector<int> numbers(std::string_view value) {
-    std::vector<int> ids;
-    const char* end = value.data() + value.size();
-    for (const char* at = value.data(); at < end; ++at) {
-        int id = 0;
-        at = std::from_chars(at, end, id).ptr;
-        ids.push_back(id);
-    }
-    return ids;
-}
-
-void scanLinesAndFillMaps(benchmark::State& state) {
-    const benchmarks::GeneratedSettings settings(static_cast<int>(state.range(0)));
-    Lists table;
-    for (auto _ : state) {
-        const std::string bytes = wholeFile(settings.path());
-        std::map<std::string, std::vector<int>> lists;
-        std::string_view rest = bytes;
-        while (!rest.empty()) {
-            const std::size_t end = std::min(rest.find('\n'), rest.size() - 1);
-            const std::string_view line = rest.substr(0, end);
-            rest.remove_prefix(end + 1);
-            const std::size_t equal = line.find('=');
-            if (equal == std::string_view::npos) continue;
-            lists.emplace(line.substr(0, equal), numbers(line.substr(equal + 1)));
-        }
-        for (auto& [key, ids] : lists)
-            table[key] = std::move(ids);
-    }
-    state.SetItemsProcessed(state.iterations() * state.range(0));
-}
+using ttservice::internal::StoreSlot;
 
 void load(benchmark::State& state) {
     const benchmarks::QuietStandardError quiet;
-    const benchmarks::GeneratedSettings settings(static_cast<int>(state.range(0)));
-    const auto store = ttservice::ConfigCollector::instance();
-    for (auto _ : state)
-        store->readConfig(settings.path());
-    state.SetItemsProcessed(state.iterations() * state.range(0));
+    const auto newStore = [] {
+        auto store = StoreSlot::build();
+        StoreSlot::exchange(store);
+        return store;
+    };
+    benchmarks::timeLoad(state, newStore, [](const auto& store, const auto& path) { store->readConfig(path); });
 }
 
-}  // namespace
+void loadAgain(benchmark::State& state) {
+    const benchmarks::QuietStandardError quiet;
+    const auto store = StoreSlot::build();
+    StoreSlot::exchange(store);
+    store->readConfig(benchmarks::generatedFile(static_cast<int>(state.range(0))).path());
+    benchmarks::timeLoad(
+        state, [&] { return store; }, [](const auto& loaded, const auto& path) { loaded->readConfig(path); });
+}
 
-BENCHMARK(scanLinesAndFillMaps)->Arg(500)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(load)->Arg(500)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+// The first two steps of a load by themselves.
+void parseAlone(benchmark::State& state) {
+    benchmarks::timeLoad(
+        state, [] { return std::make_unique<utils::Configuration>(); },
+        [](const auto& configuration, const std::string& path) { configuration->parse(path); });
+}
+
+void listsAlone(benchmark::State& state) {
+    utils::Configuration configuration;
+    configuration.parse(benchmarks::generatedFile(static_cast<int>(state.range(0))).path());
+    benchmarks::timeLoad(
+        state, [] { return std::map<std::string, std::vector<int>>(); },
+        [&configuration](auto& lists, const std::string&) {
+            for (std::string& key : configuration.getProperties("setting")) {
+                auto ids = ttservice::internal::readPlatformList(configuration.read("setting", key));
+                lists.emplace(std::move(key), std::move(ids));
+            }
+        });
+}
+
+void lineScan(benchmark::State& state) {
+    benchmarks::timeLoad(
+        state, [] { return std::size_t{0}; },
+        [](std::size_t& signs, const std::string& path) {
+            benchmarks::forEachLine(benchmarks::wholeFile(path),
+                                    [&signs](std::string_view line) { signs += line.find('='); });
+        });
+}
+
+void plainMaps(benchmark::State& state) {
+    benchmarks::timeLoad(
+        state, [] { return benchmarks::PlainSections(); },
+        [](auto& sections, const std::string& path) { sections = benchmarks::plainSections(path); });
+}
+
+void plainMapsAndLists(benchmark::State& state) {
+    benchmarks::timeLoad(
+        state, [] { return std::make_pair(benchmarks::PlainSections(), benchmarks::PlainLists()); },
+        [](auto& result, const std::string& path) {
+            result.first = benchmarks::plainSections(path);
+            result.second = benchmarks::plainLists(result.first);
+        });
+}
+
+BENCHMARK(load)->Name("ours")->Apply(benchmarks::loadSizes);
+BENCHMARK(loadAgain)->Name("oursAgain")->Apply(benchmarks::loadSizes);
+BENCHMARK(parseAlone)->Apply(benchmarks::loadSizes);
+BENCHMARK(listsAlone)->Apply(benchmarks::loadSizes);
+BENCHMARK(lineScan)->Apply(benchmarks::loadSizes);
+BENCHMARK(plainMaps)->Apply(benchmarks::loadSizes);
+BENCHMARK(plainMapsAndLists)->Apply(benchmarks::loadSizes);
+
+}  // namespace

@@ -1,69 +1,124 @@
-// What a platform switch costs, beside a bare look-up in a map of the same type and content under the same lock.
+// What a platform switch costs, hot (one switch again and again) and mixed (all in turn), beside a bare slot without a
+// lock, a bare look-up in a map of the same content, and the same under locks; and what a value costs that is given
+// platform by platform. peers/askpeers.cpp adds other settings readers.
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <functional>
+#include <filesystem>
+#include <fstream>
 #include <map>
+#include <random>
+#include <shared_mutex>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include <boost/thread/locks.hpp>
 #include <boost/thread/shared_mutex.hpp>
 
+#include "benchmarks/generatedsettings.h"
+#include "benchmarks/measuring.h"
+#include "benchmarks/switchlists.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
 
 namespace {
 
+using benchmarks::Asked;
+using benchmarks::kAskedPlatform;
 using ttservice::ConfigCollector;
-using ttservice::internal::kPlatformSwitches;
-using Lists = std::map<std::string, std::vector<int>, std::less<>>;
 
-constexpr bool (ConfigCollector::*kPredicates[])(int) const = {
-#define TT_PLATFORM_SWITCH(predicate, key, sense, meaning) &ConfigCollector::predicate,
-#include "traderbase/base/config/platformswitches.def"
-};
-
-// Every known switch and as many unknown keys as make up the count, three platforms each.
-Lists listsOf(std::size_t count) {
-    Lists lists;
-    for (const auto& row : kPlatformSwitches)
-        lists[std::string(row.key)] = {3, 12, 47};
-    for (std::size_t i = lists.size(); i < count; ++i)
-        lists["generatedswitch" + std::to_string(i)] = {3, 12, 47};
-    return lists;
+benchmarks::Lists listsOf(const benchmark::State& state) {
+    return benchmarks::listsOf(static_cast<std::size_t>(state.range(0)));
 }
 
-void bareLookUpUnderLock(benchmark::State& state) {
-    const Lists lists = listsOf(static_cast<std::size_t>(state.range(0)));
-    boost::shared_mutex mutex;
-    std::size_t i = 0;
-    for (auto _ : state) {
-        const boost::shared_lock<boost::shared_mutex> lock(mutex);
-        const auto found = lists.find(kPlatformSwitches[i].key);
-        bool listed = false;
-        if (found != lists.end()) {
-            listed = std::find(found->second.begin(), found->second.end(), 12) != found->second.end();
-        }
-        benchmark::DoNotOptimize(listed);
-        i = (i + 1) % std::size(kPlatformSwitches);
-    }
-}
+// --- switches
 
+template <Asked kAsked>
 void predicate(benchmark::State& state) {
-    const Lists lists = listsOf(static_cast<std::size_t>(state.range(0)));
+    const benchmarks::Lists lists = listsOf(state);
     const auto store = ConfigCollector::instance();
     store->setPts({lists.begin(), lists.end()});
-    std::size_t i = 0;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize((store.get()->*kPredicates[i])(12));
-        i = (i + 1) % std::size(kPlatformSwitches);
-    }
+    benchmarks::askInTurn(state, benchmarks::askedCount(kAsked), [&](std::size_t turn) {
+        return (store.get()->*benchmarks::kPredicates[benchmarks::switchToAsk(kAsked, turn)])(kAskedPlatform);
+    });
 }
 
-}  // namespace
+// A function of its own that the compiler does not look into, as a predicate is: what is compared is what happens
+// behind the call.
+[[gnu::noipa]] bool slotLists(const std::vector<int>* const* slots, std::size_t index, int platformId) {
+    const std::vector<int>* const list = slots[index];
+    return list != nullptr && benchmarks::contains(*list, platformId);
+}
 
-BENCHMARK(bareLookUpUnderLock)->Arg(500)->Arg(100000);
-BENCHMARK(predicate)->Arg(500)->Arg(100000);
+template <Asked kAsked>
+void bareSlot(benchmark::State& state) {
+    const benchmarks::Lists lists = listsOf(state);
+    std::vector<const std::vector<int>*> slots;
+    for (const std::string& key : benchmarks::switchKeys())
+        slots.push_back(&lists.at(key));
+    benchmarks::askInTurn(state, benchmarks::askedCount(kAsked), [&](std::size_t turn) {
+        return slotLists(slots.data(), benchmarks::switchToAsk(kAsked, turn), kAskedPlatform);
+    });
+}
+
+struct NoMutex {
+    void lock_shared() {}
+    void unlock_shared() {}
+};
+
+template <Asked kAsked, typename Mutex>
+void map(benchmark::State& state) {
+    const benchmarks::Lists lists = listsOf(state);
+    const std::vector<std::string>& keys = benchmarks::switchKeys();
+    Mutex mutex;
+    benchmarks::askInTurn(state, benchmarks::askedCount(kAsked), [&](std::size_t turn) {
+        const std::shared_lock<Mutex> lock(mutex);
+        return benchmarks::contains(lists, keys[benchmarks::switchToAsk(kAsked, turn)], kAskedPlatform);
+    });
+}
+
+// --- values given platform by platform
+
+constexpr std::size_t kPlatforms = 200;
+
+void perPlatformValue(benchmark::State& state) {
+    const auto file = std::filesystem::temp_directory_path() / ("values-" + std::to_string(std::random_device()()));
+    {
+        std::ofstream text(file, std::ios::binary);
+        text << "[setting]\nrenewalpts=";
+        for (std::size_t platform = 0; platform < kPlatforms; ++platform)
+            text << platform << ":" << platform << ";";
+        text << "1\n";
+    }
+    const benchmarks::QuietStandardError quiet;
+    const auto store = ConfigCollector::instance();
+    store->readConfig(file.string());
+    std::filesystem::remove(file);
+    benchmarks::askInTurn(state, kPlatforms,
+                          [&](std::size_t turn) { return store->getRenewalPts(static_cast<int>(turn)); });
+}
+
+// A function of its own as well.
+[[gnu::noipa]] int valueAt(const std::map<int, int>& values, int platformId) {
+    const auto found = values.find(platformId);
+    return found == values.end() ? 1 : found->second;
+}
+
+void perPlatformMap(benchmark::State& state) {
+    std::map<int, int> values;
+    for (std::size_t platform = 0; platform < kPlatforms; ++platform)
+        values[static_cast<int>(platform)] = static_cast<int>(platform);
+    benchmarks::askInTurn(state, kPlatforms, [&](std::size_t turn) { return valueAt(values, static_cast<int>(turn)); });
+}
+
+BENCHMARK_TEMPLATE(predicate, Asked::Hot)->Name("oursHot")->Arg(500)->Arg(100000);
+BENCHMARK_TEMPLATE(predicate, Asked::Mixed)->Name("oursMixed")->Arg(500)->Arg(100000);
+BENCHMARK_TEMPLATE(bareSlot, Asked::Hot)->Name("slotHot")->Arg(500)->Arg(100000);
+BENCHMARK_TEMPLATE(bareSlot, Asked::Mixed)->Name("slotMixed")->Arg(500)->Arg(100000);
+BENCHMARK_TEMPLATE(map, Asked::Hot, NoMutex)->Name("mapHot")->Arg(500)->Arg(100000);
+BENCHMARK_TEMPLATE(map, Asked::Mixed, NoMutex)->Name("mapMixed")->Arg(500)->Arg(100000);
+BENCHMARK_TEMPLATE(map, Asked::Hot, boost::shared_mutex)->Name("lockedMapHot")->Arg(500)->Arg(100000);
+BENCHMARK_TEMPLATE(map, Asked::Mixed, boost::shared_mutex)->Name("lockedMapMixed")->Arg(500)->Arg(100000);
+BENCHMARK(perPlatformValue);
+BENCHMARK(perPlatformMap);
+
+}  // namespace

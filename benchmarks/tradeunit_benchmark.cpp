@@ -8,6 +8,7 @@
 
 #include <standin/platformdata.h>
 
+#include "benchmarks/measuring.h"
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/tradeunit.h"
 
@@ -49,30 +50,26 @@ void isBuyOpt(benchmark::State& state) {
 BENCHMARK(isBuyOpt);
 
 void getStockUnit(benchmark::State& state, const std::string& market, const std::string& code) {
-    for (auto _ : state)
-        benchmark::DoNotOptimize(ttservice::getStockUnit(market, code));
+    benchmarks::askInTurn(state, 1, [&](std::size_t) { return ttservice::getStockUnit(market, code); });
 }
 BENCHMARK_CAPTURE(getStockUnit, first_rule, "SH", "600000")->Setup(setUp);
 BENCHMARK_CAPTURE(getStockUnit, last_rule, "OVERSEAS", "ACME.NYSE")->Setup(setUp);
 
 void getStockTradeUnit(benchmark::State& state, const std::string& market, const std::string& code) {
-    for (auto _ : state)
-        benchmark::DoNotOptimize(ttservice::getStockTradeUnit(market, code));
+    benchmarks::askInTurn(state, 1, [&](std::size_t) { return ttservice::getStockTradeUnit(market, code); });
 }
 BENCHMARK_CAPTURE(getStockTradeUnit, share, "SH", "600000")->Setup(setUp);
 BENCHMARK_CAPTURE(getStockTradeUnit, connect_share, "HGT", "00700")->Setup(setUp);
 
 void getTradeMinUnit(benchmark::State& state, const std::string& market, const std::string& code) {
-    for (auto _ : state)
-        benchmark::DoNotOptimize(ttservice::getTradeMinUnit(market, code));
+    benchmarks::askInTurn(state, 1, [&](std::size_t) { return ttservice::getTradeMinUnit(market, code); });
 }
 BENCHMARK_CAPTURE(getTradeMinUnit, first_rule, "SH", "519001")->Setup(setUp);
 BENCHMARK_CAPTURE(getTradeMinUnit, share, "SH", "600000")->Setup(setUp);
 BENCHMARK_CAPTURE(getTradeMinUnit, last_rule, "OVERSEAS", "ACME.NYSE")->Setup(setUp);
 
 void getUiMinUnit(benchmark::State& state, const std::string& market, const std::string& code) {
-    for (auto _ : state)
-        benchmark::DoNotOptimize(ttservice::getUiMinUnit(market, code, true));
+    benchmarks::askInTurn(state, 1, [&](std::size_t) { return ttservice::getUiMinUnit(market, code, true); });
 }
 BENCHMARK_CAPTURE(getUiMinUnit, share, "SH", "600000")->Setup(setUp);
 BENCHMARK_CAPTURE(getUiMinUnit, last_rule, "OVERSEAS", "ACME.NYSE")->Setup(setUp);

@@ -2,10 +2,19 @@
 
 function(tt_add_benchmark name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
-    add_executable(${name} ${arg_SOURCES})
+    add_executable(${name} ${arg_SOURCES} allocations.cpp)
     tt_configure_target(${name})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE
         traderbaseconfig_objects traderbaseconfig_internal ${arg_LIBS} tt::benchmark_main
     )
+endfunction()
+
+# tt_add_benchmark_tool(NAME SOURCES a.cpp ... [LIBS lib ...]): a program of ours around the benchmarks.
+function(tt_add_benchmark_tool name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    tt_configure_target(${name})
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(${name} PRIVATE ${arg_LIBS})
 endfunction()

@@ -7,9 +7,11 @@
 #   tests       tt::gtest tt::gmock tt::gtest_main tt::gmock_main tt::simpleini
 #               and TT_LOCALE_DIR, a folder for LOCPATH with a locale that writes a decimal comma
 #   benchmarks  tt::benchmark tt::benchmark_main
+#   peers       tt::simpleini tt::inih tt::glib tt::qtcore tt::json tt::fmt
 #
 # The first group is looked for when this file is included, the others where TRADERBASE_PLATFORM_TARGET, TT_BUILD_TOOL,
-# BUILD_TESTING and TT_BUILD_BENCHMARKS ask for them: a build of the library alone needs no test packages.
+# BUILD_TESTING, TT_BUILD_BENCHMARKS and TT_BENCHMARK_PEERS ask for them: a build of the library alone needs no test
+# packages, and nothing but ./bench needs the peers.
 # setup/install.sh installs what a Debian 12 machine lacks.
 
 # ---- helpers ---------------------------------------------------------------------------------------------------------
@@ -129,13 +131,17 @@ endfunction()
 
 # ---- tests -----------------------------------------------------------------------------------------------------------
 
+# As packaged it is compiled for ICU's conversion, and its header must be told so.
+function(tt_find_simpleini)
+    tt_find_plain(simpleini HEADER SimpleIni.h LIBRARY simpleini)
+    set_target_properties(tt::simpleini PROPERTIES INTERFACE_COMPILE_DEFINITIONS SI_CONVERT_ICU)
+endfunction()
+
 function(tt_find_test_dependencies)
     foreach(library gtest gmock gtest_main gmock_main)
         tt_alias_package(${library} GTest VERSION 1.12 TARGETS GTest::${library})
     endforeach()
-    # As packaged it is compiled for ICU's conversion, and its header must be told so.
-    tt_find_plain(simpleini HEADER SimpleIni.h LIBRARY simpleini)
-    set_target_properties(tt::simpleini PROPERTIES INTERFACE_COMPILE_DEFINITIONS SI_CONVERT_ICU)
+    tt_find_simpleini()
 endfunction()
 
 # Makes the locale de_DE.UTF-8 (decimal comma) in the build folder, once, and sets "result" to the folder that LOCPATH
@@ -164,6 +170,24 @@ function(tt_find_benchmark_dependencies)
     endforeach()
 endfunction()
 
+# ---- the benchmarks' peers: other readers, measured beside ours and used for nothing else -----------------------------
+
+function(tt_find_peer_dependencies)
+    tt_find_simpleini()
+    tt_find_plain(inih HEADER ini.h LIBRARY inih)
+    tt_alias_package(qtcore Qt5 COMPONENTS Core TARGETS Qt5::Core)
+    tt_alias_package(json nlohmann_json VERSION 3.11 TARGETS nlohmann_json::nlohmann_json)
+    find_package(PkgConfig QUIET)
+    if(PkgConfig_FOUND)
+        pkg_check_modules(TT_GLIB QUIET IMPORTED_TARGET glib-2.0)
+    endif()
+    if(NOT TARGET PkgConfig::TT_GLIB)
+        tt_fail_missing("glib-2.0")
+    endif()
+    add_library(tt::glib INTERFACE IMPORTED)
+    target_link_libraries(tt::glib INTERFACE PkgConfig::TT_GLIB)
+endfunction()
+
 # ---- what this configuration asks for --------------------------------------------------------------------------------
 
 tt_find_library_dependencies()
@@ -179,4 +203,7 @@ if(BUILD_TESTING)
 endif()
 if(TT_BUILD_BENCHMARKS)
     tt_find_benchmark_dependencies()
+    if(TT_BENCHMARK_PEERS)
+        tt_find_peer_dependencies()
+    endif()
 endif()

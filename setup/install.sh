@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # setup/install.sh [--ci | --bench]
 # Installs what this machine lacks of setup/packages.txt (with --ci also of setup/packages-ci.txt, with --bench of
-# setup/packages-bench.txt), then sees to it that luabind for Lua 5.1 is built. When nothing is missing it neither needs the network nor a second of time.
+# setup/packages-bench.txt), then sees to it that luabind for Lua 5.1 is built. When nothing is missing it neither needs
+# the network nor a second of time.
 # Says what it does on standard error; standard output stays empty.
 set -euo pipefail
 here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)

@@ -1,0 +1,69 @@
+// coldstart NAME PROGRAM ARGS... [-- NAME PROGRAM ARGS...]...
+// Starts the programs in turn, again and again, and prints how long each took from start to end (median), in the form
+// of Google Benchmark's JSON. A program's first run is left out.
+
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "benchmarks/childprogram.h"
+
+namespace {
+
+constexpr int kRuns = 41;
+
+struct Program {
+    std::string name;
+    std::vector<std::string> command;
+    std::vector<double> seconds;
+};
+
+std::vector<Program> programsOf(int argc, char** argv) {
+    std::vector<Program> programs;
+    bool named = false;
+    for (int i = 1; i < argc; ++i) {
+        const std::string piece = argv[i];
+        if (piece == "--") {
+            named = false;
+        } else if (!named) {
+            programs.push_back({piece, {}, {}});
+            named = true;
+        } else {
+            programs.back().command.push_back(piece);
+        }
+    }
+    return programs;
+}
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::vector<Program> programs = programsOf(argc, argv);
+    for (int run = 0; run <= kRuns; ++run) {
+        for (Program& program : programs) {
+            const auto use = benchmarks::runChild(program.command);
+            if (!use) {
+                std::cerr << "coldstart: " << program.name << " did not run\n";
+                return 1;
+            }
+            if (run > 0) program.seconds.push_back(use->seconds);
+        }
+    }
+    nlohmann::json figures = nlohmann::json::array();
+    for (const Program& program : programs) {
+        figures.push_back({{"run_name", program.name + "/real_time"},
+                           {"aggregate_name", "median"},
+                           {"real_time", median(program.seconds) * 1e6},
+                           {"time_unit", "us"}});
+    }
+    std::cout << nlohmann::json{{"benchmarks", figures}}.dump(2) << '\n';
+    return 0;
+}
