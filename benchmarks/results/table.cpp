@@ -128,7 +128,7 @@ std::string asMarkdown(const std::vector<ResultGroup>& groups, const std::string
     }
     return fmt::format(
                "# Results of the benchmarks\n\n"
-               "Printed by `./bench` ({}). Medians of one run; a ratio is\n"
+               "Printed by `./bench` ({}). Medians, of one run unless names were given; a ratio is\n"
                "ours by the peer's, and the peer's by ours where the goal is to be faster. Only the ratios mean "
                "anything\n"
                "on another machine. {} of {} goals are reached.\n\n"

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <map>
+#include <random>
 #include <string>
 #include <thread>
 #include <vector>
@@ -188,6 +189,37 @@ TEST(PlatformSwitches, NightTimesAreSecondsBeforeMidnight) {
                                                      {0, 0},           {235959, -1},   {-93000, -34200}};
     for (const auto& [clock, expected] : clocks)
         EXPECT_EQ(ConfigCollectorPeer::serialNumber(clock), expected);
+}
+
+TEST(PlatformSwitches, EveryPredicateAgreesWithTheSearchByKeyWhateverWasChangedBefore) {
+    const auto store = ConfigCollector::instance();
+    std::mt19937 random(20240801);
+    const auto anyKey = [&random] { return std::string(kPlatformSwitches[random() % 12].key); };
+    long listed = 0;
+    for (int change = 0; change < 3000; ++change) {
+        const int platform = static_cast<int>(random() % 4);
+        switch (random() % 4) {
+            case 0:
+                store->setPts({{anyKey(), {platform, platform + 1}}, {"no known switch", {platform}}});
+                break;
+            case 1:
+                store->setPts({{anyKey(), {}}});
+                break;
+            case 2:
+                store->addLocalConfig(anyKey(), platform < 2);
+                break;
+            default:
+                store->setUseLocalConfig({{anyKey(), platform < 2}, {"no known switch", true}});
+                break;
+        }
+        for (std::size_t i = 0; i < 12; ++i) {
+            const bool found = store->isSomePt(kPlatformSwitches[i].key, platform);
+            const bool whenListed = kPlatformSwitches[i].sense == SwitchSense::Listed;
+            ASSERT_EQ(ask(*store, i, platform), found == whenListed) << kPlatformSwitches[i].key;
+            listed += found;
+        }
+    }
+    EXPECT_GT(listed, 3000);
 }
 
 TEST(PlatformSwitches, AskingAllocatesNothing) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -15,10 +16,7 @@ namespace ttservice::internal {
 
 // Whether the platform stands in the list. Lists are short, so it is looked for from the front.
 inline bool isListed(const std::vector<int>& list, int platformId) {
-    for (const int listed : list) {
-        if (listed == platformId) return true;
-    }
-    return false;
+    return std::find(list.begin(), list.end(), platformId) != list.end();
 }
 
 class PlatformSwitchSlots {
