@@ -5,6 +5,7 @@
 #include <benchmark/benchmark.h>
 #include <ttplatform/configuration.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -42,7 +43,7 @@ void loadAgain(benchmark::State& state) {
         state, [&] { return store; }, [](const auto& loaded, const auto& path) { loaded->readConfig(path); });
 }
 
-// The first two steps of a load by themselves.
+// The steps of a load by themselves; the first two.
 void parseAlone(benchmark::State& state) {
     benchmarks::timeLoad(
         state, [] { return std::make_unique<utils::Configuration>(); },
@@ -53,13 +54,25 @@ void listsAlone(benchmark::State& state) {
     utils::Configuration configuration;
     configuration.parse(benchmarks::generatedFile(static_cast<int>(state.range(0))).path());
     benchmarks::timeLoad(
-        state, [] { return std::map<std::string, std::vector<int>>(); },
+        state, [] { return ttservice::internal::SwitchLists(); },
         [&configuration](auto& lists, const std::string&) {
-            for (std::string& key : configuration.getProperties("setting")) {
-                auto ids = ttservice::internal::readPlatformList(configuration.read("setting", key));
-                lists.emplace(std::move(key), std::move(ids));
-            }
+            lists = ttservice::internal::readSwitchLists(configuration, "setting");
         });
+}
+
+// The third: the lists put into an empty table, keys in order.
+void tableAlone(benchmark::State& state) {
+    using Table = std::map<std::string, std::vector<int>, std::less<>>;
+    utils::Configuration configuration;
+    configuration.parse(benchmarks::generatedFile(static_cast<int>(state.range(0))).path());
+    const auto made = [&configuration] {
+        return std::make_pair(ttservice::internal::readSwitchLists(configuration, "setting"), Table());
+    };
+    benchmarks::timeLoad(state, made, [](auto& both, const std::string&) {
+        auto& [lists, table] = both;
+        for (const auto& each : lists.byKey)
+            table.emplace_hint(table.end(), std::move(lists.keys[each.index]), std::move(lists.lists[each.index]));
+    });
 }
 
 void lineScan(benchmark::State& state) {
@@ -90,6 +103,7 @@ BENCHMARK(load)->Name("ours")->Apply(benchmarks::loadSizes);
 BENCHMARK(loadAgain)->Name("oursAgain")->Apply(benchmarks::loadSizes);
 BENCHMARK(parseAlone)->Apply(benchmarks::loadSizes);
 BENCHMARK(listsAlone)->Apply(benchmarks::loadSizes);
+BENCHMARK(tableAlone)->Apply(benchmarks::loadSizes);
 BENCHMARK(lineScan)->Apply(benchmarks::loadSizes);
 BENCHMARK(plainMaps)->Apply(benchmarks::loadSizes);
 BENCHMARK(plainMapsAndLists)->Apply(benchmarks::loadSizes);

@@ -129,6 +129,7 @@ constexpr LoadPeer kLoaded[] = {
     {{"ours, loading again", "load/oursAgain"}, Goal::None, 0},
     {{"of it the parsing", "load/parseAlone"}, Goal::None, 0},
     {{"of it the lists", "load/listsAlone"}, Goal::None, 0},
+    {{"of it the table", "load/tableAlone"}, Goal::None, 0},
 };
 
 Group loading() {

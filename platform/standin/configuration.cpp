@@ -4,6 +4,10 @@
 // Test: tests/platform/configuration_test.cpp
 #include "ttplatform/configuration.h"
 
+#include <atomic>
+#include <cstddef>
+#include <vector>
+
 #include "standin/numbertext.h"
 #include "standin/queryhook.h"
 #include "standin/settingstext.h"
@@ -12,6 +16,22 @@ namespace utils {
 
 struct Configuration::Contents {
     standin::SettingsText text;
+    // Keys are mostly read in file order: where the one behind the last one found is in its section. A guess, so
+    // threads may share it.
+    std::atomic<std::size_t> next{0};
+
+    const standin::SettingsEntry* find(const std::string& section, const std::string& key) {
+        const standin::SettingsSection* found = text.findSection(section);
+        if (found == nullptr) return nullptr;
+        const std::vector<standin::SettingsEntry>& entries = found->entries;
+        const std::size_t guess = next.load(std::memory_order_relaxed);
+        const bool isRight = guess < entries.size() && entries[guess].key == key && !entries[guess].repeated;
+        const standin::SettingsEntry* entry = isRight ? &entries[guess] : text.findEntry(section, key);
+        if (entry != nullptr) {
+            next.store(static_cast<std::size_t>(entry - entries.data()) + 1, std::memory_order_relaxed);
+        }
+        return entry;
+    }
 };
 
 Configuration::Configuration(const std::string& /*path*/, bool /*flag*/) : contents(std::make_unique<Contents>()) {}
@@ -37,13 +57,13 @@ std::vector<std::string> Configuration::getProperties(const std::string& section
 
 std::string Configuration::read(const std::string& section, const std::string& key) const {
     standin::showQuery("Configuration::read", 0, section, key);
-    const standin::SettingsEntry* entry = contents->text.findEntry(section, key);
+    const standin::SettingsEntry* entry = contents->find(section, key);
     return entry == nullptr ? std::string() : std::string(entry->value);
 }
 
 int Configuration::readInt(const std::string& section, const std::string& key, int fallback) const {
     standin::showQuery("Configuration::readInt", 0, section, key);
-    const standin::SettingsEntry* entry = contents->text.findEntry(section, key);
+    const standin::SettingsEntry* entry = contents->find(section, key);
     int number = fallback;
     if (entry != nullptr) standin::readInt32(entry->value, number);
     return number;
@@ -51,7 +71,7 @@ int Configuration::readInt(const std::string& section, const std::string& key, i
 
 double Configuration::readDouble(const std::string& section, const std::string& key, double fallback) const {
     standin::showQuery("Configuration::readDouble", 0, section, key);
-    const standin::SettingsEntry* entry = contents->text.findEntry(section, key);
+    const standin::SettingsEntry* entry = contents->find(section, key);
     double number = fallback;
     if (entry != nullptr) standin::readDecimal(entry->value, number);
     return number;

@@ -32,8 +32,9 @@ std::size_t hashOf(std::string_view text) {
     return std::hash<std::string_view>{}(text);
 }
 
-std::size_t hashOf(std::uint32_t section, std::string_view key) {
-    return hashOf(key) + section * static_cast<std::size_t>(0x9E3779B97F4A7C15ULL);
+// 32 bits are enough for any table that a file fills.
+std::uint32_t hashOf(std::uint32_t section, std::string_view key) {
+    return static_cast<std::uint32_t>(hashOf(key)) + section * 0x9E3779B9U;
 }
 
 // Tables are powers of two and at most two thirds full, so that a probe soon meets a free slot.
@@ -136,29 +137,30 @@ private:
         if (isFull(entryCount, text.entrySlots.size())) growEntrySlots();
         std::vector<SettingsEntry>& entries = text.sectionList[section].entries;
         const std::size_t mask = text.entrySlots.size() - 1;
-        std::size_t place = hashOf(section, key) & mask;
+        const std::uint32_t hash = hashOf(section, key);
+        std::size_t place = hash & mask;
         while (text.entrySlots[place].section != kFree) {
             const Slot slot = text.entrySlots[place];
-            if (slot.section == section && entries[slot.entry].key == key) {
+            if (slot.hash == hash && slot.section == section && entries[slot.entry].key == key) {
                 entry.repeated = true;
                 break;
             }
             place = (place + 1) & mask;
         }
         if (!entry.repeated) {
-            text.entrySlots[place] = {section, static_cast<std::uint32_t>(entries.size())};
+            text.entrySlots[place] = {section, static_cast<std::uint32_t>(entries.size()), hash};
             ++entryCount;
         }
         entries.push_back(entry);
     }
 
     void growEntrySlots() {
-        std::vector<Slot> old(grownSize(text.entrySlots.size()), Slot{kFree, 0});
+        std::vector<Slot> old(grownSize(text.entrySlots.size()), Slot{kFree, 0, 0});
         old.swap(text.entrySlots);
         const std::size_t mask = text.entrySlots.size() - 1;
         for (const Slot slot : old) {
             if (slot.section == kFree) continue;
-            std::size_t place = hashOf(slot.section, text.sectionList[slot.section].entries[slot.entry].key) & mask;
+            std::size_t place = slot.hash & mask;
             while (text.entrySlots[place].section != kFree)
                 place = (place + 1) & mask;
             text.entrySlots[place] = slot;
@@ -208,10 +210,10 @@ const SettingsEntry* SettingsText::findEntry(std::string_view sectionName, std::
     if (section == kFree || entrySlots.empty()) return nullptr;
     const std::vector<SettingsEntry>& entries = sectionList[section].entries;
     const std::size_t mask = entrySlots.size() - 1;
-    for (std::size_t place = hashOf(section, key) & mask; entrySlots[place].section != kFree;
-         place = (place + 1) & mask) {
+    const std::uint32_t hash = hashOf(section, key);
+    for (std::size_t place = hash & mask; entrySlots[place].section != kFree; place = (place + 1) & mask) {
         const Slot slot = entrySlots[place];
-        if (slot.section == section && entries[slot.entry].key == key) return &entries[slot.entry];
+        if (slot.hash == hash && slot.section == section && entries[slot.entry].key == key) return &entries[slot.entry];
     }
     return nullptr;
 }

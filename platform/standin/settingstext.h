@@ -100,10 +100,12 @@ public:
 private:
     class Reader;
 
-    // Open-addressing hash table of (section number, entry number) pairs; the names themselves are in the lists.
+    // Open-addressing hash table of (section number, entry number) pairs; the names themselves are in the lists, and
+    // are only looked at where the hash says so.
     struct Slot {
         std::uint32_t section;
         std::uint32_t entry;
+        std::uint32_t hash;
     };
 
     std::uint32_t sectionNumber(std::string_view name) const;

@@ -24,6 +24,27 @@ TEST(Configuration, IsEmptyUntilItParses) {
     EXPECT_EQ(configuration.readDouble("s", "k", 7.5), 7.5);
 }
 
+TEST(Configuration, ReadsInAnyOrder) {
+    const tests::TempFolder folder;
+    Configuration configuration;
+    ASSERT_TRUE(configuration.parse(folder.write("a.ini", "[s]\na=1\nb=2\na=3\n[t]\na=4\nb=5\nc=6\n[s]\nc=7\nb=8\n")));
+    const std::vector<std::vector<std::string>> rows = {{"s", "a", "1"}, {"s", "b", "2"}, {"s", "c", "7"},
+                                                        {"t", "a", "4"}, {"t", "b", "5"}, {"t", "c", "6"},
+                                                        {"s", "d", ""},  {"u", "a", ""},  {"", "a", ""}};
+    for (const auto& first : rows) {
+        for (const auto& second : rows) {
+            for (const auto& third : rows) {
+                for (const auto& row : {first, second, third})
+                    ASSERT_EQ(configuration.read(row[0], row[1]), row[2]) << row[0] << " " << row[1];
+            }
+        }
+    }
+    // Another file behind the same object.
+    ASSERT_TRUE(configuration.parse(folder.write("b.ini", "[s]\nb=9\n")));
+    EXPECT_EQ(configuration.read("s", "b"), "9");
+    EXPECT_EQ(configuration.read("s", "a"), "");
+}
+
 TEST(Configuration, ListsKeysOnceInFileOrderAndReadsTheFirstValue) {
     const tests::TempFolder folder;
     Configuration configuration;

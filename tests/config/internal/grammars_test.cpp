@@ -154,6 +154,41 @@ TEST(PlatformList, PiecesPointIntoTheValue) {
     EXPECT_EQ(offsets, (std::vector<std::size_t>{0, 4}));
 }
 
+TEST(PlatformList, CostsALineForEachBadPiece) {
+    for (const int bad : {1, 63, 64, 65, 1000}) {
+        std::string text = "12";
+        for (int i = 0; i < bad; ++i)
+            text += ",x";
+        const tests::StandardError caught;
+        EXPECT_EQ(readPlatformList(text), std::vector<int>{12});
+        EXPECT_EQ(caught.lines(), bad);
+        EXPECT_EQ(caught.text().size(), static_cast<std::size_t>(bad) * std::string(tests::kBadValueLine).size());
+    }
+}
+
+TEST(PlatformList, KeysAreSortedByTheirBytesAndTheFirstPlaceOfEachCounts) {
+    std::mt19937 random(13);
+    for (const int count : {0, 1, 2, 500, 5000}) {
+        std::vector<std::string> keys;
+        std::map<std::string, std::size_t> expected;
+        for (int i = 0; i < count; ++i) {
+            std::string key = i % 2 == 0 ? "switch" : "";
+            for (auto left = random() % 4; left > 0; --left)
+                key += "a\xFF\0Z"[random() % 4];
+            expected.emplace(key, keys.size());
+            keys.push_back(key);
+        }
+        std::map<std::string, std::size_t> found;
+        std::string before;
+        for (const auto& [key, index] : sortedKeys(keys)) {
+            EXPECT_TRUE(found.empty() || before < key);
+            before = key;
+            found.emplace(key, index);
+        }
+        EXPECT_EQ(found, expected);
+    }
+}
+
 TEST(PerPlatformList, EntriesAndDefault) {
     PerPlatformTable<bool> table;
     const tests::StandardError caught;

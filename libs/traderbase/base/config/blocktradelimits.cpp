@@ -4,13 +4,13 @@
 // Covered by tests/config/blocktradelimits_test.cpp.
 
 #include <ttplatform/configuration.h>
-#include <ttplatform/text.h>
 
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/limitcategories.h"
 #include "traderbase/base/config/internal/limitrows.h"
 #include "traderbase/base/config/internal/settingkeys.h"
 #include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/uppercased.h"
 
 namespace ttservice {
 
@@ -36,16 +36,18 @@ void ConfigCollector::readOrderDazongLimitConfig(const ConfigurationPtr& configu
 
 std::pair<int, std::string> ConfigCollector::getDazongOrderNumLimit(const std::string& market,
                                                                     const std::string& code) const {
-    const std::string upperMarket = utils::toUpper(market);
-    const std::string_view category = internal::blockTradeQuantityCategory(upperMarket, utils::toUpper(code)).word;
-    const auto* limit = internal::findRow(blockTradeQuantities, upperMarket, category);
+    const internal::UpperCased upperMarket(market);
+    const internal::UpperCased upperCode(code);
+    const std::string_view category = internal::blockTradeQuantityCategory(upperMarket.text(), upperCode.text()).word;
+    const auto* limit = internal::findRow(blockTradeQuantities, upperMarket.text(), category);
     return limit ? *limit : internal::volumeLimitWithoutRow();
 }
 
 int ConfigCollector::getDazongOrderTradeAmountLimit(const std::string& market, const std::string& code) const {
-    const std::string upperMarket = utils::toUpper(market);
-    const std::string_view category = internal::blockTradeAmountCategory(upperMarket, utils::toUpper(code)).word;
-    const int* limit = internal::findRow(blockTradeAmounts, upperMarket, category);
+    const internal::UpperCased upperMarket(market);
+    const internal::UpperCased upperCode(code);
+    const std::string_view category = internal::blockTradeAmountCategory(upperMarket.text(), upperCode.text()).word;
+    const int* limit = internal::findRow(blockTradeAmounts, upperMarket.text(), category);
     return limit ? *limit : internal::kLimitWithoutRow;
 }
 

@@ -67,12 +67,7 @@ void ConfigCollector::readConfig(std::string path) {
     configuration->parse(path);
     configPath = std::move(path);
 
-    std::map<std::string, std::vector<int>> lists;
-    for (std::string& key : configuration->getProperties("setting")) {
-        std::vector<int> ids = internal::readPlatformList(configuration->read("setting", key));
-        lists.emplace(std::move(key), std::move(ids));
-    }
-    instance()->setPts(std::move(lists));
+    instance()->setLists(internal::readSwitchLists(*configuration, "setting"));
 
     for (const Reader reader : kReaders)
         (this->*reader)(configuration);

@@ -36,7 +36,8 @@ namespace ttservice {
 
 namespace internal {
 struct StoreSlot;
-}
+struct SwitchLists;
+}  // namespace internal
 
 struct SHFixIncomeLimit;
 
@@ -338,6 +339,7 @@ private:
 
     ConfigCollector();
     void init();
+    void setLists(internal::SwitchLists lists);
     bool isSwitchListed(std::size_t switchIndex, int platformId) const;
 
 #define TT_SECTION_READER(reader) void reader(const ConfigurationPtr& configuration);

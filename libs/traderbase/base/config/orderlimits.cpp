@@ -4,13 +4,13 @@
 // Covered by tests/config/orderlimits_test.cpp.
 
 #include <ttplatform/configuration.h>
-#include <ttplatform/text.h>
 
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/limitcategories.h"
 #include "traderbase/base/config/internal/limitrows.h"
 #include "traderbase/base/config/internal/settingkeys.h"
 #include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/uppercased.h"
 
 namespace ttservice {
 
@@ -41,13 +41,14 @@ void ConfigCollector::readOrderLimitConfig(const ConfigurationPtr& configuration
 
 std::pair<int, std::string> ConfigCollector::getOrderLimit(const std::string& market, const std::string& code,
                                                            EBrokerPriceType priceType) {
-    const std::string upperMarket = utils::toUpper(market);
-    const std::string upperCode = utils::toUpper(code);
-    if (const auto* limit = internal::findRow(orderLimits, upperMarket, upperCode)) return *limit;
-    const std::string_view category = internal::orderLimitCategory(upperMarket, upperCode, priceType).word;
-    if (const auto* limit = internal::findRow(orderLimits, upperMarket, category)) return *limit;
+    const internal::UpperCased upperMarket(market);
+    const internal::UpperCased upperCode(code);
+    if (const auto* limit = internal::findRow(orderLimits, upperMarket.text(), upperCode.text())) return *limit;
+    const std::string_view category =
+        internal::orderLimitCategory(upperMarket.text(), upperCode.text(), priceType).word;
+    if (const auto* limit = internal::findRow(orderLimits, upperMarket.text(), category)) return *limit;
     // This write from a question is meant: the category has a row until the next load.
-    return orderLimits.emplace(internal::MarketItem(upperMarket, category), internal::volumeLimitWithoutRow())
+    return orderLimits.emplace(internal::MarketItem(upperMarket.text(), category), internal::volumeLimitWithoutRow())
         .first->second;
 }
 

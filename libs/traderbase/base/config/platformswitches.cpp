@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/platformlist.h"
 #include "traderbase/base/config/internal/platformswitchtable.h"
 
 namespace ttservice {
@@ -18,6 +19,28 @@ using internal::isListed;
 using Reader = internal::ReadMostlyMutex::Reader;
 using Writer = internal::ReadMostlyMutex::Writer;
 
+// Enters lists, in the order of their keys, into the table that is in this order as well: the place behind the one that
+// was found last is mostly the next one's, and nothing has to be searched for.
+template <typename Table>
+class Merge {
+public:
+    Merge(Table& target, internal::PlatformSwitchSlots& slots) : table(target), known(slots), place(table.begin()) {}
+
+    template <typename Key>
+    void enter(Key&& key, std::vector<int>&& list) {
+        const std::size_t before = table.size();
+        place = table.try_emplace(place, std::forward<Key>(key), std::move(list));
+        if (table.size() == before) place->second = std::move(list);
+        known.set(place->first, place->second);
+        ++place;
+    }
+
+private:
+    Table& table;
+    internal::PlatformSwitchSlots::SortedLists known;
+    typename Table::iterator place;
+};
+
 constexpr int kSecondsOfDay = 86400;
 constexpr int kNightTradingStart = 73800;  // 20:30:00
 
@@ -25,11 +48,17 @@ constexpr int kNightTradingStart = 73800;  // 20:30:00
 
 void ConfigCollector::setPts(std::map<std::string, std::vector<int>> lists) {
     const Writer writer(ptsMutex);
-    for (auto& [key, ids] : lists) {
-        std::vector<int>& list = pts[key];
-        list = std::move(ids);
-        switchSlots.setList(key, list);
-    }
+    Merge merge(pts, switchSlots);
+    for (auto& [key, list] : lists)
+        merge.enter(key, std::move(list));
+}
+
+// The lists of a load, which are used up.
+void ConfigCollector::setLists(internal::SwitchLists lists) {
+    const Writer writer(ptsMutex);
+    Merge merge(pts, switchSlots);
+    for (const internal::PlacedKey& each : lists.byKey)
+        merge.enter(std::move(lists.keys[each.index]), std::move(lists.lists[each.index]));
 }
 
 std::vector<int> ConfigCollector::getPts(const std::string& key) const {

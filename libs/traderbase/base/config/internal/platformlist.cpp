@@ -1,9 +1,14 @@
 // Platform lists: answers which platform IDs a switch lists.
-// Doors: readPlatformList(); forEachPlatformPiece() in the header is the same grammar piece by piece.
+// Doors: readPlatformList(), sortedKeys(), readSwitchLists(); forEachPlatformPiece() in the header is the grammar piece by piece.
 // Owns: nothing.
-// Covered by tests/config/internal/platformlist_test.cpp.
+// Covered by tests/config/internal/grammars_test.cpp.
 
 #include "traderbase/base/config/internal/platformlist.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include <boost/sort/spreadsort/string_sort.hpp>
 
 #include "traderbase/base/config/internal/badvalue.h"
 
@@ -11,14 +16,50 @@ namespace ttservice::internal {
 
 std::vector<int> readPlatformList(std::string_view text) {
     std::vector<int> ids;
-    forEachPlatformPiece(text, [&ids](std::string_view, std::optional<int> id) {
+    ids.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), ',')) + (text.empty() ? 0 : 1));
+    std::size_t bad = 0;
+    forEachPlatformPiece(text, [&](std::string_view, std::optional<int> id) {
         if (id) {
             ids.push_back(*id);
         } else {
-            reportBadValue();
+            ++bad;
         }
     });
+    reportBadValues(bad);
     return ids;
+}
+
+std::vector<PlacedKey> sortedKeys(const std::vector<std::string>& keys) {
+    std::vector<PlacedKey> places;
+    places.reserve(keys.size());
+    for (const std::string& key : keys)
+        places.push_back({key, places.size()});
+    // Keys have much in common at their front, so they are sorted by their characters instead of compared in whole.
+    boost::sort::spreadsort::string_sort(
+        places.begin(), places.end(),
+        [](const PlacedKey& place, std::size_t offset) { return static_cast<unsigned char>(place.key[offset]); },
+        [](const PlacedKey& place) { return place.key.size(); },
+        [](const PlacedKey& left, const PlacedKey& right) { return left.key < right.key; });
+    std::size_t kept = 0;
+    for (const PlacedKey& each : places) {
+        if (kept > 0 && places[kept - 1].key == each.key) {
+            places[kept - 1].index = std::min(places[kept - 1].index, each.index);
+        } else {
+            places[kept++] = each;
+        }
+    }
+    places.resize(kept);
+    return places;
+}
+
+SwitchLists readSwitchLists(const utils::Configuration& configuration, const std::string& section) {
+    SwitchLists all;
+    all.keys = configuration.getProperties(section);
+    all.lists.reserve(all.keys.size());
+    for (const std::string& key : all.keys)
+        all.lists.push_back(readPlatformList(configuration.read(section, key)));
+    all.byKey = sortedKeys(all.keys);
+    return all;
 }
 
 }  // namespace ttservice::internal

@@ -20,13 +20,29 @@ inline bool isListed(const std::vector<int>& list, int platformId) {
 }
 
 class PlatformSwitchSlots {
+    enum class Local : unsigned char { None, No, Yes };
+    struct Slot {
+        const std::vector<int>* list = nullptr;
+        Local local = Local::None;
+    };
+
 public:
-    // A key that is no known switch has no slot and changes nothing. The list must stay where it is until it is set
-    // anew or the lists are cleared; its content may change.
-    void setList(std::string_view key, const std::vector<int>& list) {
-        const std::size_t index = platformSwitchIndex(key);
-        if (index < slots.size()) slots[index].list = &list;
-    }
+    // Sets lists whose keys come sorted. A key that is no known switch has no slot and changes nothing. The list must
+    // stay where it is until it is set anew or the lists are cleared; its content may change.
+    class SortedLists {
+    public:
+        explicit SortedLists(PlatformSwitchSlots& target) : slots(target.slots) {}
+        void set(std::string_view key, const std::vector<int>& list) {
+            while (next < slots.size() && kPlatformSwitches[next].key < key)
+                ++next;
+            if (next < slots.size() && kPlatformSwitches[next].key == key) slots[next].list = &list;
+        }
+
+    private:
+        std::array<Slot, kPlatformSwitchCount>& slots;
+        std::size_t next = 0;  // of the first switch that is not below the key set last
+    };
+
     void setOverride(std::string_view key, bool value) {
         const std::size_t index = platformSwitchIndex(key);
         if (index < slots.size()) slots[index].local = value ? Local::Yes : Local::No;
@@ -49,11 +65,6 @@ public:
     }
 
 private:
-    enum class Local : unsigned char { None, No, Yes };
-    struct Slot {
-        const std::vector<int>* list = nullptr;
-        Local local = Local::None;
-    };
     std::array<Slot, kPlatformSwitchCount> slots;
 };
 

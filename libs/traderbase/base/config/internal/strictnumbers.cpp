@@ -1,5 +1,5 @@
 // Numbers: answers what number a settings text is, strictly or as the C library reads it.
-// Doors: strictInt(), strictBool(), strictDouble(), looseInt(), looseLong(), looseDouble().
+// Doors: leadingInt(), strictInt(), strictBool(), strictDouble(), looseInt(), looseLong(), looseDouble().
 // Owns: nothing.
 // Covered by tests/config/internal/strictnumbers_test.cpp.
 
@@ -85,16 +85,21 @@ bool beginsHex(std::string_view text) {
 
 }  // namespace
 
-std::optional<int> strictInt(std::string_view text) {
+LeadingInt leadingInt(std::string_view text) {
     // from_chars takes "-5" but not "+5", and must not be handed the rest of "+-5".
-    if (!text.empty() && text.front() == '+') {
-        text.remove_prefix(1);
-        if (text.empty() || !isDigit(text.front())) return std::nullopt;
-    }
-    int value = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size()) return std::nullopt;
-    return value;
+    const std::size_t sign = !text.empty() && text.front() == '+' ? 1 : 0;
+    text.remove_prefix(sign);
+    LeadingInt taken;
+    if (sign != 0 && (text.empty() || !isDigit(text.front()))) return taken;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), taken.value);
+    if (result.ec == std::errc()) taken.used = sign + static_cast<std::size_t>(result.ptr - text.data());
+    return taken;
+}
+
+std::optional<int> strictInt(std::string_view text) {
+    const LeadingInt taken = leadingInt(text);
+    if (taken.used == 0 || taken.used != text.size()) return std::nullopt;
+    return taken.value;
 }
 
 std::optional<bool> strictBool(std::string_view text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -10,6 +11,13 @@ namespace ttservice::internal {
 
 // One optional sign and decimal digits, nothing else, within 32 bits: " 12", "12 ", "1.0" and "2147483648" are none.
 std::optional<int> strictInt(std::string_view text);
+
+// Such a number at the front of a text, and how many bytes of the text it takes; 0 where there is none.
+struct LeadingInt {
+    int value = 0;
+    std::size_t used = 0;
+};
+LeadingInt leadingInt(std::string_view text);
 
 // An optional "+" (or "-" before a zero), any number of zeros, and a final "0" or "1"; "true", "2" and "-1" are none.
 std::optional<bool> strictBool(std::string_view text);
