@@ -19,26 +19,42 @@ using internal::isListed;
 using Reader = internal::ReadMostlyMutex::Reader;
 using Writer = internal::ReadMostlyMutex::Writer;
 
-// Enters lists, in the order of their keys, into the table that is in this order as well: the place behind the one that
-// was found last is mostly the next one's, and nothing has to be searched for.
+// New lists for a table, keys in order. Everything that may fail is done while they are collected, so that a table has
+// all of them or none.
 template <typename Table>
-class Merge {
+class NewLists {
 public:
-    Merge(Table& target, internal::PlatformSwitchSlots& slots) : table(target), known(slots), place(table.begin()) {}
+    explicit NewLists(Table& target) : table(target), place(table.begin()) {}
 
+    // The list is left where it is until enter() when its key is known.
     template <typename Key>
-    void enter(Key&& key, std::vector<int>&& list) {
-        const std::size_t before = table.size();
-        place = table.try_emplace(place, std::forward<Key>(key), std::move(list));
-        if (table.size() == before) place->second = std::move(list);
-        known.set(place->first, place->second);
-        ++place;
+    void add(Key&& key, std::vector<int>& list) {
+        // Behind the key that was found last there is mostly the next one.
+        if (place == table.end() || place->first != key) place = table.lower_bound(key);
+        if (place == table.end() || place->first != key) {
+            unknown.emplace_hint(unknown.end(), std::forward<Key>(key), std::move(list));
+        } else {
+            known.emplace_back(&place->second, &list);
+            ++place;
+        }
+    }
+
+    void enter(internal::PlatformSwitchSlots& slots) noexcept {
+        for (const auto& [list, newList] : known)
+            list->swap(*newList);
+        internal::PlatformSwitchSlots::SortedLists sorted(slots);
+        for (const auto& [key, list] : unknown)
+            sorted.set(key, list);
+        if (table.empty()) return table.swap(unknown);
+        for (place = table.begin(); !unknown.empty(); ++place)
+            place = table.insert(place, unknown.extract(unknown.begin()));
     }
 
 private:
     Table& table;
-    internal::PlatformSwitchSlots::SortedLists known;
     typename Table::iterator place;
+    Table unknown;
+    std::vector<std::pair<std::vector<int>*, std::vector<int>*>> known;
 };
 
 constexpr int kSecondsOfDay = 86400;
@@ -48,17 +64,19 @@ constexpr int kNightTradingStart = 73800;  // 20:30:00
 
 void ConfigCollector::setPts(std::map<std::string, std::vector<int>> lists) {
     const Writer writer(ptsMutex);
-    Merge merge(pts, switchSlots);
+    NewLists newLists(pts);
     for (auto& [key, list] : lists)
-        merge.enter(key, std::move(list));
+        newLists.add(key, list);
+    newLists.enter(switchSlots);
 }
 
 // The lists of a load, which are used up.
 void ConfigCollector::setLists(internal::SwitchLists lists) {
     const Writer writer(ptsMutex);
-    Merge merge(pts, switchSlots);
+    NewLists newLists(pts);
     for (const internal::PlacedKey& each : lists.byKey)
-        merge.enter(std::move(lists.keys[each.index]), std::move(lists.lists[each.index]));
+        newLists.add(std::move(lists.keys[each.index]), lists.lists[each.index]);
+    newLists.enter(switchSlots);
 }
 
 std::vector<int> ConfigCollector::getPts(const std::string& key) const {
