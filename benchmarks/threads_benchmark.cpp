@@ -65,6 +65,21 @@ private:
     const std::vector<std::string>& keys = benchmarks::switchKeys();
 };
 
+// Nobody locks anything: what the machine's cores do for one another.
+class BareSlots {
+public:
+    BareSlots() {
+        for (const std::string& key : benchmarks::switchKeys())
+            slots.push_back(&lists.at(key));
+    }
+    // Not inlined, as little as the others.
+    [[gnu::noipa]] bool ask(std::size_t index) const { return benchmarks::contains(*slots[index], kAskedPlatform); }
+
+private:
+    benchmarks::Lists lists = benchmarks::listsOf(kKeys);
+    std::vector<const std::vector<int>*> slots;
+};
+
 // --- threads that only ask
 
 template <typename Subject>
@@ -210,6 +225,7 @@ void threadCounts(benchmark::internal::Benchmark* registered) {
 BENCHMARK_TEMPLATE(askAtOnce, Ours)->Name("ours")->Apply(threadCounts);
 BENCHMARK_TEMPLATE(askAtOnce, BoostMap)->Name("boostMutex")->Apply(threadCounts);
 BENCHMARK_TEMPLATE(askAtOnce, StandardMap)->Name("standardMutex")->Apply(threadCounts);
+BENCHMARK_TEMPLATE(askAtOnce, BareSlots)->Name("slot")->Apply(threadCounts);
 BENCHMARK_TEMPLATE(askWhileReplacing, Ours)->Name("oursAndWriter")->Iterations(1)->UseRealTime();
 BENCHMARK_TEMPLATE(askWhileReplacing, BoostMap)->Name("boostMutexAndWriter")->Iterations(1)->UseRealTime();
 BENCHMARK_TEMPLATE(askWhileReplacing, StandardMap)->Name("standardMutexAndWriter")->Iterations(1)->UseRealTime();

@@ -36,6 +36,7 @@ Group switches() {
             const bool hasGoal = keys == 500;
             group.rows.push_back(
                 {what, ours, {"slot, no lock", "switch/slot" + end}, hasGoal ? Goal::AtMost : Goal::None, 2.5});
+            group.rows.push_back({what, ours, {"slot behind one exchange", "switch/announcedSlot" + end}});
             for (const Peer& peer : kAskedByKey) {
                 group.rows.push_back(
                     {what, ours, {peer.label, peer.run + end}, hasGoal ? Goal::TimesFaster : Goal::None, 7});
@@ -50,8 +51,9 @@ Group switches() {
 
 Group threads() {
     Group group{"Asking from several threads", {}};
-    for (const Peer& subject : {Peer{"ours", "threads/ours"}, Peer{"`boost::shared_mutex`", "threads/boostMutex"},
-                                Peer{"`std::shared_mutex`", "threads/standardMutex"}}) {
+    for (const Peer& subject :
+         {Peer{"ours", "threads/ours"}, Peer{"`boost::shared_mutex`", "threads/boostMutex"},
+          Peer{"`std::shared_mutex`", "threads/standardMutex"}, Peer{"slot, no lock", "threads/slot"}}) {
         const std::string run = subject.run;
         const bool isOurs = run == "threads/ours";
         const Side one{subject.label + std::string(", one thread"), run + "/threads:1", "items_per_second"};
