@@ -91,6 +91,8 @@ public:
     const std::vector<IgnoredLine>& ignoredLines() const { return ignored; }
     // The whole text, without the byte order mark.
     std::string_view bytes() const;
+    // Whether a byte order mark stood in front of it.
+    bool hasByteOrderMark() const { return buffer != nullptr && bytes().size() < buffer->size(); }
 
     // The section of that name; null when there is none.
     const SettingsSection* findSection(std::string_view name) const;

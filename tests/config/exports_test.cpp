@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <regex>
+#include <string>
+
 #include "tests/support/store.h"
 #include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/version.h"
 
 using tests::LoadedStore;
 
@@ -22,4 +26,10 @@ TEST(SharedLibrary, LoadsAndAnswersThroughItsExportsAlone) {
 
 TEST(SharedLibrary, HasOneStoreForTheWholeProcess) {
     EXPECT_EQ(ttservice::ConfigCollector::instance(), ttservice::ConfigCollector::instance());
+}
+
+TEST(SharedLibrary, SaysItsVersion) {
+    const std::string version = ttservice::traderbaseVersion();
+    EXPECT_TRUE(std::regex_match(version, std::regex("[0-9]+\\.[0-9]+\\.[0-9]+"))) << version;
+    EXPECT_EQ(version, TT_PROJECT_VERSION);
 }

@@ -26,12 +26,16 @@ Answer ask(const std::vector<std::string>& words) {
 
 }  // namespace
 
-void runAsk(const CommandLine& commandLine, Output& output) {
+int runAsk(const CommandLine& commandLine, Output& output) {
     const Answer answer = ask(commandLine.words);
+    if (commandLine.expectTrue && !answer.is_boolean()) {
+        throw Fault(kExitUsage, "--test: " + commandLine.words.front() + " does not answer true or false");
+    }
     if (!commandLine.shared.settings) {
         std::cerr << "ttconfig: no --settings given: this is the answer without a settings file\n";
     }
     output.write((commandLine.format == Format::Json ? answerJson(answer) : answerText(answer)) + '\n');
+    return commandLine.expectTrue && !answer.get<bool>() ? kExitFindings : kExitDone;
 }
 
 }  // namespace ttconfig

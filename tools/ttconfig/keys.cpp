@@ -24,7 +24,6 @@ using ttservice::internal::kPlatformSwitches;
 using ttservice::internal::kSettingKeys;
 using ttservice::internal::PlatformSwitch;
 using ttservice::internal::SettingKey;
-using ttservice::internal::SwitchSense;
 
 constexpr const char* kPage =
     "# Keys of the settings file\n\n"
@@ -43,9 +42,8 @@ void addKey(const SettingKey& row, Table& table) {
 }
 
 void addSwitch(const PlatformSwitch& row, Table& table) {
-    const char* answer = row.sense == SwitchSense::Listed ? "" : " (true for platforms that are not listed)";
-    table.rows.push_back({"setting", std::string(row.key), "platform IDs separated by ,", "",
-                          std::string(row.predicate) + answer, std::string(row.meaning)});
+    table.rows.push_back({"setting", std::string(row.key), "platform IDs separated by ,", "nobody is listed",
+                          std::string(row.predicate) + " isSomePt getPts getAllpts", std::string(row.meaning)});
 }
 
 // The keys of that name, those of a section of that name, or the switch.
@@ -129,6 +127,7 @@ void runKeys(const CommandLine& commandLine, Output& output) {
         case Format::Text:
             output.write(one ? keysInFull(table) : keysInShort(table));
             break;
+        case Format::Sarif:  // not offered here
         case Format::Json:
             output.write(answerJson(tableJson(table)) + '\n');
             break;

@@ -1,5 +1,5 @@
 // Output: puts answers, and nothing else, on standard output.
-// Doors: Output::write.
+// Doors: Output::write, Output::isTerminal.
 // Owns: a descriptor of the program's real standard output.
 // Covered by tests/tools/ttconfig/session_test.cpp.
 
@@ -42,6 +42,10 @@ bool Output::write(std::string_view text) {
         }
     }
     return true;
+}
+
+bool Output::isTerminal() const {
+    return isatty(descriptor) == 1;
 }
 
 }  // namespace ttconfig

@@ -17,6 +17,9 @@ public:
     // written for another reason.
     bool write(std::string_view text);
 
+    // Whether a person looks at it.
+    bool isTerminal() const;
+
 private:
     int descriptor;
 };

@@ -45,7 +45,7 @@ void requireUsableSettings(const std::string& path) {
     std::error_code trouble;
     const fs::file_status status = fs::status(path, trouble);
     if (status.type() == fs::file_type::not_found) {
-        refuse(path, "does not exist", "check the name, or leave --settings out to see the answers without a file");
+        refuse(path, "does not exist", "check the name");
     }
     if (trouble) refuse(path, trouble.message(), "check the name and who may read it");
     if (fs::is_directory(status)) refuse(path, "is a directory", kNameAnother);

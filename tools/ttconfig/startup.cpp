@@ -9,10 +9,13 @@
 #include <standin/platformdatafile.h>
 
 #include <filesystem>
+#include <iostream>
 #include <system_error>
 
 #include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/markettimescript.h"
 #include "ttconfig/fault.h"
+#include "ttconfig/overwriting.h"
 #include "ttconfig/settingsfile.h"
 
 namespace ttconfig {
@@ -25,23 +28,17 @@ void enter(const std::string& directory) {
     if (trouble) throw Fault(kExitInput, "-C " + directory + ": " + trouble.message() + "; name an existing directory");
 }
 
-// A log file is emptied when it is started. Nothing that is read may be lost that way.
-void refuseToOverwrite(const std::string& logFile, const std::optional<std::string>& input) {
-    std::error_code ignored;
-    if (input && std::filesystem::equivalent(logFile, *input, ignored)) {
-        throw Fault(kExitUsage, "--log-file " + logFile + ": that file is read here; name another one to write to");
-    }
-}
-
 }  // namespace
 
 void carryOut(const SharedOptions& options) {
     for (const std::string& directory : options.directories)
         enter(directory);
     if (options.settings) requireUsableSettings(*options.settings);
+    // A log file is emptied when it is started.
     if (options.logFile) {
-        for (const auto& input : {options.settings, options.platform, options.script})
-            refuseToOverwrite(*options.logFile, input);
+        refuseToOverwrite(
+            "--log-file", *options.logFile,
+            {options.settings, options.platform, options.script, std::string(ttservice::internal::kMarketTimeScript)});
     }
     std::string error;
     if (options.platform && !standin::installPlatformFile(*options.platform, error)) throw Fault(kExitInput, error);
@@ -49,8 +46,10 @@ void carryOut(const SharedOptions& options) {
     if (options.settings) ttservice::ConfigCollector::instance()->readConfig(*options.settings);
 }
 
-void endLogging(const SharedOptions& options) {
-    if (options.logFile) standin::stopLogging();
+bool endLogging(const SharedOptions& options) {
+    if (!options.logFile || standin::stopLogging()) return true;
+    std::cerr << "ttconfig: --log-file " << *options.logFile << ": cannot be written to the end\n";
+    return false;
 }
 
 }  // namespace ttconfig

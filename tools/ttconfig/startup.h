@@ -10,7 +10,8 @@ namespace ttconfig {
 // data, starts the log file, loads the settings. Throws Fault for what cannot be used; nothing is loaded then.
 void carryOut(const SharedOptions& options);
 
-// Ends what carryOut() began: the log file. To be called before the program's static objects are destroyed.
-void endLogging(const SharedOptions& options);
+// Ends what carryOut() began: the log file. To be called before the program's static objects are destroyed. False,
+// after a message on the standard error stream, when a line of the log could not be written.
+bool endLogging(const SharedOptions& options);
 
 }  // namespace ttconfig

@@ -5,7 +5,11 @@
 
 #include "traderbase/base/config/internal/platformswitchtable.h"
 #include "ttconfig/listings.h"
+#include "ttconfig/reasons/switchfacts.h"
+#include "ttconfig/settingsfile.h"
+#include "ttconfig/startup.h"
 #include "ttconfig/text/answertext.h"
+#include "ttconfig/text/placecolumn.h"
 #include "ttconfig/text/table.h"
 
 namespace ttconfig {
@@ -32,19 +36,50 @@ Table switchTable() {
     return table;
 }
 
+// The switches with what each answers for the platform, and where the file says so: the piece that lists it, or the
+// value that does not.
+Table switchTableFor(int platform, const standin::SettingsText& text) {
+    Table table{"switches", "", {"key", "predicate", "answer", "line", "column", "true when", "meaning"}, {}};
+    for (const PlatformSwitch& row : kPlatformSwitches) {
+        const SwitchList list = switchList(text, row.key);
+        const ListedPlatform* listed = list.find(platform);
+        const bool whenListed = row.sense == SwitchSense::Listed;
+        std::optional<Place> place;
+        if (list.entry != nullptr) place = listed != nullptr ? listed->place : valuePlace(*list.entry);
+        table.rows.push_back({std::string(row.key), std::string(row.predicate), (listed != nullptr) == whenListed,
+                              place ? Answer(place->line) : Answer(), place ? Answer(place->column) : Answer(),
+                              whenListed ? "listed" : "not listed", std::string(row.meaning)});
+    }
+    return table;
+}
+
+Table switchTable(const CommandLine& commandLine) {
+    if (!commandLine.platformId) return switchTable();
+    const std::string& file = commandLine.shared.settings.value();
+    requireUsableSettings(file);
+    standin::SettingsText text;
+    standin::SettingsText::load(file, text);
+    return switchTableFor(*commandLine.platformId, text);
+}
+
 }  // namespace
 
 void runSwitches(const CommandLine& commandLine, Output& output) {
-    const Table table = switchTable();
+    SharedOptions directories;
+    directories.directories = commandLine.shared.directories;
+    carryOut(directories);
+    const Table table = switchTable(commandLine);
     switch (commandLine.format) {
         case Format::Text:
-            output.write(tableText(table));
+            output.write(tableText(commandLine.platformId ? withPlaceColumn(table, {}) : table));
             break;
+        case Format::Sarif:  // not offered here
         case Format::Json:
             output.write(answerJson(tableJson(table)) + '\n');
             break;
         case Format::Markdown:
-            output.write(kPage + tableMarkdown(table, 2));
+            output.write(commandLine.platformId ? tableMarkdown(withPlaceColumn(table, {}), 2)
+                                                : kPage + tableMarkdown(table, 2));
             break;
     }
 }

@@ -102,12 +102,15 @@ TEST(ChildProcess, IsEndedWhenItsTimeIsOver) {
     EXPECT_THAT(talking.lines, Each("more"));
 }
 
+// A shell command, whatever becomes of it.
+void run(const std::string& command) {
+    [[maybe_unused]] const int status = std::system(command.c_str());
+}
+
 TEST(ChildProcess, IsEndedWithWhatItStarted) {
     const tests::TempFolder folder;
     const std::string mark = folder.path("still here");
-    const ChildRun done = runFor(300ms, [&mark](const SendLine&) {
-        static_cast<void>(std::system(("(sleep 1; touch '" + mark + "') & sleep 5").c_str()));
-    });
+    const ChildRun done = runFor(300ms, [&mark](const SendLine&) { run("(sleep 1; touch '" + mark + "') & sleep 5"); });
     EXPECT_EQ(done.end.how, How::TimedOut);
     EXPECT_LT(done.time.count(), 4.0);
     std::this_thread::sleep_for(1500ms);
@@ -116,7 +119,7 @@ TEST(ChildProcess, IsEndedWithWhatItStarted) {
 
 TEST(ChildProcess, IsNotWaitedForByWhatItLeaves) {
     const ChildRun done = runFor(60s, [](const SendLine& send) {
-        static_cast<void>(std::system("sleep 30 &"));
+        run("sleep 30 &");
         send("left");
     });
     EXPECT_EQ(done.end.how, How::Finished);

@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "tests/tools/ttconfig/subcommandlist.h"
 #include "tests/tools/ttconfig/toolrun.h"
+#include "traderbase/base/config/version.h"
 
 namespace {
 
@@ -14,6 +16,13 @@ using testing::MatchesRegex;
 using testing::StartsWith;
 using tests::runTool;
 using tests::ToolRun;
+
+std::string joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words)
+        text += (text.empty() ? "" : " ") + word;
+    return text;
+}
 
 TEST(CommandLine, WithoutASubcommandIsHelpAndExitCode2) {
     const ToolRun run = runTool({});
@@ -24,21 +33,54 @@ TEST(CommandLine, WithoutASubcommandIsHelpAndExitCode2) {
 }
 
 TEST(CommandLine, EverySubcommandsHelpHasAnExample) {
-    for (const char* name :
-         {"session", "ask", "switches", "keys", "summary", "products", "limits", "sessions", "algos"}) {
-        EXPECT_THAT(runTool({"--help"}).out, HasSubstr(std::string("\n  ") + name));
-        const ToolRun run = runTool({name, "--help"});
+    const auto all = tests::allSubcommands();
+    ASSERT_GE(all.size(), 19U);
+    for (std::vector<std::string> words : all) {
+        const std::string name = joined(words);
+        SCOPED_TRACE(name);
+        EXPECT_THAT(runTool({"--help"}).out, HasSubstr("\n  " + words.front()));
+        words.push_back("--help");
+        const ToolRun run = runTool(words);
         EXPECT_EQ(run.exitCode, 0);
         EXPECT_EQ(run.err, "");
-        EXPECT_THAT(run.out, HasSubstr("Example"));
-        EXPECT_THAT(run.out, HasSubstr(std::string("ttconfig ") + name)) << name;
+        const std::size_t example = run.out.find("Example");
+        ASSERT_NE(example, std::string::npos);
+        EXPECT_THAT(run.out.substr(example), HasSubstr("ttconfig " + name));
+        for (const std::string& line : run.lines())
+            EXPECT_LE(line.size(), 120U) << line;
     }
 }
 
-TEST(CommandLine, TellsItsVersion) {
+TEST(CommandLine, TheHelpOfATopicShowsWhatIsBelowIt) {
+    for (const char* topic : {"script", "completion"}) {
+        const ToolRun run = runTool({topic, "--help"});
+        EXPECT_EQ(run.exitCode, 0);
+        EXPECT_THAT(run.out, HasSubstr("Example"));
+        for (const std::string& below : tests::completionsOf({topic, ""}))
+            EXPECT_THAT(run.out, HasSubstr("\n  " + below));
+        EXPECT_EQ(runTool({topic}).exitCode, 2);
+    }
+}
+
+TEST(CommandLine, WhatIsHiddenHasHelpAndIsInNoList) {
+    EXPECT_THAT(runTool({"manual", "--help"}).out, HasSubstr("Example"));
+    EXPECT_THAT(runTool({"completion", "words", "--help"}).out, HasSubstr("Example"));
+    EXPECT_THAT(runTool({"--help"}).out, testing::Not(HasSubstr("\n  manual")));
+    EXPECT_THAT(runTool({"completion", "--help"}).out, testing::Not(HasSubstr("\n  words")));
+}
+
+TEST(CommandLine, TellsItsVersionAndTheLibrarys) {
     const ToolRun run = runTool({"--version"});
-    EXPECT_THAT(run.out, MatchesRegex("ttconfig [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_THAT(run.out, MatchesRegex("ttconfig [0-9]+\\.[0-9]+\\.[0-9]+\n"
+                                      "traderbaseconfig [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_THAT(run.out, HasSubstr(std::string("traderbaseconfig ") + ttservice::traderbaseVersion() + '\n'));
     EXPECT_EQ(run.exitCode, 0);
+}
+
+TEST(CommandLine, TellsTheExitCodes) {
+    const std::string help = runTool({"--help"}).out;
+    for (const char* code : {"0", "1", "2", "3", "4"})
+        EXPECT_THAT(help, HasSubstr(std::string("\n  ") + code + "  "));
 }
 
 TEST(CommandLine, UsageErrorsHaveExitCode2AndNoAnswer) {
@@ -57,6 +99,34 @@ TEST(CommandLine, UsageErrorsHaveExitCode2AndNoAnswer) {
         {"keys", "a", "b"},
         {"summary", "--format", "markdown"},
         {"session", "ask"},
+        {"session", "--color", "red"},
+        {"--color", "switches"},
+        {"ask", "--test"},
+        {"explain", "isNeedMaxAmountPts", "12"},
+        {"explain", "isNeedMaxAmountPts", "12", "--override", "needmaxamount"},
+        {"explain", "isNeedMaxAmountPts", "12", "--override", "=true"},
+        {"explain", "isNeedMaxAmountPts", "12", "--override", "needmaxamount=1"},
+        {"check"},
+        {"check", "--explain"},
+        {"check", "--explain", "unknown-key", "x.ini"},
+        {"check", "--format", "xml", "x.ini"},
+        {"diff", "x.ini"},
+        {"diff", "x.ini", "y.ini", "z.ini"},
+        {"diff", "--platforms", "12,x", "x.ini", "y.ini"},
+        {"diff", "--platforms", "12,", "x.ini", "y.ini"},
+        {"diff", "--platforms", "", "x.ini", "y.ini"},
+        {"test", "--settings", "x.ini"},
+        {"test", "x.expect"},
+        {"platform", "--settings", "x.ini"},
+        {"platform", "12"},
+        {"platform", "x", "--settings", "x.ini"},
+        {"platform", "2147483648", "--settings", "x.ini"},
+        {"switches", "--platform", "12"},
+        {"switches", "--platform", "x", "--settings", "x.ini"},
+        {"report", "--settings", "x.ini"},
+        {"report", "-o", "x.html"},
+        {"completion", "tcsh"},
+        {"completion", "bash", "x"},
     };
     for (const auto& arguments : rows) {
         const ToolRun run = runTool(arguments);

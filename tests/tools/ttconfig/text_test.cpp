@@ -67,6 +67,12 @@ TEST(ShownText, IsQuotedCutAndValid) {
     EXPECT_EQ(ttconfig::shownJson(nullptr), "null");
 }
 
+TEST(ShownText, HasNoControlCharacterThatATerminalObeys) {
+    EXPECT_EQ(ttconfig::shownText("a\x1B\x7F"), R"("a\u001b\u007f")");
+    EXPECT_EQ(ttconfig::shownText("\xC2\x86\xC2\x9B\xC2\x9F\xC2\xA0"), "\"\\u0086\\u009b\\u009f\xC2\xA0\"");
+    EXPECT_EQ(ttconfig::onOneLine("a\x1B\x7F\n\xC2\x9Bz\xC2\xA0\xC2"), "a????z\xC2\xA0\xEF\xBF\xBD");
+}
+
 TEST(ShownText, WithReplacedBytesKeepsEveryOtherByte) {
     EXPECT_EQ(ttconfig::withReplacedBytes("a\"\\\n\xE8\x82\xA1"), "a\"\\\n\xE8\x82\xA1");
     EXPECT_EQ(ttconfig::withReplacedBytes("a\x80z"), "a\xEF\xBF\xBDz");

@@ -3,26 +3,14 @@
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/calltable_test.cpp, products_test.cpp and the golden sessions.
 
-#include "traderbase/base/config/contractinfo.h"
 #include "ttconfig/calls/binding.h"
+#include "ttconfig/calls/storerecords.h"
 
 namespace ttconfig {
 
 using ttservice::ConfigCollector;
 using ttservice::ContractInfo;
 using ContractInfoPtr = boost::shared_ptr<ContractInfo>;
-
-template <>
-struct RecordMembers<ContractInfo> {
-    static void write(const ContractInfo& record, Answer& object, Records& /*records*/) {
-        object["intValue"] = record.intValue;
-        object["doubleValue"] = record.doubleValue;
-        object["longValue"] = record.longValue;
-        object["productId"] = record.productId;
-        object["textValue"] = record.textValue;
-        object["isCredit"] = record.isCredit;
-    }
-};
 
 void addCatalogueCalls(CallTable& table) {
     // algorithm products

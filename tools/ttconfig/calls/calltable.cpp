@@ -1,5 +1,5 @@
 // The call table: answers which operation a name and its arguments mean, and carries it out.
-// Doors: CallTable::answer, CallTable::answerWords, callTable().
+// Doors: CallTable::answer, CallTable::answerWords, CallTable::argumentsOf, callTable().
 // Owns: the rows of all operations.
 // Covered by tests/tools/ttconfig/calltable_test.cpp.
 
@@ -100,17 +100,26 @@ const std::vector<Call>& CallTable::find(const std::string& name) const {
     throw CallRefused("unknown call " + shownText(name) + didYouMean(name, names));
 }
 
-Answer CallTable::answer(CallState& state, const std::string& name, const Arguments& arguments) const {
+const Call& CallTable::overloadOf(CallState& state, const std::string& name, const Arguments& arguments) const {
     const std::vector<Call>& overloads = find(name);
     std::vector<std::string> objections;
     for (const Call& call : overloads) {
         objections.push_back(objection(call, arguments, state.records));
-        if (objections.back().empty()) return call.run(state, arguments);
+        if (objections.back().empty()) return call;
     }
     refuseArguments(name, overloads, objections);
 }
 
-Answer CallTable::answerWords(CallState& state, const std::string& name, const std::vector<std::string>& words) const {
+Answer CallTable::answer(CallState& state, const std::string& name, const Arguments& arguments) const {
+    return overloadOf(state, name, arguments).run(state, arguments);
+}
+
+void CallTable::requireArguments(CallState& state, const std::string& name, const Arguments& arguments) const {
+    overloadOf(state, name, arguments);
+}
+
+Arguments CallTable::argumentsOf(CallState& state, const std::string& name,
+                                 const std::vector<std::string>& words) const {
     const std::vector<Call>& overloads = find(name);
     // A text takes any word: the overloads that take something narrower are tried first.
     std::vector<const Call*> order;
@@ -125,9 +134,13 @@ Answer CallTable::answerWords(CallState& state, const std::string& name, const s
         Arguments arguments;
         objections.push_back(convertWords(*call, words, arguments));
         if (objections.back().empty()) objections.back() = objection(*call, arguments, state.records);
-        if (objections.back().empty()) return call->run(state, arguments);
+        if (objections.back().empty()) return arguments;
     }
     refuseArguments(name, overloads, objections);
+}
+
+Answer CallTable::answerWords(CallState& state, const std::string& name, const std::vector<std::string>& words) const {
+    return answer(state, name, argumentsOf(state, name, words));
 }
 
 const CallTable& callTable() {

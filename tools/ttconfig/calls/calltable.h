@@ -61,10 +61,17 @@ public:
     // The same for words of a command line: a text is taken as it stands, every other value is written as JSON.
     Answer answerWords(CallState& state, const std::string& name, const std::vector<std::string>& words) const;
 
+    // The words as arguments that answer() takes. Throws CallRefused like answer().
+    Arguments argumentsOf(CallState& state, const std::string& name, const std::vector<std::string>& words) const;
+
+    // Throws CallRefused where answer() would without carrying anything out.
+    void requireArguments(CallState& state, const std::string& name, const Arguments& arguments) const;
+
     const std::map<std::string, std::vector<Call>>& rows() const { return calls; }
 
 private:
     const std::vector<Call>& find(const std::string& name) const;
+    const Call& overloadOf(CallState& state, const std::string& name, const Arguments& arguments) const;
 
     std::map<std::string, std::vector<Call>> calls;
 };

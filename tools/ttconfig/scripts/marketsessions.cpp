@@ -5,19 +5,16 @@
 
 #include "ttconfig/scripts/marketsessions.h"
 
-#include <mongo/bson/bson.h>
-
 #include <algorithm>
 #include <iostream>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "luaconfig/luaconfig.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/jsonobject.h"
 #include "traderbase/base/config/internal/markettimescript.h"
 #include "ttconfig/fault.h"
+#include "ttconfig/scripts/listedmarkets.h"
 #include "ttconfig/scripts/requirescript.h"
 #include "ttconfig/startup.h"
 #include "ttconfig/text/answertext.h"
@@ -32,20 +29,6 @@ namespace {
 
 using ttservice::ConfigCollector;
 using Sessions = std::vector<std::pair<int, int>>;
-
-// The markets in the order in which the script lists them, each once.
-std::vector<std::string> listedMarkets(const std::string& path) {
-    luabase::LuaConfig script;
-    script.init(path);
-    std::vector<std::string> markets;
-    const auto list = ttservice::internal::readJsonObject(script.getConfig("getMarkets"));
-    if (!list) return markets;
-    for (mongo::BSONObjIterator field(*list); field.more();) {
-        const std::string market = field.next().fieldName();
-        if (std::find(markets.begin(), markets.end(), market) == markets.end()) markets.push_back(market);
-    }
-    return markets;
-}
 
 void requireListed(const std::string& market, const std::vector<std::string>& listed, const std::string& path) {
     if (std::find(listed.begin(), listed.end(), market) != listed.end()) return;

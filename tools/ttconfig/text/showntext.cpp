@@ -1,9 +1,11 @@
 // Shown text: answers how a value looks in a message.
-// Doors: shownText(), shownJson(), cutText(), withReplacedBytes().
+// Doors: shownText(), shownJson(), cutText(), onOneLine(), withReplacedBytes().
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/text_test.cpp.
 
 #include "ttconfig/text/showntext.h"
+
+#include <algorithm>
 
 namespace ttconfig {
 
@@ -11,12 +13,49 @@ namespace {
 
 constexpr std::size_t kMostShownBytes = 60;
 
+// Looks in JSON as it is.
+bool isSimple(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return c >= ' ' && c < '\x7F' && c != '"' && c != '\\'; });
+}
+
+// Whether one of the control characters beyond ASCII starts there; terminals obey them as well.
+bool isWideControlAt(std::string_view text, std::size_t at) {
+    return text[at] == '\xC2' && at + 1 < text.size() && (static_cast<unsigned char>(text[at + 1]) & 0xE0U) == 0x80U;
+}
+
+// JSON leaves these control characters as they are: U+007F to U+009F.
+std::string withEscapedControls(const std::string& json) {
+    constexpr std::string_view kHexDigits = "0123456789abcdef";
+    std::string escaped;
+    for (std::size_t at = 0; at < json.size(); ++at) {
+        const bool isWide = isWideControlAt(json, at);
+        if (!isWide && json[at] != '\x7F') {
+            escaped += json[at];
+            continue;
+        }
+        const auto code = static_cast<unsigned char>(json[isWide ? ++at : at]);
+        escaped.append("\\u00").append({kHexDigits[code >> 4U], kHexDigits[code & 0x0FU]});
+    }
+    return escaped;
+}
+
 }  // namespace
 
 std::string withReplacedBytes(const std::string& text) {
     // The JSON library knows UTF-8: its replacement is made while writing, so it is written and read back.
     const std::string written = Argument(text).dump(-1, ' ', false, Argument::error_handler_t::replace);
     return Argument::parse(written).get<std::string>();
+}
+
+std::string onOneLine(std::string text) {
+    const auto isControl = [](char byte) { return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F; };
+    std::replace_if(text.begin(), text.end(), isControl, '?');
+    text = withReplacedBytes(text);
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (isWideControlAt(text, at)) text.replace(at, 2, 1, '?');
+    }
+    return text;
 }
 
 std::string cutText(std::string_view text, std::size_t mostBytes) {
@@ -29,7 +68,9 @@ std::string cutText(std::string_view text, std::size_t mostBytes) {
 }
 
 std::string shownText(std::string_view text) {
-    return Argument(cutText(text, kMostShownBytes)).dump(-1, ' ', false, Argument::error_handler_t::replace);
+    if (text.size() <= kMostShownBytes && isSimple(text)) return '"' + std::string(text) + '"';
+    return withEscapedControls(
+        Argument(cutText(text, kMostShownBytes)).dump(-1, ' ', false, Argument::error_handler_t::replace));
 }
 
 std::string shownJson(const Argument& value) {

@@ -12,6 +12,9 @@ namespace ttconfig {
 // The text with every byte that is not UTF-8 replaced by U+FFFD.
 std::string withReplacedBytes(const std::string& text);
 
+// The text as it can stand in a line for people: with bytes replaced, and a "?" for every control character.
+std::string onOneLine(std::string text);
+
 // The text in quotes.
 std::string shownText(std::string_view text);
 

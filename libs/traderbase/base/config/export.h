@@ -1,14 +1,18 @@
 #pragma once
 
-// Marks what the configuration library offers to its clients; everything else stays inside it.
+// Marks what the configuration library offers to its clients; everything else stays inside it, and so does what an
+// exported class keeps to itself, where the system exports members one by one.
 #if defined(TRADERBASE_STATIC)
 #define TRADERBASE_API
+#define TRADERBASE_HIDDEN
 #elif defined(_WIN32)
 #if defined(TRADERBASE_BUILDING)
 #define TRADERBASE_API __declspec(dllexport)
 #else
 #define TRADERBASE_API __declspec(dllimport)
 #endif
+#define TRADERBASE_HIDDEN
 #else
 #define TRADERBASE_API __attribute__((visibility("default")))
+#define TRADERBASE_HIDDEN __attribute__((visibility("hidden")))
 #endif

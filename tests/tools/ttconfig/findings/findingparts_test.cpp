@@ -1,0 +1,193 @@
+// The parts that checking is made of: causes, names, limit questions, winners, columns, URIs and the rules' table.
+
+#include <gmock/gmock.h>
+#include <standin/platformdata.h>
+#include <standin/settingstext.h>
+
+#include <set>
+#include <string>
+
+#include "traderbase/base/config/internal/limitcategories.h"
+#include "traderbase/base/config/internal/markets.h"
+#include "ttconfig/fault.h"
+#include "ttconfig/findings/causes.h"
+#include "ttconfig/findings/limitquestions.h"
+#include "ttconfig/findings/limitwinners.h"
+#include "ttconfig/findings/names.h"
+#include "ttconfig/findings/rules.h"
+#include "ttconfig/findings/sarif.h"
+#include "ttconfig/findings/textcolumns.h"
+
+namespace {
+
+using namespace ttconfig;
+using testing::HasSubstr;
+
+TEST(Causes, TellTheFirstOddCharacter) {
+    const struct {
+        const char* piece;
+        std::optional<RuleId> rule;
+        std::size_t at;
+    } rows[] = {
+        {"12", std::nullopt, 0},
+        {"", std::nullopt, 0},
+        {"股", std::nullopt, 0},
+        {"a b", std::nullopt, 0},
+        {" 12", RuleId::BlankInList, 0},
+        {"12\t", RuleId::BlankInList, 2},
+        {"1２", RuleId::FullWidthCharacter, 1},
+        {"1、2", RuleId::FullWidthCharacter, 1},
+        {"SH–A", RuleId::FullWidthCharacter, 2},
+        {"1\xC2\xA0", RuleId::InvisibleCharacter, 1},
+        {"\xE3\x80\x80x", RuleId::InvisibleCharacter, 0},
+        {"\xEF\xBB\xBFx", RuleId::InvisibleCharacter, 0},
+        {"a\x01", RuleId::InvisibleCharacter, 1},
+        {"\xB9\xC9", RuleId::NotUtf8, 0},
+        {"a\xE8\x82", RuleId::NotUtf8, 1},
+        {"\xC0\xAF", RuleId::NotUtf8, 0},
+        {"\xED\xA0\x80", RuleId::NotUtf8, 0},
+    };
+    for (const auto& row : rows) {
+        const std::string_view piece = row.piece;
+        const auto cause = causeIn(piece);
+        ASSERT_EQ(cause.has_value(), row.rule.has_value()) << piece;
+        if (!cause) continue;
+        EXPECT_EQ(ruleOf(cause->rule).name, ruleOf(*row.rule).name) << piece;
+        EXPECT_EQ(static_cast<std::size_t>(cause->where.data() - piece.data()), row.at) << piece;
+    }
+    EXPECT_FALSE(causeIn("网格，二号", FullWidth::Fine).has_value());
+}
+
+TEST(Names, AreFoundInOtherLetterCaseAndNear) {
+    NameIndex index({"refLimit", "needmaxamount"});
+    EXPECT_EQ(index.inOtherCase("REFLIMIT"), "refLimit");
+    EXPECT_EQ(index.inOtherCase("reflimits"), "");
+    EXPECT_EQ(index.didYouMean("reflimits"), "; did you mean refLimit?");
+    EXPECT_EQ(index.didYouMean("nothing of the kind"), "");
+    EXPECT_EQ(index.didYouMean(std::string(1 << 20, 'r')), "");
+}
+
+// The tables of words are held against the category rules: an instrument of each type, on each market, at each price.
+TEST(LimitQuestions, KnowTheCategoriesThatTheRulesComeTo) {
+    using namespace ttservice::internal;
+    const int stockTypes[] = {0, 100003, 100024, 100016, 100103, 100004, 100013, 126, 100017, 100021, 124, 100104};
+    const int baseTypes[] = {0, 1062, 1117, 1172, 1154, 1124, 1136};
+    const std::string marketNames[] = {"SH", "SZ", "BJ", "NEEQ", "SHFE", "HGT", "SSEHKEX", "SGT", "SZSEHKEX", "HKFE"};
+    std::set<std::tuple<LimitTopic, std::string, std::string>> asked;
+    for (const int stock : stockTypes) {
+        for (const int base : baseTypes) {
+            for (const int second : {0, 126}) {
+                standin::PlatformData data;
+                for (const std::string& market : marketNames) {
+                    if (stock != 0) data.addStockType(stock, market, "*");
+                    if (second != 0) data.addStockType(second, market, "*");
+                    if (base != 0) data.addBaseType(base, market, "*");
+                }
+                standin::PlatformData::install(std::move(data));
+                for (const std::string& market : marketNames) {
+                    for (const int price : {0, 50, 117, 84}) {
+                        const auto type = static_cast<EBrokerPriceType>(price);
+                        asked.emplace(LimitTopic::OrderLimits, market, orderLimitCategory(market, "1", type).word);
+                    }
+                    asked.emplace(LimitTopic::BlockTrades, market, blockTradeQuantityCategory(market, "1").word);
+                    asked.emplace(LimitTopic::BlockTrades, market, blockTradeAmountCategory(market, "1").word);
+                    asked.emplace(LimitTopic::StockRates, market, stockRateCategory(market, "1").word);
+                    asked.emplace(LimitTopic::ShanghaiConnectRates, market,
+                                  shanghaiConnectRateCategory(market, "1").word);
+                    asked.emplace(LimitTopic::ShenzhenConnectRates, market, shenzhenConnectRateCategory().word);
+                }
+            }
+        }
+    }
+    standin::PlatformData::install(standin::PlatformData());
+    for (const std::string market : {"SHO", "SZO"}) {
+        for (const int price : {0, 84}) {
+            const auto type = static_cast<EBrokerPriceType>(price);
+            asked.emplace(LimitTopic::OrderLimits, market, orderLimitCategory(market, "1", type).word);
+        }
+    }
+    for (const auto& [topic, market, word] : asked)
+        EXPECT_TRUE(isCategoryWord(word)) << word;
+    for (const LimitTopic topic : {LimitTopic::OrderLimits, LimitTopic::BlockTrades, LimitTopic::StockRates,
+                                   LimitTopic::ShanghaiConnectRates, LimitTopic::ShenzhenConnectRates}) {
+        for (const std::string& market : marketNames) {
+            for (const std::string_view word : categoryWords()) {
+                const bool isAsked = asked.count({topic, market, std::string(word)}) > 0;
+                EXPECT_EQ(asksForCategory(topic, market, word), isAsked)
+                    << static_cast<int>(topic) << ' ' << market << ' ' << word;
+            }
+        }
+    }
+    for (const std::string market : {"SHO", "SZO"}) {
+        for (const std::string_view word : categoryWords()) {
+            EXPECT_EQ(asksForCategory(LimitTopic::OrderLimits, market, word),
+                      asked.count({LimitTopic::OrderLimits, market, std::string(word)}) > 0)
+                << market << ' ' << word;
+        }
+    }
+}
+
+TEST(LimitWinners, AreTheLastRowsInTheOrderOfALoad) {
+    const standin::SettingsText text{
+        std::string("[b]\nSH-1,sz-2=1,u\n[a]\nsh-1=1,u\nSZ-2=1\nSH-3,SH-4=1,u\nSH-4=2,u\n")};
+    const LimitWinners winners(text, {{"a", 2}, {"b", 2}, {"missing", 2}});
+    using ttservice::internal::limitItem;
+    EXPECT_EQ(winners.winner(limitItem("Sh-1")), (Place{2, 1}));
+    EXPECT_EQ(winners.winner(limitItem("SZ-2")), (Place{2, 6}));
+    EXPECT_EQ(winners.winner(limitItem("SH-3")), (Place{6, 1}));
+    EXPECT_EQ(winners.winner(limitItem("SH-4")), (Place{7, 1}));
+    EXPECT_EQ(winners.winner(limitItem("SH-5")), Place());
+}
+
+TEST(TextColumns, CountUtf16CodeUnits) {
+    const std::string bytes = "ab\n股x\xF0\x9F\x98\x80y\n\xFF\xFEz\n";
+    const standin::SettingsText text{bytes};
+    TextColumns columns(text);
+    EXPECT_EQ(columns.column({1, 2}), 2U);
+    EXPECT_EQ(columns.column({2, 1}), 1U);
+    EXPECT_EQ(columns.column({2, 4}), 2U);
+    EXPECT_EQ(columns.column({2, 5}), 3U);
+    EXPECT_EQ(columns.column({2, 9}), 5U);
+    EXPECT_EQ(columns.column({2, 4}, 5), 5U);
+    EXPECT_EQ(columns.column({3, 3}), 3U);
+    EXPECT_EQ(columns.column({1, 1}), 1U);
+}
+
+TEST(TextColumns, AgreeWithCountingFromTheStartInLongLines) {
+    std::string line;
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> expected;  // byte column, column
+    const std::string characters[] = {"a", "股", "\xF0\x9F\x98\x80", "é", "\xFF"};
+    std::uint32_t units = 1;
+    for (std::size_t i = 0; i < 9000; ++i) {
+        const std::string& character = characters[(i * i + i / 7) % 5];
+        expected.emplace_back(static_cast<std::uint32_t>(line.size()) + 1, units);
+        line += character;
+        units += character.size() == 4 ? 2U : 1U;
+    }
+    const standin::SettingsText text{line};
+    TextColumns columns(text);
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        const auto& [byte, column] = expected[(i * 7919) % expected.size()];
+        ASSERT_EQ(columns.column({1, byte}), column) << byte;
+    }
+}
+
+TEST(Uris, EncodeWhatIsNoWordCharacter) {
+    EXPECT_EQ(uriOf("settings.ini"), "settings.ini");
+    EXPECT_EQ(uriOf("../a b/100%#?.ini"), "../a%20b/100%25%23%3F.ini");
+    EXPECT_EQ(uriOf("/desk/股.ini"), "file:///desk/%E8%82%A1.ini");
+    EXPECT_EQ(uriOf("c:x"), "c%3Ax");
+}
+
+TEST(Rules, AnUnknownNameIsRefusedWithTheNearest) {
+    EXPECT_EQ(kRules[requireRule("unknown-key")].name, "unknown-key");
+    try {
+        requireRule("unknwon-key");
+        FAIL();
+    } catch (const Fault& fault) {
+        EXPECT_EQ(fault.exitCode, kExitUsage);
+        EXPECT_THAT(fault.what(), HasSubstr("did you mean unknown-key?"));
+    }
+}
+
+}  // namespace

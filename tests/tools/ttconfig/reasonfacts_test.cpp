@@ -1,0 +1,142 @@
+// Facts about a settings text: where its pieces stand and which of them count.
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+#include "ttconfig/place.h"
+#include "ttconfig/reasons/cataloguefacts.h"
+#include "ttconfig/reasons/creditfacts.h"
+#include "ttconfig/reasons/limittablefacts.h"
+#include "ttconfig/reasons/platformvaluefacts.h"
+#include "ttconfig/reasons/settingsfacts.h"
+#include "ttconfig/reasons/switchfacts.h"
+
+namespace {
+
+using standin::SettingsText;
+using testing::ElementsAre;
+using ttconfig::Place;
+namespace keys = ttservice::internal::keys;
+
+TEST(Place, IsThatOfThePieceInItsLine) {
+    const SettingsText text(std::string("\xEF\xBB\xBF[s]\r\n a-b,c =  x,yz \r\n"));
+    const standin::SettingsEntry& entry = text.sections().at(0).entries.at(0);
+    EXPECT_EQ(ttconfig::keyPlace(entry), (Place{2, 2}));
+    EXPECT_EQ(ttconfig::valuePlace(entry), (Place{2, 11}));
+    EXPECT_EQ(ttconfig::placeInKey(entry, entry.key.substr(4)), (Place{2, 6}));
+    EXPECT_EQ(ttconfig::placeInValue(entry, entry.value.substr(2)), (Place{2, 13}));
+    EXPECT_EQ(ttconfig::placeInValue(entry, entry.value.substr(4)), (Place{2, 15}));
+    EXPECT_TRUE((Place{2, 9}) < (Place{3, 1}));
+    EXPECT_EQ(ttconfig::lineAround(text, entry.key), " a-b,c =  x,yz ");
+}
+
+TEST(Place, FindsLinesByTheirNumbers) {
+    const SettingsText text(std::string("one\r\n\nthree"));
+    EXPECT_EQ(ttconfig::lineOf(text, 1), "one");
+    EXPECT_EQ(ttconfig::lineOf(text, 2), "");
+    EXPECT_EQ(ttconfig::lineOf(text, 3), "three");
+    EXPECT_EQ(ttconfig::lineOf(text, 4), "");
+    EXPECT_EQ(ttconfig::lineOf(SettingsText(), 1), "");
+    const ttconfig::LineTexts lines(text);
+    for (std::uint32_t line = 0; line < 6; ++line)
+        EXPECT_EQ(lines[line], line == 0 ? "" : ttconfig::lineOf(text, line)) << line;
+}
+
+TEST(SwitchList, HasEveryPieceThatIsNotEmpty) {
+    const SettingsText text(std::string("[setting]\nk=1,,x,2,1\nk=9\n"));
+    const ttconfig::SwitchList list = ttconfig::switchList(text, "k");
+    ASSERT_EQ(list.pieces.size(), 4U);
+    EXPECT_EQ(list.pieces[1].platform, std::nullopt);
+    EXPECT_EQ(list.pieces[1].place, (Place{2, 6}));
+    EXPECT_THAT(list.platforms(), ElementsAre(1, 2, 1));
+    EXPECT_EQ(list.find(1), &list.pieces[0]);
+    EXPECT_EQ(list.find(9), nullptr);
+    EXPECT_EQ(ttconfig::switchList(text, "none").entry, nullptr);
+}
+
+TEST(PlatformValues, KnowTheItemOfAPlatformAndTheDefault) {
+    const SettingsText text(std::string("[setting]\nrenewalpts=12:1;5;12:2;x:3;15:y;7\n"));
+    const auto values = ttconfig::platformValues<int>(text, keys::renewal);
+    EXPECT_EQ(values.items.size(), 6U);
+    ASSERT_NE(values.find(12), nullptr);
+    EXPECT_EQ(values.find(12)->place, (Place{2, 19}));
+    EXPECT_EQ(values.find(15), nullptr);
+    EXPECT_EQ(values.at(12), 2);
+    EXPECT_EQ(values.at(15), 7);
+    EXPECT_EQ(values.byDefault, 5U);
+}
+
+TEST(PlatformValues, HaveThreeKindsOfDefaultThatNobodyWrote) {
+    const SettingsText without;
+    EXPECT_EQ(ttconfig::platformValues<int>(without, keys::counterMaxCompacts).at(1), 500);
+    const SettingsText empty(std::string("[setting]\ncounterMaxCompactsRespNum=\n"));
+    EXPECT_EQ(ttconfig::platformValues<int>(empty, keys::counterMaxCompacts).at(1), 500);
+    const SettingsText named(std::string("[setting]\ncounterMaxCompactsRespNum=12:1\n"));
+    EXPECT_EQ(ttconfig::platformValues<int>(named, keys::counterMaxCompacts).at(1), 0);
+}
+
+TEST(LimitTable, KnowsWhatEachEntryOverwrote) {
+    const SettingsText text(
+        std::string("[StkExchangeOrderLimit]\nSH-1,sh-1=1,a\nSH-2=5\n"
+                    "[HGTExchangeOrderLimit]\nSH-1=2,b\nSH-1=3,c\n"));
+    const ttconfig::LimitTable table = ttconfig::orderLimitTable(text);
+    std::vector<Place> places;
+    for (const auto* entry = table.find("SH", "1"); entry != nullptr; entry = table.formerOf(*entry))
+        places.push_back(entry->place());
+    EXPECT_THAT(places, ElementsAre(Place{5, 1}, Place{2, 6}, Place{2, 1}));
+    EXPECT_EQ(table.entries.back().section->name, "HGTExchangeOrderLimit");
+    EXPECT_EQ(table.entries.back().row->value, "2,b");
+    EXPECT_EQ(table.find("SH", "2"), nullptr);
+    EXPECT_EQ(table.passedOver.size(), 2U);
+}
+
+TEST(ContractFacts, HaveTheEntryBehindEachRecordAndType) {
+    const SettingsText text(
+        std::string("[setting]\nalgomultcontractsetting=P1:a,1,2,3,1;P1;P1:x\n"
+                    "algocontracttypes=P1:T;P9:T\n"));
+    const ttconfig::ContractFacts facts = ttconfig::contractFacts(text);
+    EXPECT_EQ(facts.catalogue.records.size(), 2U);
+    EXPECT_EQ(facts.byKey.at("P1_credit"), 0U);
+    EXPECT_EQ(facts.byKey.at("P1_stock"), 2U);
+    EXPECT_EQ(facts.contracts[1].key, "");
+    EXPECT_EQ(facts.stockByType.at("T"), 0U);
+    EXPECT_EQ(facts.types[1].isStock || facts.types[1].isCredit, false);
+    EXPECT_EQ(facts.types[0].place, (Place{3, 22}));
+}
+
+TEST(NumberRows, AreFoundAsWrittenAndInUpperCase) {
+    const SettingsText text(std::string("[StandardBondUseLimit]\nab=0.5\nAB=0.6\ncd=x\n"));
+    const ttconfig::NumberRows rows = ttconfig::standardBondRows(text);
+    EXPECT_EQ(rows.at("ab").value, 0.5);
+    EXPECT_EQ(rows.at("AB").value, 0.5);
+    EXPECT_TRUE(rows.at("AB").isUpperCase);
+    EXPECT_FALSE(rows.at("cd").isNumber);
+    EXPECT_EQ(rows.at("cd").value, 1.0);
+    EXPECT_EQ(ttconfig::subscriptionFeeRows(text).size(), 0U);
+}
+
+TEST(CreditFacts, HaveTheEntriesOfEachPlatform) {
+    const SettingsText text(
+        std::string("[CreditSetting]\nuse_collateral_buy_Concentration_Ratio=1:2,3;1:4;x\n"
+                    "use_collateral_sale_repay_debt=1:A;2:B;1:C\n"));
+    const auto ratios = ttconfig::concentrationFacts(text);
+    EXPECT_EQ(ratios.items.size(), 3U);
+    EXPECT_EQ(ratios.byPlatform.at(1), 0U);
+    const auto sales = ttconfig::collateralSaleFacts(text);
+    EXPECT_THAT(sales.byPlatform.at(1), ElementsAre(0U, 2U));
+}
+
+TEST(SettingsFacts, KnowTheLaterValuesOfARepeatedKey) {
+    const SettingsText text(std::string("[a]\nk=1\nk=2\nx=1\n[b]\nk=3\n[a]\nk=4\n"));
+    const ttconfig::SettingsFacts facts(text, {}, {});
+    const auto repeats = facts.repeatsOf("a", "k");
+    ASSERT_EQ(repeats.size(), 2U);
+    EXPECT_EQ(repeats[0]->line, 3U);
+    EXPECT_EQ(repeats[1]->line, 8U);
+    EXPECT_TRUE(facts.repeatsOf("b", "k").empty());
+    EXPECT_TRUE(facts.repeatsOf("none", "k").empty());
+}
+
+}  // namespace

@@ -1,0 +1,176 @@
+// Edits that make an answer another one: which one is told, and how a wanted answer may be written.
+
+#include "ttconfig/reasons/whynot.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using ttconfig::Answer;
+using ttconfig::Arguments;
+using ttconfig::Edit;
+using ttconfig::Explainer;
+using ttconfig::Wanted;
+
+std::string shown(const standin::SettingsText& text, const Edit& edit) {
+    const ttconfig::EditLines lines = ttconfig::linesOf(text, edit);
+    std::string all = std::to_string(edit.line);
+    for (const std::string& line : lines.before)
+        all += " -" + line;
+    for (const std::string& line : lines.after)
+        all += " +" + line;
+    return all;
+}
+
+TEST(WhyNot, TellsTheSmallestEdit) {
+    const struct {
+        const char* settings;
+        const char* call;
+        Arguments arguments;
+        const char* wanted;
+        const char* edit;
+        const char* edited;
+    } rows[] = {
+        // a switch: a piece added, a piece removed, a piece put right, a line added, a section added
+        {"[setting]\nk=8\n", "isSomePt", {"k", 12}, "true", "2 -k=8 +k=8,12", "[setting]\nk=8,12\n"},
+        {"[setting]\nk=8,12,9\n", "isSomePt", {"k", 12}, "false", "2 -k=8,12,9 +k=8,9", "[setting]\nk=8,9\n"},
+        {"[setting]\nk=12,8,+12\n", "isSomePt", {"k", 12}, "false", "2 -k=12,8,+12 +k=8", "[setting]\nk=8\n"},
+        {"[setting]\nk=8, 12\n", "isSomePt", {"k", 12}, "true", "2 -k=8, 12 +k=8,12", "[setting]\nk=8,12\n"},
+        {"[setting]\nk=8,\n", "isSomePt", {"k", 12}, "true", "2 -k=8, +k=8,12", "[setting]\nk=8,12\n"},
+        {"[setting]\nk=\n", "isSomePt", {"k", 12}, "true", "2 -k= +k=12", "[setting]\nk=12\n"},
+        {"[setting]\na=1\n[b]\n", "isSomePt", {"k", 12}, "true", "3 +k=12", "[setting]\na=1\nk=12\n[b]\n"},
+        {"[setting]\n", "isSomePt", {"k", 12}, "true", "2 +k=12", "[setting]\nk=12\n"},
+        {"[b]\nx=1\n", "isSomePt", {"k", 12}, "true", "3 +[setting] +k=12", "[b]\nx=1\n[setting]\nk=12\n"},
+        {"", "isSomePt", {"k", 12}, "true", "1 +[setting] +k=12", "[setting]\nk=12\n"},
+        // line ends: those of the line before; none at the end of the text
+        {"[setting]\r\na=1\r\n", "isSomePt", {"k", 12}, "true", "3 +k=12", "[setting]\r\na=1\r\nk=12\r\n"},
+        {"[setting]\na=1", "isSomePt", {"k", 12}, "true", "3 +k=12", "[setting]\na=1\nk=12"},
+        {"[b]\nx=1", "isSomePt", {"k", 12}, "true", "3 +[setting] +k=12", "[b]\nx=1\n[setting]\nk=12\n"},
+        // the platform's value alone
+        {"[setting]\nrenewalpts=12:1\n",
+         "getRenewalPts",
+         {12},
+         "2",
+         "2 -renewalpts=12:1 +renewalpts=12:2",
+         "[setting]\nrenewalpts=12:2\n"},
+        {"[setting]\nrenewalpts=12:1;12:2\n",
+         "getRenewalPts",
+         {12},
+         "1",
+         "2 -renewalpts=12:1;12:2 +renewalpts=12:1;12:1",
+         "[setting]\nrenewalpts=12:1;12:1\n"},
+        // the earlier value of a key stands in front of the later one
+        {"[setting]\nrefLimit=\nrefLimit=70000\n",
+         "getRefLimit",
+         {},
+         "70000",
+         "2 -refLimit= +refLimit=70000",
+         "[setting]\nrefLimit=70000\nrefLimit=70000\n"},
+        {"[setting]\nisshowmaxcanorder=1\n",
+         "isShowMaxCanOrder",
+         {},
+         "false",
+         "2 -isshowmaxcanorder=1 +isshowmaxcanorder=0",
+         "[setting]\nisshowmaxcanorder=0\n"},
+        // rows
+        {"[StandardBondUseLimit]\nabc=0.7\n",
+         "getStandardBondUseLimit",
+         {"ABC"},
+         "0.8",
+         "2 -abc=0.7 +abc=0.8",
+         "[StandardBondUseLimit]\nabc=0.8\n"},
+        {"[StkExchangeOrderLimit]\nSH-1=1,a\nSH-1,SH-2=3,a\n",
+         "getOrderLimit",
+         {"SH", "1", -1},
+         "4,a",
+         "3 -SH-1,SH-2=3,a +SH-1,SH-2=4,a",
+         "[StkExchangeOrderLimit]\nSH-1=1,a\nSH-1,SH-2=4,a\n"},
+    };
+    for (const auto& row : rows) {
+        const standin::SettingsText text{std::string(row.settings)};
+        const auto found = ttconfig::whyNot(Explainer(text), row.call, row.arguments, Wanted(row.wanted));
+        ASSERT_TRUE(found.edit) << row.settings << found.whyNone;
+        EXPECT_EQ(shown(text, *found.edit), row.edit);
+        EXPECT_EQ(ttconfig::editedText(text, *found.edit), row.edited);
+        EXPECT_EQ(found.whyNone, "");
+    }
+}
+
+TEST(WhyNot, TellsAnEditForTheQuestionAloneWhereTheSmallestReachesFurther) {
+    const standin::SettingsText text(std::string("[setting]\nrenewalpts=15:3;1\n"));
+    const auto found = ttconfig::whyNot(Explainer(text), "getRenewalPts", {12}, Wanted("2"));
+    ASSERT_TRUE(found.edit && found.narrower);
+    EXPECT_EQ(shown(text, *found.edit), "2 -renewalpts=15:3;1 +renewalpts=15:3;2");
+    EXPECT_EQ(found.edit->reach, "every platform that the value does not name");
+    EXPECT_EQ(shown(text, *found.narrower), "2 -renewalpts=15:3;1 +renewalpts=15:3;1;12:2");
+    EXPECT_EQ(found.narrower->reach, "");
+}
+
+TEST(WhyNot, SaysWhyNoEditCan) {
+    const standin::SettingsText text(std::string("[setting]\nneedmaxamount=12\nfinenablebailratio=0.5\n"));
+    const struct {
+        const char* call;
+        Arguments arguments;
+        const char* wanted;
+        const char* why;
+    } rows[] = {
+        {"isNeedMaxAmountPts", {12}, "true", "a local override answers"},
+        {"getFinEnableBailRatio", {12}, "0.5", "always answers so"},
+        {"isBuyOpt", {0}, "false", "always answers so"},
+        {"getDelayPushTime", {}, "31", "only the client"},
+        {"getStockUnit", {"SH", "600000"}, "x", "a rule about the instrument"},
+        {"getTradeMinUnit", {"US", "1"}, "77", "a rule about the instrument"},
+        {"getTradingTime", {"SH"}, "[[1,2]]", "the market-time script"},
+        {"getHgtSgtPriceDiff", {}, " blank in front", "no change of one line"},
+        {"getAllpts", {}, R"({"a":[1],"b":[2]})", "no change of one line"},
+    };
+    for (const auto& row : rows) {
+        const Explainer explainer(text, {{"needmaxamount", false}});
+        const auto found = ttconfig::whyNot(explainer, row.call, row.arguments, Wanted(row.wanted));
+        EXPECT_FALSE(found.edit) << row.call;
+        EXPECT_THAT(found.whyNone, testing::HasSubstr(row.why)) << row.call;
+    }
+}
+
+TEST(WhyNot, SaysThatItIsSoAlready) {
+    const standin::SettingsText text(std::string("[setting]\nneedmaxamount=12\n"));
+    EXPECT_TRUE(ttconfig::whyNot(Explainer(text), "isNeedMaxAmountPts", {12}, Wanted("true")).isSoAlready);
+}
+
+TEST(Wanted, MatchesAnswersAsTheToolShowsThem) {
+    const Answer record = {{"@", 3}, {"fields", {0.5, 1}}};
+    const struct {
+        Answer answer;
+        const char* wanted;
+        bool matches;
+    } rows[] = {
+        {true, "true", true},
+        {true, "1", false},
+        {5, "5", true},
+        {5, "5.0", true},
+        {0.5, "0.5", true},
+        {"x", "x", true},
+        {"x", "\"x\"", true},
+        {"12", "12", true},
+        {nullptr, "none", true},
+        {nullptr, "null", true},
+        {{100, "a"}, "100,a", true},
+        {{100, "a"}, "[100,\"a\"]", true},
+        {{100, "a"}, "[100, \"b\"]", false},
+        {record, "0.5,1", true},
+        {record, "[0.5,1]", true},
+        {record, R"({"fields":[0.5,1]})", true},
+        {record, R"({"@":9,"fields":[0.5,1]})", true},
+        {record, "0.5,2", false},
+        {"", "", true},
+        {Answer::array(), "", true},
+        {Answer::array(), "[]", true},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Wanted(row.wanted).matches(row.answer), row.matches) << row.answer << " " << row.wanted;
+}
+
+}  // namespace

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "ttconfig/commandline.h"
+#include "ttconfig/output.h"
+
+namespace ttconfig {
+
+// Writes the manual page, for the man program, out of the help texts: every subcommand, every option.
+int runManual(const CommandLine& commandLine, Output& output);
+
+}  // namespace ttconfig

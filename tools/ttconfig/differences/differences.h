@@ -1,0 +1,79 @@
+#pragma once
+
+#include <standin/settingstext.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ttconfig/calls/records.h"
+#include "ttconfig/place.h"
+
+namespace ttconfig {
+
+// What an answer is about.
+enum class ChangeTopic {
+    Switch,         // platform switches, by name or as isSomePt("key")
+    PlatformValue,  // values by platform
+    PlatformList,   // credit lists and the ETF broker client, by platform
+    SingleValue,
+    Unit,  // trade units that follow from a single value
+    OrderLimit,
+    BlockTradeLimit,
+    RateLimit,
+    BondLimit,
+    Catalogue,  // algorithm products, types and strategies, the ETF broker client
+    Product,    // subscription fees and combinations of futures products
+    Fund,       // money-market funds, by platform or not
+};
+
+// The topic as a word: "switch", "platform-value", "order-limit", ...
+std::string_view wordOf(ChangeTopic topic);
+
+// One answer that is not the same from the new text as from the old one.
+struct Change {
+    ChangeTopic topic = ChangeTopic::Switch;
+    std::string subject;   // whom it is about: "platform 12", "every other platform", "SH-600000", "product ag"
+    std::string question;  // the operation, and what it takes beside the subject; several operations of one answer with
+                           // a blank between them
+    Answer before;         // as the operation answers, a rate record as the list of its numbers; null where there is no
+                           // record, and where the platform data decides: a code without a row goes by its category
+    Answer after;
+    std::optional<Place> oldPlace;  // of what says it in the old text; none where nothing does
+    std::optional<Place> newPlace;
+    std::optional<int> platform;  // the subject, when that is one platform
+};
+
+using ChangeSink = std::function<void(Change)>;
+
+// Tells every answer that differs between a first load of the one text and a first load of the other: platform by
+// platform what is asked with a platform ID, then single values, limits, catalogues, products and funds. Every other
+// platform is one that neither text names for the setting.
+//
+// With platforms, only what is asked with a platform ID is told, and only of these. A key that nobody knows by name is
+// a switch all the same, asked for as isSomePt("key"); one that is known to hold a value is not. The order in which
+// platforms are listed is no answer: getPts and getAllpts are left out. A category word is asked for as a category, and
+// never as a code.
+void tellDifferences(const standin::SettingsText& oldText, const standin::SettingsText& newText,
+                     const std::vector<int>& platforms, const ChangeSink& tell);
+
+// The same as a list.
+std::vector<Change> differences(const standin::SettingsText& oldText, const standin::SettingsText& newText,
+                                const std::vector<int>& platforms = {});
+
+// "on", "1000000,股", "by category": an answer of the change as a line shows it.
+std::string shownBefore(const Change& change);
+std::string shownAfter(const Change& change);
+
+// " (old:88, new:91)"; empty when neither text says anything about it.
+std::string placesText(const Change& change);
+
+// "platform 12: isNeedMaxAmountPts off → on (old:88, new:91)"
+std::string changeText(const Change& change);
+
+// The change as JSON: topic, subject, platform, question, before, after, old and new place.
+Answer changeJson(const Change& change);
+
+}  // namespace ttconfig

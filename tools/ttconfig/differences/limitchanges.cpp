@@ -1,0 +1,361 @@
+// Changes of limits: answers for which instruments and categories order limits, block trades and rates differ.
+// Doors: tellLimitChanges().
+// Owns: nothing; rows are views into the texts, and their values are read where two of them differ.
+// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencesoracle_test.cpp.
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "traderbase/base/config/internal/limitrows.h"
+#include "traderbase/base/config/internal/markets.h"
+#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/volumelimit.h"
+#include "ttconfig/differences/changesink.h"
+#include "ttconfig/differences/limitwords.h"
+#include "ttconfig/differences/mergedrows.h"
+
+namespace ttconfig {
+
+namespace {
+
+using namespace ttservice::internal;
+using standin::SettingsEntry;
+using standin::SettingsSection;
+using standin::SettingsText;
+
+// --- rows
+
+// One item of a row's key, and the entry it is from. Compared in upper case, without making a copy in upper case.
+struct Row {
+    std::string_view market;
+    std::string_view item;
+    const SettingsEntry* entry;
+
+    Place place() const { return placeInKey(*entry, market); }
+};
+
+char upper(char letter) {
+    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+std::string upperText(std::string_view text) {
+    std::string copy(text);
+    std::transform(copy.begin(), copy.end(), copy.begin(), upper);
+    return copy;
+}
+
+int compareUpper(std::string_view left, std::string_view right) {
+    const std::size_t shared = std::min(left.size(), right.size());
+    for (std::size_t i = 0; i < shared; ++i) {
+        const auto one = static_cast<unsigned char>(upper(left[i]));
+        const auto other = static_cast<unsigned char>(upper(right[i]));
+        if (one != other) return one < other ? -1 : 1;
+    }
+    return left.size() == right.size() ? 0 : (left.size() < right.size() ? -1 : 1);
+}
+
+bool lessRow(const Row& left, const Row& right) {
+    const int atMarket = compareUpper(left.market, right.market);
+    return atMarket != 0 ? atMarket < 0 : compareUpper(left.item, right.item) < 0;
+}
+
+using Rows = std::vector<Row>;
+
+// The entries of a section that have the number of fields that a row of theirs takes.
+void enterRows(const SettingsText& text, const SettingKey& topic, std::size_t fields, Rows& rows) {
+    const SettingsSection* section = text.findSection(topic.section);
+    if (section == nullptr) return;
+    rows.reserve(rows.size() + section->entries.size());
+    for (const SettingsEntry& entry : section->entries) {
+        if (entry.repeated || fieldCount(entry.value) != fields) continue;
+        forEachLimitItem(entry.key, [&](const LimitItem& item) { rows.push_back({item.market, item.item, &entry}); });
+    }
+}
+
+// --- values
+
+// The numbers of a value and its unit word.
+struct RowValue {
+    std::array<double, 14> numbers{};
+    std::size_t count = 0;
+    std::string_view unit;
+};
+
+template <typename Shape>
+RowValue rowValue(std::string_view text, const Shape& shape) {
+    RowValue value;
+    LimitFields<Shape> fields;
+    piecesExactly(text, ',', fields);
+    for (std::size_t i = 0; i < shape.size(); ++i) {
+        if (shape[i] == LimitField::Text) {
+            value.unit = fields[i];
+        } else {
+            value.numbers[value.count++] =
+                shape[i] == LimitField::Integer ? looseInt(fields[i]) : looseDouble(fields[i]);
+        }
+    }
+    return value;
+}
+
+bool sameValue(const RowValue& left, const RowValue& right) {
+    return left.unit == right.unit &&
+           std::equal(left.numbers.begin(), left.numbers.end(), right.numbers.begin(), isSameNumber);
+}
+
+RowValue orderLimitValue(std::string_view text) {
+    return rowValue(text, kOrderLimitRow);
+}
+
+RowValue blockTradeQuantity(std::string_view text) {
+    RowValue value = rowValue(text, kBlockTradeLimitRow);
+    value.numbers[1] = 0;
+    value.count = 1;
+    return value;
+}
+
+RowValue blockTradeAmount(std::string_view text) {
+    const RowValue both = rowValue(text, kBlockTradeLimitRow);
+    RowValue value;
+    value.numbers[0] = both.numbers[1];
+    value.count = 1;
+    return value;
+}
+
+RowValue stockRateValue(std::string_view text) {
+    return rowValue(text, kStockRateRow);
+}
+
+RowValue connectRateValue(std::string_view text) {
+    return rowValue(text, kConnectRateRow);
+}
+
+Answer volumeAnswer(const RowValue& value) {
+    return Answer::array({static_cast<int>(value.numbers[0]), std::string(value.unit)});
+}
+
+Answer amountAnswer(const RowValue& value) {
+    return static_cast<int>(value.numbers[0]);
+}
+
+// The numbers of the record; the last of a stock rate is a whole one.
+Answer ratesAnswer(const RowValue& value) {
+    Answer numbers = Answer::array();
+    for (std::size_t i = 0; i < value.count; ++i)
+        numbers.push_back(value.numbers[i]);
+    if (value.count == kStockRateRow.size()) numbers.back() = static_cast<int>(value.numbers[value.count - 1]);
+    return numbers;
+}
+
+// --- questions
+
+// What is asked of a table.
+struct LimitTopic {
+    ChangeTopic topic;
+    const char* question;
+    LimitWords words;
+    bool asksByCode;              // else by category alone
+    std::string_view neverAsked;  // a market that the question asks under another name
+    RowValue (*value)(std::string_view text);
+    Answer (*answer)(const RowValue& value);
+    RowValue withoutRow;
+};
+
+RowValue volumeWithoutRow() {
+    RowValue value;
+    value.numbers[0] = kLimitWithoutRow;
+    value.count = 1;
+    value.unit = kShares;
+    return value;
+}
+
+RowValue amountWithoutRow() {
+    RowValue value = volumeWithoutRow();
+    value.unit = {};
+    return value;
+}
+
+RowValue ratesWithoutRow(std::size_t count) {
+    RowValue value;
+    value.count = count;
+    return value;
+}
+
+// One table in both texts.
+class LimitChanges {
+public:
+    LimitChanges(const LimitTopic& limitTopic, const Rows& oldRows, const Rows& newRows, const ChangeSink& sink)
+        : topic(limitTopic), before(oldRows), after(newRows), tell(sink) {}
+
+    void tellAll() {
+        mergeRows(before, after, lessRow, [this](const Row& one, const Row* left, const Row* right) {
+            if (left != nullptr && right != nullptr && left->entry->value == right->entry->value) return;
+            compare(one, left, right);
+        });
+    }
+
+private:
+    // What the categories of one market come to, each value once.
+    using CategoryValues = std::vector<RowValue>;
+
+    void compare(const Row& one, const Row* left, const Row* right) {
+        const std::string market = upperText(one.market);
+        const std::string item = upperText(one.item);
+        if (market == topic.neverAsked && !market.empty()) return;
+        if (isWordOf(topic.words, item)) return compareCategory(market, item, left, right);
+        if (topic.asksByCode) compareCode(market, item, left, right);
+    }
+
+    // A category that no instrument of the market goes by is never asked for.
+    void compareCategory(const std::string& market, const std::string& word, const Row* left, const Row* right) {
+        const std::vector<std::string_view>& words = topic.words(market);
+        if (std::find(words.begin(), words.end(), word) == words.end()) return;
+        const RowValue old = valueOf(left);
+        const RowValue now = valueOf(right);
+        if (!sameValue(old, now)) change(market, word, topic.answer(old), topic.answer(now), left, right);
+    }
+
+    // Without a row of its own the code goes by its category, which is for the platform data to say.
+    void compareCode(const std::string& market, const std::string& code, const Row* left, const Row* right) {
+        if (left != nullptr && right != nullptr) {
+            const RowValue old = valueOf(left);
+            const RowValue now = valueOf(right);
+            if (!sameValue(old, now)) change(market, code, topic.answer(old), topic.answer(now), left, right);
+            return;
+        }
+        enterMarket(market);
+        const CategoryValues& others = left == nullptr ? oldCategories : newCategories;
+        const RowValue own = valueOf(left == nullptr ? right : left);
+        if (others.size() == 1 && sameValue(own, others.front())) return;
+        const Answer byCategory = others.size() == 1 ? topic.answer(others.front()) : Answer();
+        if (left == nullptr) {
+            change(market, code, byCategory, topic.answer(own), left, right);
+        } else {
+            change(market, code, topic.answer(own), byCategory, left, right);
+        }
+    }
+
+    RowValue valueOf(const Row* row) const {
+        return row == nullptr ? topic.withoutRow : topic.value(row->entry->value);
+    }
+
+    // Codes come market by market: the categories are looked up once for each.
+    void enterMarket(const std::string& market) {
+        if (!oldCategories.empty() && market == categoriesOf) return;
+        categoriesOf = market;
+        oldCategories = categoryValues(before, market);
+        newCategories = categoryValues(after, market);
+    }
+
+    CategoryValues categoryValues(const Rows& rows, const std::string& market) const {
+        CategoryValues values;
+        for (const std::string_view word : topic.words(market)) {
+            const Row wanted{market, word, nullptr};
+            const auto found = std::lower_bound(rows.begin(), rows.end(), wanted, lessRow);
+            const bool isThere = found != rows.end() && !lessRow(wanted, *found);
+            const RowValue value = valueOf(isThere ? &*found : nullptr);
+            const auto same = [&value](const RowValue& known) { return sameValue(known, value); };
+            if (std::none_of(values.begin(), values.end(), same)) values.push_back(value);
+        }
+        return values;
+    }
+
+    void change(const std::string& market, const std::string& item, Answer old, Answer now, const Row* left,
+                const Row* right) const {
+        Change found;
+        found.topic = topic.topic;
+        found.subject = market + '-' + item;
+        found.question = topic.question;
+        found.before = std::move(old);
+        found.after = std::move(now);
+        if (left != nullptr) found.oldPlace = left->place();
+        if (right != nullptr) found.newPlace = right->place();
+        tell(std::move(found));
+    }
+
+    const LimitTopic& topic;
+    const Rows& before;
+    const Rows& after;
+    const ChangeSink& tell;
+    std::string categoriesOf;
+    CategoryValues oldCategories;
+    CategoryValues newCategories;
+};
+
+// --- tables
+
+// The sections that make one table, and the questions that are answered from it.
+void tellTable(const TextPair& texts, const std::vector<const SettingKey*>& sections, std::size_t fields,
+               const std::vector<LimitTopic>& topics, const ChangeSink& tell) {
+    if (std::all_of(sections.begin(), sections.end(),
+                    [&texts](const SettingKey* section) { return haveSameEntries(texts, section->section); })) {
+        return;
+    }
+    Rows before;
+    Rows after;
+    for (const SettingKey* section : sections) {
+        enterRows(texts.before, *section, fields, before);
+        enterRows(texts.after, *section, fields, after);
+    }
+    keepLastOfEqual(before, lessRow);
+    keepLastOfEqual(after, lessRow);
+    for (const LimitTopic& topic : topics)
+        LimitChanges(topic, before, after, tell).tellAll();
+}
+
+}  // namespace
+
+void tellLimitChanges(const TextPair& texts, const ChangeSink& tell) {
+    tellTable(texts, {&keys::orderLimits, &keys::connectShanghaiOrderLimits, &keys::connectShenzhenOrderLimits},
+              kOrderLimitRow.size(),
+              {{ChangeTopic::OrderLimit,
+                "getOrderLimit",
+                orderLimitWords,
+                true,
+                {},
+                orderLimitValue,
+                volumeAnswer,
+                volumeWithoutRow()}},
+              tell);
+    // By category alone: a code's own row is never looked for.
+    tellTable(texts, {&keys::blockTradeLimits}, kBlockTradeLimitRow.size(),
+              {{ChangeTopic::BlockTradeLimit,
+                "getDazongOrderNumLimit",
+                blockTradeQuantityWords,
+                false,
+                {},
+                blockTradeQuantity,
+                volumeAnswer,
+                volumeWithoutRow()},
+               {ChangeTopic::BlockTradeLimit,
+                "getDazongOrderTradeAmountLimit",
+                blockTradeAmountWords,
+                false,
+                {},
+                blockTradeAmount,
+                amountAnswer,
+                amountWithoutRow()}},
+              tell);
+    tellTable(texts, {&keys::stockRates}, kStockRateRow.size(),
+              {{ChangeTopic::RateLimit,
+                "getRateLimitPtr",
+                stockRateWords,
+                true,
+                {},
+                stockRateValue,
+                ratesAnswer,
+                ratesWithoutRow(kStockRateRow.size())}},
+              tell);
+    // Whoever asks the connects for HK is answered from HGT and from SGT.
+    tellTable(texts, {&keys::connectShanghaiRates}, kConnectRateRow.size(),
+              {{ChangeTopic::RateLimit, "getHGTExchangeRateLimitPtr", shanghaiConnectRateWords, true, markets::kHk,
+                connectRateValue, ratesAnswer, ratesWithoutRow(kConnectRateRow.size())}},
+              tell);
+    tellTable(texts, {&keys::connectShenzhenRates}, kConnectRateRow.size(),
+              {{ChangeTopic::RateLimit, "getSgtExchangeRateLimitPtr", shenzhenConnectRateWords, true, markets::kHk,
+                connectRateValue, ratesAnswer, ratesWithoutRow(kConnectRateRow.size())}},
+              tell);
+}
+
+}  // namespace ttconfig

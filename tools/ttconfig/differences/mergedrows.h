@@ -1,0 +1,38 @@
+#pragma once
+
+#include <algorithm>
+#include <vector>
+
+namespace ttconfig {
+
+// Sorts rows and leaves of equal ones the first, or the last, in the order in which they were entered.
+template <typename Row, typename Less>
+void keepFirstOfEqual(std::vector<Row>& rows, Less less) {
+    std::stable_sort(rows.begin(), rows.end(), less);
+    const auto end = std::unique(rows.begin(), rows.end(),
+                                 [&less](const Row& left, const Row& right) { return !less(left, right); });
+    rows.erase(end, rows.end());
+}
+
+template <typename Row, typename Less>
+void keepLastOfEqual(std::vector<Row>& rows, Less less) {
+    std::reverse(rows.begin(), rows.end());
+    keepFirstOfEqual(rows, less);
+}
+
+// Walks two sorted tables together: sink(row, old row, new row), null where a table has none; the first is one of the
+// others.
+template <typename Row, typename Less, typename Sink>
+void mergeRows(const std::vector<Row>& before, const std::vector<Row>& after, Less less, Sink&& sink) {
+    auto left = before.begin();
+    auto right = after.begin();
+    while (left != before.end() || right != after.end()) {
+        const bool noRight = right == after.end() || (left != before.end() && less(*left, *right));
+        const bool noLeft = left == before.end() || (!noRight && less(*right, *left));
+        sink(noLeft ? *right : *left, noLeft ? nullptr : &*left, noRight ? nullptr : &*right);
+        if (!noLeft) ++left;
+        if (!noRight) ++right;
+    }
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,220 @@
+// Changes of named rows: answers for which bonds and futures products the numbers and groups differ.
+// Doors: tellBondChanges(), tellProductChanges().
+// Owns: nothing.
+// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencesoracle_test.cpp.
+
+#include <algorithm>
+#include <array>
+#include <locale>
+#include <utility>
+
+#include "traderbase/base/config/internal/limitrows.h"
+#include "traderbase/base/config/internal/producttables.h"
+#include "traderbase/base/config/internal/strictnumbers.h"
+#include "ttconfig/differences/changesink.h"
+#include "ttconfig/differences/mergedrows.h"
+#include "ttconfig/reasons/creditfacts.h"
+
+namespace ttconfig {
+
+namespace {
+
+using namespace ttservice::internal;
+using standin::SettingsEntry;
+using standin::SettingsText;
+
+// --- a number for each name: found as written and in upper case, the first that comes to a name counts
+
+// Upper case as the store has it: that of the process's global locale.
+const std::array<char, 256>& upperLetters() {
+    static const std::array<char, 256> kLetters = [] {
+        std::array<char, 256> letters{};
+        const std::locale locale;
+        for (std::size_t i = 0; i < letters.size(); ++i)
+            letters[i] = std::toupper(static_cast<char>(static_cast<unsigned char>(i)), locale);
+        return letters;
+    }();
+    return kLetters;
+}
+
+char upper(char letter) {
+    return upperLetters()[static_cast<unsigned char>(letter)];
+}
+
+// A name, and the entry that it is from. Many of them are held, so the name in upper case is not.
+struct NumberOf {
+    const SettingsEntry* entry;
+    bool isUpper;
+
+    char letter(std::size_t place) const { return isUpper ? upper(entry->key[place]) : entry->key[place]; }
+
+    std::string name() const {
+        std::string text(entry->key);
+        if (isUpper) std::transform(text.begin(), text.end(), text.begin(), upper);
+        return text;
+    }
+};
+
+bool lessName(const NumberOf& left, const NumberOf& right) {
+    const std::size_t shared = std::min(left.entry->key.size(), right.entry->key.size());
+    for (std::size_t i = 0; i < shared; ++i) {
+        const auto one = static_cast<unsigned char>(left.letter(i));
+        const auto other = static_cast<unsigned char>(right.letter(i));
+        if (one != other) return one < other;
+    }
+    return left.entry->key.size() < right.entry->key.size();
+}
+
+std::vector<NumberOf> numberTable(const SettingsText& text, std::string_view sectionName) {
+    std::vector<NumberOf> rows;
+    const auto* section = text.findSection(sectionName);
+    if (section == nullptr) return rows;
+    const auto isLower = [](char letter) { return upper(letter) != letter; };
+    rows.reserve(2 * section->entries.size());
+    for (const SettingsEntry& entry : section->entries) {
+        if (entry.repeated) continue;
+        rows.push_back({&entry, false});
+        if (std::any_of(entry.key.begin(), entry.key.end(), isLower)) rows.push_back({&entry, true});
+    }
+    keepFirstOfEqual(rows, lessName);
+    return rows;
+}
+
+// A section of numbers, and how they are asked for.
+struct NumberTopic {
+    ChangeTopic topic;
+    const SettingKey& key;
+    const char* subject;
+    const char* question;
+    double missing;  // of a name that has no row, and of a value that is no number
+};
+
+double numberOf(const NumberTopic& topic, const NumberOf* row) {
+    return row == nullptr ? topic.missing : strictDouble(row->entry->value).value_or(topic.missing);
+}
+
+void tellNumbers(const TextPair& texts, const NumberTopic& topic, const ChangeSink& tell) {
+    if (haveSameEntries(texts, topic.key.section)) return;
+    const auto before = numberTable(texts.before, topic.key.section);
+    const auto after = numberTable(texts.after, topic.key.section);
+    mergeRows(before, after, lessName, [&](const NumberOf& one, const NumberOf* left, const NumberOf* right) {
+        if (left != nullptr && right != nullptr && left->entry->value == right->entry->value) return;
+        const double old = numberOf(topic, left);
+        const double now = numberOf(topic, right);
+        if (isSameNumber(old, now)) return;
+        Change change;
+        change.topic = topic.topic;
+        change.subject = std::string(topic.subject).append(" ").append(one.name());
+        change.question = topic.question;
+        change.before = old;
+        change.after = now;
+        if (left != nullptr) change.oldPlace = keyPlace(*left->entry);
+        if (right != nullptr) change.newPlace = keyPlace(*right->entry);
+        tell(std::move(change));
+    });
+}
+
+// --- the fixed-income platform
+
+// The members of the record, as it is answered; null without one.
+Answer fixedIncomeAnswer(std::string_view value) {
+    LimitFields<decltype(kFixedIncomeRow)> fields;
+    if (!piecesExactly(value, ',', fields)) return nullptr;
+    Answer record = {{"doubleValue", looseDouble(fields[0])}};
+    for (std::size_t i = 1; i < fields.size(); ++i)
+        record["intValue" + std::to_string(i)] = looseInt(fields[i]);
+    return record;
+}
+
+bool isSameRecord(const Answer& left, const Answer& right) {
+    if (left.is_null() || right.is_null()) return left.is_null() == right.is_null();
+    if (!isSameNumber(left["doubleValue"].get<double>(), right["doubleValue"].get<double>())) return false;
+    return std::equal(std::next(left.begin()), left.end(), std::next(right.begin()), right.end());
+}
+
+void tellFixedIncome(const TextPair& texts, const ChangeSink& tell) {
+    for (const FixedIncomeKey& row : kFixedIncomeKeys) {
+        const EntryPair entries = entriesOf(texts, *row.key);
+        if (entries.sayTheSame()) continue;
+        Change change;
+        change.topic = ChangeTopic::BondLimit;
+        change.before = fixedIncomeAnswer(entries.oldValue());
+        change.after = fixedIncomeAnswer(entries.newValue());
+        if (isSameRecord(change.before, change.after)) continue;
+        change.subject = "bond trade type " + std::to_string(row.bondTradeType);
+        change.question = "getSHFixIncomeLimit";
+        change.oldPlace = entries.oldPlace();
+        change.newPlace = entries.newPlace();
+        tell(std::move(change));
+    }
+}
+
+// --- combinations whose margin is charged once
+
+// A further product of a group, and the group's first.
+struct Grouped {
+    std::string_view product;
+    std::string_view first;
+    Place place;
+};
+
+bool lessProduct(const Grouped& left, const Grouped& right) {
+    return left.product < right.product;
+}
+
+std::vector<Grouped> groupedProducts(const SettingsText& text) {
+    std::vector<Grouped> grouped;
+    const auto* section = text.findSection(keys::combinations.section);
+    if (section == nullptr) return grouped;
+    for (const SettingsEntry& entry : section->entries) {
+        if (entry.repeated) continue;
+        for (const auto& group : productGroups(entry.value)) {
+            for (std::size_t i = 1; i < group.size(); ++i)
+                grouped.push_back({group[i], group.front(), placeInValue(entry, group[i])});
+        }
+    }
+    keepFirstOfEqual(grouped, lessProduct);
+    return grouped;
+}
+
+void tellCombinations(const TextPair& texts, const ChangeSink& tell) {
+    if (haveSameEntries(texts, keys::combinations.section)) return;
+    const auto before = groupedProducts(texts.before);
+    const auto after = groupedProducts(texts.after);
+    mergeRows(before, after, lessProduct, [&tell](const Grouped& one, const Grouped* left, const Grouped* right) {
+        // A product that is in no group stands for itself, as the first of a group does.
+        const std::string_view product = one.product;
+        const std::string_view old = left != nullptr ? left->first : product;
+        const std::string_view now = right != nullptr ? right->first : product;
+        if (old == now) return;
+        Change change;
+        change.topic = ChangeTopic::Product;
+        change.subject = "product " + std::string(product);
+        change.question = "getSingleMarginProductName";
+        change.before = std::string(old);
+        change.after = std::string(now);
+        if (left != nullptr) change.oldPlace = left->place;
+        if (right != nullptr) change.newPlace = right->place;
+        tell(std::move(change));
+    });
+}
+
+}  // namespace
+
+void tellBondChanges(const TextPair& texts, const ChangeSink& tell) {
+    tellFixedIncome(texts, tell);
+    tellNumbers(texts,
+                {ChangeTopic::BondLimit, keys::standardBondUse, "bond", "getStandardBondUseLimit",
+                 valueWhenMissing<double>(keys::standardBondUse)},
+                tell);
+}
+
+void tellProductChanges(const TextPair& texts, const ChangeSink& tell) {
+    tellNumbers(texts,
+                {ChangeTopic::Product, keys::subscriptionFees, "product", "getSubFee",
+                 valueWhenMissing<double>(keys::subscriptionFees)},
+                tell);
+    tellCombinations(texts, tell);
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,102 @@
+// Changes of single values: answers which of them differ, and which trade units with them.
+// Doors: tellSingleValueChanges().
+// Owns: nothing; which operations answer from which key is said in the key catalogue.
+// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencesoracle_test.cpp.
+
+#include <utility>
+
+#include "traderbase/base/config/internal/markets.h"
+#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/splitting.h"
+#include "traderbase/base/config/internal/strictnumbers.h"
+#include "ttconfig/differences/changesink.h"
+
+namespace ttconfig {
+
+namespace {
+
+using namespace ttservice::internal;
+
+constexpr std::string_view kMainSection = "setting";
+
+int integerOf(const SettingKey& key, std::string_view value) {
+    return strictInt(value).value_or(valueWhenMissing<int>(key));
+}
+
+// What the operations that feed on the key alone answer.
+Answer answerOf(const SettingKey& key, std::string_view value) {
+    switch (key.grammar) {
+        case ValueGrammar::Flag:
+            return integerOf(key, value) == 1;
+        case ValueGrammar::Integer:
+            return integerOf(key, value);
+        default:
+            return std::string(value);
+    }
+}
+
+bool isSingleValue(const SettingKey& key) {
+    return key.grammar == ValueGrammar::Flag || key.grammar == ValueGrammar::Integer ||
+           key.grammar == ValueGrammar::Text;
+}
+
+// The market whose new bond rules the key switches on; empty for every other key.
+std::string_view bondMarket(const SettingKey& key) {
+    if (key.key == keys::shangHaiNewBondRules.key) return markets::kSh;
+    if (key.key == keys::shenZhenNewBondRules.key) return markets::kSz;
+    return {};
+}
+
+// The two switches on which units depend: one names the rules that hold, the other is a unit at once.
+Change unitChange(const SettingKey& key, Change change) {
+    const bool before = change.before == true;
+    change.topic = ChangeTopic::Unit;
+    change.question = "getTradeMinUnit getUiMinUnit";
+    const std::string_view market = bondMarket(key);
+    if (!market.empty()) {
+        change.subject = "bonds of the new rules on " + std::string(market);
+        change.before = before ? "by the new bond rules" : "by the rules for all bonds";
+        change.after = before ? "by the rules for all bonds" : "by the new bond rules";
+    } else {
+        change.subject = "new shares and additional issues on SH";
+        change.before = before ? 500 : 1000;
+        change.after = before ? 1000 : 500;
+    }
+    return change;
+}
+
+void tellValue(const SettingKey& key, const Change& change, const ChangeSink& tell) {
+    bool feedsUnits = false;
+    splitDropEmpty(key.feeds, ' ', [&](std::string_view operation) {
+        if (operation == "getTradeMinUnit" || operation == "getUiMinUnit") {
+            feedsUnits = true;
+            return;
+        }
+        Change found = change;
+        found.question = operation;
+        if (operation == "useNewBondRules") found.question.append(" ").append(bondMarket(key));
+        tell(std::move(found));
+    });
+    if (feedsUnits) tell(unitChange(key, change));
+}
+
+}  // namespace
+
+void tellSingleValueChanges(const TextPair& texts, const ChangeSink& tell) {
+    for (const SettingKey& key : kSettingKeys) {
+        if (!isSingleValue(key) || key.key == "*") continue;
+        const EntryPair entries = entriesOf(texts, key);
+        Change change;
+        change.topic = ChangeTopic::SingleValue;
+        change.before = answerOf(key, entries.oldValue());
+        change.after = answerOf(key, entries.newValue());
+        if (change.before == change.after) continue;
+        change.subject = key.section == kMainSection ? std::string(key.key)
+                                                     : "[" + std::string(key.section) + "] " + std::string(key.key);
+        change.oldPlace = entries.oldPlace();
+        change.newPlace = entries.newPlace();
+        tellValue(key, change, tell);
+    }
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "ttconfig/findings/rules.h"
+
+namespace ttconfig {
+
+// What can be wrong with the characters of a piece of text, whatever the piece is for.
+struct Cause {
+    RuleId rule;
+    std::string_view where;  // the characters, a part of the piece
+    std::string what;        // in words, such as "a no-break space stands here"
+};
+
+// Whether full-width characters are as good as any others: in labels that people read they are.
+enum class FullWidth { Wrong, Fine };
+
+// The first thing that is wrong with the characters of a piece; nothing for most pieces.
+std::optional<Cause> causeIn(std::string_view piece, FullWidth fullWidth = FullWidth::Wrong);
+
+// Whether the text has only visible ASCII characters, so that there is no cause in any piece of it.
+bool isPlain(std::string_view text);
+
+// The length of the UTF-8 character at the start of a text that is not empty; 0 when there is none, but some other
+// byte.
+std::size_t utf8Length(std::string_view text);
+
+}  // namespace ttconfig

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "ttconfig/place.h"
+
+namespace ttconfig {
+
+// How much a finding weighs: something worth knowing, something that most likely says else than was meant, and
+// something that is wrong whatever was meant.
+enum class Severity { Note, Warning, Error };
+
+// "note", "warning" or "error".
+std::string_view severityWord(Severity severity);
+
+// One place of a settings file that says something else than its author will have meant.
+struct Finding {
+    std::string_view rule;  // the id of a row of rules.def; it lives as long as the program
+    Severity severity = Severity::Warning;
+    Place place;
+    std::uint32_t length = 0;      // how many bytes from there on it is about; 0 where nothing is written
+    std::string message;           // one line of UTF-8
+    std::optional<Place> related;  // the other place that the message names
+};
+
+}  // namespace ttconfig

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "ttconfig/findings/finding.h"
+
+namespace ttconfig {
+
+// The rules of rules.def. A rule's number is its place there, from 0.
+enum class RuleId : std::uint16_t {
+#define TT_CHECK_RULE(id, name, severity, title, explanation) id,
+#include "ttconfig/findings/rules.def"
+};
+
+struct Rule {
+    std::string_view name;
+    Severity severity;
+    std::string_view title;
+    std::string_view explanation;
+};
+
+inline constexpr Rule kRules[] = {
+#define TT_CHECK_RULE(id, name, severity, title, explanation) {name, Severity::severity, title, explanation},
+#include "ttconfig/findings/rules.def"
+};
+
+inline constexpr std::size_t kRuleCount = sizeof(kRules) / sizeof(kRules[0]);
+
+constexpr const Rule& ruleOf(RuleId id) {
+    return kRules[static_cast<std::size_t>(id)];
+}
+
+// The number of the rule of that name; throws Fault for a usage error that names the nearest rule when there is none.
+std::size_t requireRule(std::string_view name);
+
+// The rule as `check --explain` shows it, and all of them as the reference page.
+std::string ruleText(const Rule& rule);
+std::string rulesText();
+std::string rulesPage();
+
+}  // namespace ttconfig

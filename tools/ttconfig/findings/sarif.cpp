@@ -1,0 +1,95 @@
+// SARIF: answers how findings are written for programs that gather those of many tools.
+// Doors: SarifWriter, uriOf().
+// Owns: nothing.
+// Covered by tests/tools/ttconfig/findings/sarif_test.cpp.
+
+#include "ttconfig/findings/sarif.h"
+
+#include <fmt/format.h>
+
+#include <unordered_map>
+
+#include "ttconfig/findings/rules.h"
+#include "ttconfig/text/answertext.h"
+
+namespace ttconfig {
+
+namespace {
+
+std::size_t ruleNumber(std::string_view name) {
+    static const std::unordered_map<std::string_view, std::size_t> kNumbers = [] {
+        std::unordered_map<std::string_view, std::size_t> numbers;
+        for (std::size_t number = 0; number < kRuleCount; ++number)
+            numbers.emplace(kRules[number].name, number);
+        return numbers;
+    }();
+    return kNumbers.at(name);
+}
+
+Answer ruleObject(const Rule& rule, Severity severity) {
+    return {{"id", rule.name},
+            {"shortDescription", {{"text", rule.title}}},
+            {"fullDescription", {{"text", rule.explanation}}},
+            {"help", {{"text", ruleText(rule)}}},
+            {"defaultConfiguration", {{"level", severityWord(severity)}}}};
+}
+
+Answer location(const std::string& uri, const Answer& region) {
+    return {{"physicalLocation", {{"artifactLocation", {{"uri", uri}}}, {"region", region}}}};
+}
+
+bool isPlainInUri(char c) {
+    const bool isWord = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+    return isWord || c == '-' || c == '.' || c == '_' || c == '~' || c == '/';
+}
+
+}  // namespace
+
+std::string uriOf(std::string_view path) {
+    std::string uri = path.substr(0, 1) == "/" ? "file://" : "";
+    for (const char c : path)
+        uri += isPlainInUri(c) ? std::string(1, c) : fmt::format("%{:02X}", static_cast<unsigned char>(c));
+    return uri;
+}
+
+void SarifWriter::begin() {
+    Answer rules = Answer::array();
+    for (std::size_t number = 0; number < kRuleCount; ++number)
+        rules.push_back(ruleObject(kRules[number], severities[number]));
+    const Answer driver = {{"name", "ttconfig"}, {"version", TTCONFIG_VERSION}, {"rules", rules}};
+    write(
+        "{\"version\":\"2.1.0\",\"$schema\":\"https://json.schemastore.org/sarif-2.1.0.json\",\"runs\":[{"
+        "\"columnKind\":\"utf16CodeUnits\",\"tool\":{\"driver\":" +
+        answerJson(driver) + "},\"results\":[");
+}
+
+void SarifWriter::beginFile(const std::string& path, const standin::SettingsText& text) {
+    uri = uriOf(path);
+    columns.emplace(text);
+}
+
+void SarifWriter::add(const Finding& finding) {
+    const Answer region = {{"startLine", finding.place.line},
+                           {"startColumn", columns->column(finding.place)},
+                           {"endColumn", columns->column(finding.place, finding.length)}};
+    Answer result = {{"ruleId", finding.rule},
+                     {"ruleIndex", ruleNumber(finding.rule)},
+                     {"level", severityWord(finding.severity)},
+                     {"message", {{"text", finding.message}}},
+                     {"locations", Answer::array({location(uri, region)})}};
+    if (finding.related) {
+        Answer other =
+            location(uri, {{"startLine", finding.related->line}, {"startColumn", columns->column(*finding.related)}});
+        other["message"] = {{"text", "the other place"}};
+        result["relatedLocations"] = Answer::array({other});
+    }
+    write(any ? ",\n" : "\n");
+    write(answerJson(result));
+    any = true;
+}
+
+void SarifWriter::end() {
+    write("\n]}]}\n");
+}
+
+}  // namespace ttconfig

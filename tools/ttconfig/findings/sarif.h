@@ -1,0 +1,33 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "ttconfig/findings/findingwriters.h"
+#include "ttconfig/findings/textcolumns.h"
+
+namespace ttconfig {
+
+// One SARIF 2.1.0 log with one run. Columns count UTF-16 code units.
+class SarifWriter : public FindingWriter {
+public:
+    // The rules' severities, as options have left them.
+    SarifWriter(Output& target, std::vector<Severity> ruleSeverities)
+        : FindingWriter(target), severities(std::move(ruleSeverities)) {}
+
+    void begin() override;
+    void beginFile(const std::string& path, const standin::SettingsText& text) override;
+    void add(const Finding& finding) override;
+    void end() override;
+
+private:
+    const std::vector<Severity> severities;
+    std::string uri;
+    std::optional<TextColumns> columns;
+    bool any = false;
+};
+
+// A path as the reference part of a URI: every byte but letters, digits and a few signs as %XX.
+std::string uriOf(std::string_view path);
+
+}  // namespace ttconfig

@@ -1,0 +1,99 @@
+// Reasons of what no settings file decides: what the client sets, what never changes, and the market-time script.
+// Doors: addClientReasons().
+// Owns: nothing.
+// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+
+#include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/markettimescript.h"
+#include "traderbase/base/config/internal/plainvalues.h"
+#include "ttconfig/reasons/explainedcalls.h"
+#include "ttconfig/reasons/telling.h"
+#include "ttconfig/text/showntext.h"
+
+namespace ttconfig {
+
+namespace {
+
+using ttservice::ConfigCollector;
+using ttservice::internal::RuntimeValues;
+using ttservice::internal::SingleValues;
+
+// --- values that the client sets
+
+template <typename Value>
+void addRunTime(ExplainedCalls& calls, const char* call, Value RuntimeValues::*member, const char* setter) {
+    calls.add(call, {[member, setter](const Question&) {
+                         return decided(
+                             RuntimeValues().*member, Reason::RunTime,
+                             std::string("only the client sets it, by ") + setter + "; a new store has this");
+                     },
+                     {}});
+}
+
+Explanation explainRateType(const Question& /*question*/) {
+    const RuntimeValues values;
+    return decided(values.hkUseCustRate ? values.hkRateType : -1, Reason::RunTime,
+                   "only the client sets it, by setHKUseCustRate and setHKRateType; -1 is without the customer's rate");
+}
+
+Explanation explainPermission(const Question& question) {
+    return decided(
+        0, Reason::RunTime,
+        "only the client sets permissions, by setSplitPermission; it has set none for " + shownText(question.text(0)));
+}
+
+Explanation explainPath(const Question& question) {
+    return decided(question.facts.settingsPath, Reason::RunTime, "the path that the client gave to the last load");
+}
+
+// --- fixed answers
+
+template <typename Value>
+void addFixed(ExplainedCalls& calls, const char* call, const Value& value, const char* rule) {
+    calls.add(call, {[value, rule](const Question&) { return decided(value, Reason::Fixed, rule); }, {}});
+}
+
+Explanation explainSecondFromGmt(const Question& question) {
+    return decided(ConfigCollector::getSecondFromGMT(question.number(0)), Reason::Fixed,
+                   "the remainder by a day of 86400 seconds, and eight hours");
+}
+
+// --- trading times
+
+// The store takes the sessions from the script when it is built, and no settings file changes them.
+Explanation explainTradingTime(const Question& question) {
+    const auto sessions = ConfigCollector::instance()->getTradingTime(question.text(0));
+    const std::string script = ttservice::internal::kMarketTimeScript;
+    return decided(sessions, Reason::Script,
+                   script + (sessions.empty() ? " gives no sessions to market " : " gives the sessions of market ") +
+                       shownText(question.text(0)));
+}
+
+}  // namespace
+
+void addClientReasons(ExplainedCalls& calls) {
+    addRunTime(calls, "hasAutoSplitOrderAuth", &RuntimeValues::autoSplitOrderAuth, "setAutoSplitOrderAuth");
+    addRunTime(calls, "getDelayPushTime", &RuntimeValues::delayPushTime, "setDelayPushTime");
+    addRunTime(calls, "isNeedDelayPushExternOrder", &RuntimeValues::needDelayPushExternOrder,
+               "setNeedDelayPushExternOrder");
+    addRunTime(calls, "isNeedRemoveExportFile", &RuntimeValues::needRemoveExportFile, "setNeedRemoveExportFile");
+    addRunTime(calls, "isGadrafClientMode", &RuntimeValues::gadrafClientMode, "setGadrafClientMode");
+    addRunTime(calls, "isNeedCalcAccountDetail", &RuntimeValues::needCalcAccountDetail, "setNoNeedCalcAccountDetail");
+    addRunTime(calls, "useOrderIdFunction", &RuntimeValues::useOrderIdFunction, "setUseOrderIdFunction");
+    addRunTime(calls, "getHideModel", &RuntimeValues::hideModel, "setHideModel");
+    addRunTime(calls, "getLocalDiskPathHash", &RuntimeValues::localDiskPathHash, "setLocalDiskPathHash");
+    addRunTime(calls, "getLocalInfoFormat", &RuntimeValues::localInfoFormat, "setLocalInfoFormat");
+    addRunTime(calls, "getQeTsConfigStr", &RuntimeValues::qeTsConfig, "setQeTsConfig");
+    calls.add("getHKUseCustRateType", {explainRateType, {}});
+    calls.add("getMaxPermission", {explainPermission, {}});
+    calls.add("getOriginalStr", {explainPath, {}});
+
+    addFixed(calls, "getUseNewIPOFrozenCalcMethod", true, "always so");
+    addFixed(calls, "isCrtFundTransferUseCreditDetail", true, "always so, for every platform");
+    addFixed(calls, "isNeedUseETFOneCode", SingleValues().etfOneCode, "no load reads it");
+    addFixed(calls, "getQuoterAdress", SingleValues().quoterAddress, "nothing sets it");
+    calls.add("getSecondFromGMT", {explainSecondFromGmt, {}});
+    calls.add("getTradingTime", {explainTradingTime, {}});
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <standin/settingstext.h>
+
+#include <cstddef>
+#include <map>
+#include <vector>
+
+#include "traderbase/base/config/internal/creditlists.h"
+#include "traderbase/base/config/internal/settingkeys.h"
+#include "ttconfig/place.h"
+
+namespace ttconfig {
+
+struct ConcentrationFact {
+    ttservice::internal::ConcentrationEntry entry;
+    Place place;
+};
+
+// The concentration ratios: entries in the order written, and the one that counts for each platform.
+struct ConcentrationFacts {
+    const standin::SettingsEntry* entry = nullptr;
+    std::vector<ConcentrationFact> items;
+    std::map<int, std::size_t> byPlatform;
+};
+
+struct CollateralSaleFact {
+    ttservice::internal::CreditEntry entry;
+    Place place;
+};
+
+// The codes whose sale repays debt: entries in the order written; those of one platform add up.
+struct CollateralSaleFacts {
+    const standin::SettingsEntry* entry = nullptr;
+    std::vector<CollateralSaleFact> items;
+    std::map<int, std::vector<std::size_t>> byPlatform;
+};
+
+ConcentrationFacts concentrationFacts(const standin::SettingsText& text);
+CollateralSaleFacts collateralSaleFacts(const standin::SettingsText& text);
+
+// The rows of the fixed-income platform, each with its bond trade type.
+struct FixedIncomeKey {
+    const ttservice::internal::SettingKey* key;
+    int bondTradeType;
+};
+
+inline constexpr FixedIncomeKey kFixedIncomeKeys[] = {
+    {&ttservice::internal::keys::shFixIncome, 2},
+    {&ttservice::internal::keys::shLoanClickDeal, 3},
+    {&ttservice::internal::keys::shLoanEnquiryDeal, 4},
+    {&ttservice::internal::keys::shLoanBidDeal, 5},
+};
+
+}  // namespace ttconfig

@@ -1,0 +1,236 @@
+// Reasons of the credit lists: which entry gives a platform its ratios, and which says that a sale repays debt.
+// Doors: addCreditReasons().
+// Owns: nothing.
+// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+
+#include <algorithm>
+
+#include "traderbase/base/config/internal/strictnumbers.h"
+#include "ttconfig/reasons/explainedcalls.h"
+#include "ttconfig/reasons/telling.h"
+#include "ttconfig/text/showntext.h"
+
+namespace ttconfig {
+
+namespace {
+
+namespace internal = ttservice::internal;
+namespace keys = ttservice::internal::keys;
+using internal::CreditEntryKind;
+using internal::SettingKey;
+
+std::string entryName(const internal::CreditEntry& entry) {
+    return "the entry " + shownText(entry.text);
+}
+
+std::string joined(const std::vector<std::string>& entries, const char* separator) {
+    std::string text;
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        text += (i == 0 ? "" : separator) + entries[i];
+    return text;
+}
+
+// An entry added to the key's value, or the value when there is none.
+void suggestEntry(const Question& question, const SettingKey& key, const std::string& entry, Edits& edits) {
+    const standin::SettingsEntry* row = entryOf(question, key);
+    if (row == nullptr || row->value.empty()) {
+        edits.setValue(key, entry);
+        return;
+    }
+    const std::string value(row->value);
+    edits.setValue(*row, value + ";" + entry);
+    if (value.back() == ';') edits.setValue(*row, value + entry);
+}
+
+// The value without the entries of the platform.
+template <typename Facts>
+void suggestWithoutPlatform(const Facts& facts, int platform, Edits& edits) {
+    std::vector<std::string> kept;
+    for (const auto& item : facts.items) {
+        if (item.entry.kind != CreditEntryKind::Entry || item.entry.platform != platform) {
+            kept.emplace_back(item.entry.text);
+        }
+    }
+    edits.setValue(*facts.entry, joined(kept, ";"));
+}
+
+// --- concentration ratios
+
+Answer ratiosAnswer(bool isListed, double first, double second) {
+    return {isListed, first, second};
+}
+
+// Entries of the platform that do not count.
+void addConcentrations(const ConcentrationFacts& facts, int platform, Explanation& explanation) {
+    const auto found = facts.byPlatform.find(platform);
+    for (std::size_t i = 0; i < facts.items.size(); ++i) {
+        const auto& item = facts.items[i];
+        const bool isOfPlatform = item.entry.kind != CreditEntryKind::NoPlatform && item.entry.platform == platform;
+        if (!isOfPlatform || (found != facts.byPlatform.end() && found->second == i)) continue;
+        lose(explanation, {Reason::PerPlatformValue, entryName(item.entry), item.place,
+                           item.entry.kind == CreditEntryKind::TooFewFields ? "less than two numbers: passed over"
+                                                                            : "overwritten by a later entry"});
+    }
+}
+
+Explanation explainConcentration(const Question& question) {
+    const SettingKey& key = keys::concentrationRatio;
+    const ConcentrationFacts& facts = question.facts.concentrations();
+    const int platform = question.number(0);
+    Explanation explanation;
+    explanation.answer = ratiosAnswer(false, 0.0, 0.0);
+    if (facts.entry == nullptr) {
+        explanation.reason = Reason::KeyAbsent;
+        explanation.rule = "there is no key " + nameOf(key);
+        return explanation;
+    }
+    const auto found = facts.byPlatform.find(platform);
+    if (found == facts.byPlatform.end()) {
+        explanation.reason = Reason::NotListed;
+        explanation.rule = nameOf(key) + " has no entry for " + platformName(platform);
+        explanation.place = valuePlace(*facts.entry);
+    } else {
+        const ConcentrationFact& item = facts.items[found->second];
+        explanation.answer = ratiosAnswer(true, internal::looseDouble(item.entry.ratios[0]),
+                                          internal::looseDouble(item.entry.ratios[1]));
+        explanation.reason = Reason::PerPlatformValue;
+        explanation.rule = nameOf(key) + " has an entry for " + platformName(platform);
+        explanation.place = item.place;
+    }
+    addConcentrations(facts, platform, explanation);
+    addRepeats(question, key, explanation);
+    return explanation;
+}
+
+void suggestConcentration(const Question& question, const Wanted& wanted, Edits& edits) {
+    const ConcentrationFacts& facts = question.facts.concentrations();
+    const int platform = question.number(0);
+    const std::vector<std::string> items = wanted.items();
+    const auto found = facts.byPlatform.find(platform);
+    if (!items.empty() && items.front() == "false") {
+        if (found == facts.byPlatform.end()) return;
+        suggestWithoutPlatform(facts, platform, edits);
+        edits.reaching("every platform that the line is about");
+        edits.removeLine(*facts.entry);
+    }
+    if (items.size() != 3 || items.front() != "true") return;
+    const std::string entry = std::to_string(platform) + ":" + items[1] + "," + items[2];
+    suggestEntry(question, keys::concentrationRatio, entry, edits);
+    for (const ConcentrationFact& item : facts.items) {
+        if (item.entry.kind == CreditEntryKind::NoPlatform || item.entry.platform != platform) continue;
+        edits.replacePiece(*facts.entry, item.entry.text, entry);
+    }
+}
+
+// --- codes whose sale repays debt
+
+// The code among those of the entry; empty and pointing nowhere when it is not there.
+std::string_view codeIn(const internal::CreditEntry& entry, std::string_view code) {
+    std::string_view found;
+    internal::splitDropEmpty(entry.payload, ',', [&](std::string_view piece) {
+        if (piece == code && found.data() == nullptr) found = piece;
+    });
+    return found;
+}
+
+Explanation explainCollateralSale(const Question& question) {
+    const SettingKey& key = keys::collateralSaleRepay;
+    const CollateralSaleFacts& facts = question.facts.collateralSales();
+    const std::string what = platformName(question.number(0)) + " and the code " + shownText(question.text(1));
+    if (facts.entry == nullptr) return decided(false, Reason::KeyAbsent, "there is no key " + nameOf(key));
+    Explanation explanation =
+        decided(false, Reason::NotListed, nameOf(key) + " does not list " + what, valuePlace(*facts.entry));
+    const auto found = facts.byPlatform.find(question.number(0));
+    const std::vector<std::size_t> none;
+    for (const std::size_t number : found == facts.byPlatform.end() ? none : found->second) {
+        const CollateralSaleFact& item = facts.items[number];
+        const std::string_view code = codeIn(item.entry, question.text(1));
+        if (code.data() == nullptr) {
+            lose(explanation, {Reason::Listed, entryName(item.entry), item.place, "does not have the code"});
+        } else if (explanation.reason == Reason::Listed) {
+            lose(explanation,
+                 {Reason::Listed, "the code once more", placeInValue(*facts.entry, code), "changes nothing"});
+        } else {
+            Explanation listed =
+                decided(true, Reason::Listed, nameOf(key) + " lists " + what, placeInValue(*facts.entry, code));
+            listed.lost = std::move(explanation.lost);
+            listed.furtherLost = explanation.furtherLost;
+            explanation = std::move(listed);
+        }
+    }
+    addRepeats(question, key, explanation);
+    return explanation;
+}
+
+// The value without the code in the platform's entries.
+std::string valueWithoutCode(const CollateralSaleFacts& facts, int platform, std::string_view code) {
+    std::vector<std::string> entries;
+    for (const CollateralSaleFact& item : facts.items) {
+        if (item.entry.kind != CreditEntryKind::Entry || item.entry.platform != platform) {
+            entries.emplace_back(item.entry.text);
+            continue;
+        }
+        std::vector<std::string> codes;
+        internal::splitKeepEmpty(item.entry.payload, ',', [&](std::string_view each) {
+            if (each != code) codes.emplace_back(each);
+        });
+        const auto head = item.entry.text.size() - item.entry.payload.size();
+        entries.push_back(std::string(item.entry.text.substr(0, head)) + joined(codes, ","));
+    }
+    return joined(entries, ";");
+}
+
+void suggestCollateralSale(const Question& question, const Wanted& wanted, Edits& edits) {
+    const CollateralSaleFacts& facts = question.facts.collateralSales();
+    const int platform = question.number(0);
+    const std::string& code = question.text(1);
+    const auto flag = wanted.flag();
+    if (!flag) return;
+    if (!*flag) {
+        if (facts.entry == nullptr) return;
+        edits.setValue(*facts.entry, valueWithoutCode(facts, platform, code));
+        edits.reaching("everything else that the line lists");
+        edits.removeLine(*facts.entry);
+        return;
+    }
+    suggestEntry(question, keys::collateralSaleRepay, std::to_string(platform) + ":" + code, edits);
+    for (const CollateralSaleFact& item : facts.items) {
+        if (item.entry.kind != CreditEntryKind::Entry || item.entry.platform != platform) continue;
+        const char* separator = item.entry.payload.empty() ? "" : ",";
+        edits.replacePiece(*facts.entry, item.entry.text, std::string(item.entry.text) + separator + code);
+    }
+}
+
+// --- the ratio that no load reads
+
+void addUnreadRatio(const Question& question, Explanation& explanation) {
+    if (const auto* entry = entryOf(question, keys::finEnableBailRatio)) {
+        lose(explanation,
+             {Reason::FileValue, nameOf(keys::finEnableBailRatio), valuePlace(*entry), "no load reads it"});
+    }
+}
+
+Explanation explainBailRatio(const Question& question) {
+    Explanation explanation = decided(internal::valueWhenMissing<double>(keys::finEnableBailRatio), Reason::Fixed,
+                                      "no load reads the ratio of financing to available margin");
+    addUnreadRatio(question, explanation);
+    return explanation;
+}
+
+Explanation explainUsesBailRatio(const Question& question) {
+    Explanation explanation =
+        decided(false, Reason::Fixed, "no load reads the ratio of financing to available margin for any platform");
+    addUnreadRatio(question, explanation);
+    return explanation;
+}
+
+}  // namespace
+
+void addCreditReasons(ExplainedCalls& calls) {
+    calls.add("isUseConcentrationRatioPts", {explainConcentration, suggestConcentration});
+    calls.add("isRepayDebtByCollateralSell", {explainCollateralSale, suggestCollateralSale});
+    calls.add("getFinEnableBailRatio", {explainBailRatio, {}});
+    calls.add("isUseFinEnableBailRatio", {explainUsesBailRatio, {}});
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,125 @@
+// Reasons of the ETF broker client: which platform's counter is asked for ETF data, and when.
+// Doors: addEtfReasons().
+// Owns: nothing.
+// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+
+#include "traderbase/base/config/internal/catalogueentries.h"
+#include "ttconfig/reasons/explainedcalls.h"
+#include "ttconfig/reasons/telling.h"
+#include "ttconfig/text/showntext.h"
+
+namespace ttconfig {
+
+namespace {
+
+namespace internal = ttservice::internal;
+using ttservice::internal::keys::etfBrokerClient;
+
+// The value, and what became of it.
+struct EtfClient {
+    const standin::SettingsEntry* row;
+    internal::TagEntry entry{{}, internal::EntryOutcome::KeptFormer, {}, {}};
+
+    explicit EtfClient(const Question& question) : row(entryOf(question, etfBrokerClient)) {
+        if (row != nullptr) entry = internal::tagEntry(row->value);
+    }
+
+    bool isSet() const { return internal::isStored(entry.outcome); }
+};
+
+// An explanation by the value; without one that can be read, by what a new store has.
+template <typename Value>
+Explanation byClient(const Question& question, const EtfClient& client, const Value& value, Reason reason,
+                     const std::string& rule, std::string_view piece) {
+    if (client.row == nullptr) {
+        return decided(value, Reason::KeyAbsent, "there is no key " + nameOf(etfBrokerClient));
+    }
+    Explanation explanation;
+    if (client.isSet()) {
+        explanation = decided(value, reason, rule, placeInValue(*client.row, piece));
+    } else {
+        explanation = decided(value, Reason::ConstructedValue, "no load has set it");
+        lose(explanation, {Reason::FileValue, nameOf(etfBrokerClient), valuePlace(*client.row),
+                           std::string(internal::describe(client.entry.outcome))});
+    }
+    addRepeats(question, etfBrokerClient, explanation);
+    return explanation;
+}
+
+Explanation explainTag(const Question& question) {
+    const EtfClient client(question);
+    return byClient(question, client, std::string(client.entry.tag), Reason::FileValue,
+                    nameOf(etfBrokerClient) + ", what stands in front of the \":\"", client.entry.tag);
+}
+
+Explanation explainTimes(const Question& question) {
+    const EtfClient client(question);
+    std::vector<std::string> times;
+    if (client.isSet()) {
+        internal::splitKeepEmpty(client.entry.times, ',', [&](std::string_view time) { times.emplace_back(time); });
+    }
+    return byClient(question, client, times, Reason::FileValue,
+                    nameOf(etfBrokerClient) + ", what stands behind the first \":\"", client.entry.times);
+}
+
+Explanation explainCanQuery(const Question& question) {
+    const EtfClient client(question);
+    const std::string id = std::to_string(question.number(0));
+    const bool isTag = client.entry.tag == id;
+    return byClient(question, client, isTag, isTag ? Reason::Listed : Reason::NotListed,
+                    "the tag of " + nameOf(etfBrokerClient) + " is " + shownText(client.entry.tag) +
+                        (isTag ? ": platform " : ", not platform ") + id,
+                    client.entry.tag);
+}
+
+// Of a value that has both, the other half stays.
+void suggestClient(const Question& question, const std::string& tag, std::string_view times, Edits& edits) {
+    const EtfClient client(question);
+    edits.setValue(etfBrokerClient, tag + ":" + std::string(times));
+    if (!client.isSet()) return;
+    // What follows the times is ignored, and may stay.
+    const std::size_t used = client.entry.tag.size() + 1 + client.entry.times.size();
+    edits.setValue(etfBrokerClient, tag + ":" + std::string(times) + std::string(client.row->value.substr(used)));
+}
+
+void suggestTag(const Question& question, const Wanted& wanted, Edits& edits) {
+    edits.reaching("the platform that is asked for ETF data");
+    suggestClient(question, wanted.text(), EtfClient(question).entry.times, edits);
+    edits.reaching("the times as well");
+    if (wanted.text().empty()) edits.removeLine(etfBrokerClient);
+}
+
+void suggestTimes(const Question& question, const Wanted& wanted, Edits& edits) {
+    std::string times;
+    const std::vector<std::string> items = wanted.items();
+    for (std::size_t i = 0; i < items.size(); ++i)
+        times += (i == 0 ? "" : ",") + items[i];
+    suggestClient(question, std::string(EtfClient(question).entry.tag), times, edits);
+    edits.reaching("the tag as well");
+    if (items.empty()) edits.removeLine(etfBrokerClient);
+}
+
+void suggestCanQuery(const Question& question, const Wanted& wanted, Edits& edits) {
+    const auto flag = wanted.flag();
+    if (!flag) return;
+    const EtfClient client(question);
+    edits.reaching("the platform that is asked so far");
+    if (*flag) {
+        suggestClient(question, std::to_string(question.number(0)), client.entry.times, edits);
+        return;
+    }
+    edits.reaching("the tag");
+    suggestClient(question, "", client.entry.times, edits);
+    edits.reaching("the tag and the times");
+    edits.removeLine(etfBrokerClient);
+}
+
+}  // namespace
+
+void addEtfReasons(ExplainedCalls& calls) {
+    calls.add("getETFBrokerCLientTag", {explainTag, suggestTag});
+    calls.add("getETFBrokerCLientQueryTimes", {explainTimes, suggestTimes});
+    calls.add("isCanQueryETFFromCounter", {explainCanQuery, suggestCanQuery});
+}
+
+}  // namespace ttconfig

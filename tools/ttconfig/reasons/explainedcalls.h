@@ -1,0 +1,68 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+
+#include "ttconfig/calls/calltable.h"
+#include "ttconfig/reasons/edits.h"
+#include "ttconfig/reasons/explainer.h"
+#include "ttconfig/reasons/settingsfacts.h"
+#include "ttconfig/reasons/wanted.h"
+
+namespace ttconfig {
+
+// An operation's arguments, which the call table has taken, and the settings text that they are asked of.
+struct Question {
+    const SettingsFacts& facts;
+    const Arguments& arguments;
+
+    int number(std::size_t place) const { return arguments.at(place).get<int>(); }
+    bool flag(std::size_t place) const { return arguments.at(place).get<bool>(); }
+    const std::string& text(std::size_t place) const { return arguments.at(place).get_ref<const std::string&>(); }
+    const standin::SettingsText& settings() const { return facts.text(); }
+};
+
+// How an operation is explained, and which edits of the settings might make its answer another one. Without a suggest
+// no edit can. Overloads share a row and are told apart by how many arguments there are.
+struct ExplainedCall {
+    std::function<Explanation(const Question& question)> explain;
+    std::function<void(const Question& question, const Wanted& wanted, Edits& edits)> suggest;
+};
+
+class ExplainedCalls {
+public:
+    void add(std::string name, ExplainedCall call) { calls.insert_or_assign(std::move(name), std::move(call)); }
+
+    // Null for an operation that is not explained.
+    const ExplainedCall* find(const std::string& name) const {
+        const auto found = calls.find(name);
+        return found == calls.end() ? nullptr : &found->second;
+    }
+
+private:
+    std::map<std::string, ExplainedCall> calls;
+};
+
+// The table of all explained operations, made when it is first asked for.
+const ExplainedCalls& explainedCalls();
+
+// Explains a call whose arguments the call table takes. Throws CallRefused for a call that is not explained.
+Explanation explainCall(const std::string& call, const Question& question);
+
+// One function a topic; each adds the rows of its file.
+void addSwitchReasons(ExplainedCalls& calls);         // switchreasons.cpp
+void addSingleValueReasons(ExplainedCalls& calls);    // singlereasons.cpp
+void addPlatformValueReasons(ExplainedCalls& calls);  // platformvaluereasons.cpp
+void addLimitReasons(ExplainedCalls& calls);          // limitreasons.cpp
+void addBondReasons(ExplainedCalls& calls);           // bondreasons.cpp
+void addCreditReasons(ExplainedCalls& calls);         // creditreasons.cpp
+void addContractReasons(ExplainedCalls& calls);       // contractreasons.cpp
+void addListReasons(ExplainedCalls& calls);           // listreasons.cpp
+void addProductReasons(ExplainedCalls& calls);        // productreasons.cpp
+void addEtfReasons(ExplainedCalls& calls);            // etfreasons.cpp
+void addUnitReasons(ExplainedCalls& calls);           // unitreasons.cpp
+void addClientReasons(ExplainedCalls& calls);         // clientreasons.cpp
+
+}  // namespace ttconfig

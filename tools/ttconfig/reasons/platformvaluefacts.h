@@ -1,0 +1,91 @@
+#pragma once
+
+#include <standin/settingstext.h>
+
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "traderbase/base/config/internal/perplatformlist.h"
+#include "traderbase/base/config/internal/settingkeys.h"
+#include "ttconfig/place.h"
+
+namespace ttconfig {
+
+template <typename Value>
+struct PlatformValueItem {
+    ttservice::internal::PerPlatformItem<Value> read;
+    Place place;
+};
+
+// The value of a key that says something platform by platform, after a first load.
+template <typename Value>
+struct PlatformValues {
+    const standin::SettingsEntry* entry = nullptr;  // the one that counts; null when the key is missing
+    std::vector<PlatformValueItem<Value>> items;    // in the order written, bad ones included; none without an entry
+    std::map<int, std::size_t> byPlatform;          // the item that counts for each platform named
+    std::optional<std::size_t> byDefault;           // the item that says the default
+    Value builtIn = Value();                        // the default that a missing key or an empty item stands for
+    Value constructed = Value();                    // the default when the value names platforms and nothing else
+
+    // The item of the platform; null when none names it.
+    const PlatformValueItem<Value>* find(int platform) const {
+        const auto found = byPlatform.find(platform);
+        return found == byPlatform.end() ? nullptr : &items[found->second];
+    }
+
+    Value defaultValue() const {
+        using ttservice::internal::PerPlatformItemKind;
+        if (entry == nullptr) return builtIn;
+        if (!byDefault) return constructed;
+        const auto& item = items[*byDefault].read;
+        return item.kind == PerPlatformItemKind::BuiltInDefault ? builtIn : item.value;
+    }
+
+    Value at(int platform) const {
+        const auto* item = find(platform);
+        return item == nullptr ? defaultValue() : item->read.value;
+    }
+};
+
+namespace detail {
+
+template <typename Value>
+void addItem(PlatformValues<Value>& values, std::string_view text) {
+    using ttservice::internal::PerPlatformItemKind;
+    const auto item = ttservice::internal::perPlatformItem<Value>(text);
+    const std::size_t number = values.items.size();
+    values.items.push_back({item, placeInValue(*values.entry, text)});
+    if (item.kind == PerPlatformItemKind::Entry) values.byPlatform[item.platform] = number;
+    const bool isDefault =
+        item.kind == PerPlatformItemKind::Default || item.kind == PerPlatformItemKind::BuiltInDefault;
+    if (isDefault) values.byDefault = number;
+}
+
+}  // namespace detail
+
+// Whether every ";" of the key's value separates, or a run of them counts as one.
+constexpr bool everySemicolonCounts(ttservice::internal::ValueGrammar grammar) {
+    using ttservice::internal::ValueGrammar;
+    return grammar == ValueGrammar::PerPlatformFlagKeepEmpty || grammar == ValueGrammar::PerPlatformDecimalKeepEmpty;
+}
+
+// Value is the type that the key's grammar has: bool, int or double.
+template <typename Value>
+PlatformValues<Value> platformValues(const standin::SettingsText& text, const ttservice::internal::SettingKey& key) {
+    namespace internal = ttservice::internal;
+    PlatformValues<Value> values;
+    values.builtIn = internal::valueWhenMissing<Value>(key);
+    values.entry = text.findEntry(key.section, key.key);
+    if (values.entry == nullptr) return values;
+    const auto add = [&values](std::string_view item) { detail::addItem(values, item); };
+    if (everySemicolonCounts(key.grammar)) {
+        internal::splitKeepEmpty(values.entry->value, ';', add);
+    } else {
+        internal::splitSqueezed(values.entry->value, ';', add);
+    }
+    return values;
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,293 @@
+// Reasons of the values by platform: why a platform has a value, and whether a value names it.
+// Doors: addPlatformValueReasons().
+// Owns: which operation answers from which key.
+// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+
+#include "ttconfig/reasons/explainedcalls.h"
+#include "ttconfig/reasons/platformvaluefacts.h"
+#include "ttconfig/reasons/telling.h"
+#include "ttconfig/text/answertext.h"
+#include "ttconfig/text/showntext.h"
+
+namespace ttconfig {
+
+namespace {
+
+namespace internal = ttservice::internal;
+namespace keys = ttservice::internal::keys;
+using internal::PerPlatformItemKind;
+using internal::SettingKey;
+
+// What an operation answers for a value of its table.
+template <typename Value>
+using AnswerFor = Answer (*)(Value value);
+
+template <typename Value>
+Answer asItIs(Value value) {
+    return Answer(value);
+}
+
+Answer isNotZero(int value) {
+    return value != 0;
+}
+
+// A question about one platform.
+template <typename Value>
+struct ValueQuestion {
+    const Question& question;
+    const SettingKey& key;
+    int platform;
+    AnswerFor<Value> answer;
+    PlatformValues<Value> values;
+
+    ValueQuestion(const Question& asked, const SettingKey& settingKey, AnswerFor<Value> answerFor)
+        : question(asked),
+          key(settingKey),
+          platform(asked.number(0)),
+          answer(answerFor),
+          values(platformValues<Value>(asked.settings(), settingKey)) {}
+};
+
+bool isDefaultKind(PerPlatformItemKind kind) {
+    return kind == PerPlatformItemKind::Default || kind == PerPlatformItemKind::BuiltInDefault;
+}
+
+// Whether a bad item was meant for the platform.
+template <typename Value>
+bool isMeantFor(const internal::PerPlatformItem<Value>& item, int platform) {
+    if (item.kind == PerPlatformItemKind::BadValue) {
+        return item.text.find(':') != std::string_view::npos && item.platform == platform;
+    }
+    return item.kind == PerPlatformItemKind::BadPlatform && internal::looseInt(item.text) == platform;
+}
+
+std::string itemName(std::string_view text) {
+    return text.empty() ? "the empty item" : "the item " + shownText(text);
+}
+
+// Items of the platform that do not count.
+template <typename Value>
+void addPlatformItems(const ValueQuestion<Value>& asked, Explanation& explanation) {
+    for (const auto& item : asked.values.items) {
+        if (isMeantFor(item.read, asked.platform)) {
+            lose(explanation,
+                 {Reason::PerPlatformValue, itemName(item.read.text), item.place,
+                  item.read.kind == PerPlatformItemKind::BadPlatform ? "does not start with a platform ID: passed over"
+                                                                     : "has no value of the key's kind: passed over"});
+        } else if (item.read.kind == PerPlatformItemKind::Entry && item.read.platform == asked.platform &&
+                   asked.values.find(asked.platform) != &item) {
+            lose(explanation,
+                 {Reason::PerPlatformValue, itemName(item.read.text), item.place, "overwritten by a later item"});
+        }
+    }
+}
+
+// Default items that do not count; the one that would count if the platform had no item of its own says so.
+template <typename Value>
+void addDefaultItems(const ValueQuestion<Value>& asked, bool isDecided, Explanation& explanation) {
+    const PlatformValues<Value>& values = asked.values;
+    for (std::size_t i = 0; i < values.items.size(); ++i) {
+        const auto& item = values.items[i];
+        const bool isBadDefault =
+            item.read.kind == PerPlatformItemKind::BadValue && item.read.text.find(':') == std::string_view::npos;
+        if (!isDefaultKind(item.read.kind) && !isBadDefault) continue;
+        const bool counts = values.byDefault == i;
+        if (counts && !isDecided) continue;
+        const Reason reason =
+            item.read.kind == PerPlatformItemKind::BuiltInDefault ? Reason::BuiltInDefault : Reason::DefaultItem;
+        lose(explanation, {reason, itemName(item.read.text), item.place,
+                           isBadDefault ? "is no value of the key's kind: passed over"
+                           : counts     ? wouldBe(asked.answer(values.defaultValue()))
+                                        : "overwritten by a later default"});
+    }
+}
+
+template <typename Value>
+Explanation explainDefault(const ValueQuestion<Value>& asked) {
+    const PlatformValues<Value>& values = asked.values;
+    const Value value = values.defaultValue();
+    const std::string others = "for every platform that " + nameOf(asked.key) + " does not name";
+    Explanation explanation;
+    explanation.answer = asked.answer(value);
+    const std::string shown = answerText(Answer(value));
+    if (values.entry == nullptr) {
+        explanation.reason = Reason::BuiltInDefault;
+        explanation.rule = "without " + nameOf(asked.key) + " it is " + shown;
+        explanation.lost.push_back(missingKey(asked.key));
+        return explanation;
+    }
+    lose(explanation,
+         {Reason::PerPlatformValue, "an item for " + platformName(asked.platform), std::nullopt, "there is none"});
+    if (!values.byDefault) {
+        explanation.reason = Reason::ConstructedValue;
+        explanation.rule = "no item of " + nameOf(asked.key) + " says a default: a new store has " + shown;
+        explanation.place = valuePlace(*values.entry);
+        return explanation;
+    }
+    const auto& item = values.items[*values.byDefault];
+    const bool isBuiltIn = item.read.kind == PerPlatformItemKind::BuiltInDefault;
+    explanation.reason = isBuiltIn ? Reason::BuiltInDefault : Reason::DefaultItem;
+    explanation.rule =
+        (isBuiltIn ? "an empty item says the built-in " : "an item without platform says ") + shown + " " + others;
+    explanation.place = item.place;
+    return explanation;
+}
+
+template <typename Value>
+Explanation explainValue(const ValueQuestion<Value>& asked) {
+    const auto* item = asked.values.find(asked.platform);
+    Explanation explanation;
+    if (item != nullptr) {
+        explanation.answer = asked.answer(item->read.value);
+        explanation.reason = Reason::PerPlatformValue;
+        explanation.rule = nameOf(asked.key) + " has an item for " + platformName(asked.platform);
+        explanation.place = item->place;
+    } else {
+        explanation = explainDefault(asked);
+    }
+    addPlatformItems(asked, explanation);
+    addDefaultItems(asked, item != nullptr, explanation);
+    addRepeats(asked.question, asked.key, explanation);
+    return explanation;
+}
+
+// --- whether a value names the platform
+
+template <typename Value>
+Explanation explainNamed(const ValueQuestion<Value>& asked) {
+    const standin::SettingsEntry* entry = asked.values.entry;
+    if (entry == nullptr) return decided(false, Reason::KeyAbsent, "there is no key " + nameOf(asked.key));
+    const auto* item = asked.values.find(asked.platform);
+    Explanation explanation =
+        item != nullptr
+            ? decided(
+                  true, Reason::Listed,
+                  nameOf(asked.key) + " has an item for " + platformName(asked.platform) + "; its value plays no part",
+                  item->place)
+            : decided(false, Reason::NotListed, nameOf(asked.key) + " has no item for " + platformName(asked.platform),
+                      valuePlace(*entry));
+    addPlatformItems(asked, explanation);
+    addRepeats(asked.question, asked.key, explanation);
+    return explanation;
+}
+
+// --- edits
+
+std::vector<std::string_view> itemsOf(std::string_view value) {
+    return value.empty() ? std::vector<std::string_view>() : internal::pieces(value, ';');
+}
+
+std::string joined(const std::vector<std::string_view>& items) {
+    std::string text;
+    for (std::size_t i = 0; i < items.size(); ++i)
+        text.append(i == 0 ? "" : ";").append(items[i]);
+    return text;
+}
+
+// Items of the platform out of the value.
+template <typename Value>
+void suggestUnnaming(const ValueQuestion<Value>& asked, Edits& edits) {
+    std::vector<std::string_view> kept;
+    for (const std::string_view text : itemsOf(asked.values.entry->value)) {
+        const auto item = internal::perPlatformItem<Value>(text);
+        if (item.kind != PerPlatformItemKind::Entry || item.platform != asked.platform) kept.push_back(text);
+    }
+    edits.setValue(*asked.values.entry, joined(kept));
+}
+
+// An item of that text, new or in place of one for the platform.
+template <typename Value>
+void suggestItem(const ValueQuestion<Value>& asked, const std::string& item, Edits& edits) {
+    if (asked.values.entry == nullptr) {
+        edits.setValue(asked.key, item);
+        return;
+    }
+    const standin::SettingsEntry& entry = *asked.values.entry;
+    const std::string value(entry.value);
+    edits.setValue(entry, value.empty() ? item : value + ";" + item);
+    if (!value.empty()) edits.setValue(entry, item + ";" + value);
+    if (!value.empty() && value.back() == ';') edits.setValue(entry, value + item);
+    for (const auto& each : asked.values.items) {
+        const bool isOfPlatform = each.read.kind == PerPlatformItemKind::Entry && each.read.platform == asked.platform;
+        if (isOfPlatform || isMeantFor(each.read, asked.platform)) {
+            edits.replacePiece(entry, each.read.text, item);
+        }
+    }
+}
+
+template <typename Value>
+void suggestDefault(const ValueQuestion<Value>& asked, const std::string& text, Edits& edits) {
+    edits.reaching("every platform that the value does not name");
+    if (asked.values.entry == nullptr) {
+        edits.setValue(asked.key, text);
+        return;
+    }
+    const standin::SettingsEntry& entry = *asked.values.entry;
+    if (asked.values.byDefault) {
+        edits.replacePiece(entry, asked.values.items[*asked.values.byDefault].read.text, text);
+    }
+    edits.setValue(entry, std::string(entry.value) + ";" + text);
+    edits.setValue(entry, text + ";" + std::string(entry.value));
+    edits.reaching("every platform that the line is about");
+    edits.removeLine(entry);
+}
+
+template <typename Value>
+void suggestValue(const ValueQuestion<Value>& asked, const Wanted& wanted, Edits& edits) {
+    const auto flag = wanted.flag();
+    const std::string text = flag ? (*flag ? "1" : "0") : wanted.text();
+    suggestItem(asked, std::to_string(asked.platform) + ":" + text, edits);
+    if (asked.values.entry != nullptr) suggestUnnaming(asked, edits);
+    suggestDefault(asked, text, edits);
+}
+
+template <typename Value>
+void suggestNamed(const ValueQuestion<Value>& asked, const Wanted& wanted, Edits& edits) {
+    const auto flag = wanted.flag();
+    if (!flag) return;
+    if (*flag) {
+        suggestItem(asked, std::to_string(asked.platform) + ":0", edits);
+    } else if (asked.values.entry != nullptr) {
+        suggestUnnaming(asked, edits);
+        edits.reaching("every platform that the line is about");
+        edits.removeLine(*asked.values.entry);
+    }
+}
+
+// --- rows
+
+template <typename Value>
+ExplainedCall valueCall(const SettingKey& key, AnswerFor<Value> answer = asItIs<Value>) {
+    return {
+        [&key, answer](const Question& question) { return explainValue(ValueQuestion<Value>(question, key, answer)); },
+        [&key, answer](const Question& question, const Wanted& wanted, Edits& edits) {
+            suggestValue(ValueQuestion<Value>(question, key, answer), wanted, edits);
+        }};
+}
+
+template <typename Value>
+ExplainedCall namedCall(const SettingKey& key) {
+    return {
+        [&key](const Question& question) { return explainNamed(ValueQuestion<Value>(question, key, asItIs<Value>)); },
+        [&key](const Question& question, const Wanted& wanted, Edits& edits) {
+            suggestNamed(ValueQuestion<Value>(question, key, asItIs<Value>), wanted, edits);
+        }};
+}
+
+}  // namespace
+
+void addPlatformValueReasons(ExplainedCalls& calls) {
+    calls.add("isT0ForReturnStockPts", valueCall<bool>(keys::t0ForReturnStock));
+    calls.add("isSPXCreditStockPts", valueCall<bool>(keys::spxCredit));
+    calls.add("isMainAccountcalcCompactsBydealPts", valueCall<bool>(keys::mainAccountCalcCompactsByDeal));
+    calls.add("getRenewalPts", valueCall<int>(keys::renewal));
+    calls.add("getCounterMaxCompactsRespNum", valueCall<int>(keys::counterMaxCompacts));
+    calls.add("useCounterIpwanPos", valueCall<int>(keys::counterIpwanPos, isNotZero));
+    calls.add("isNeedCheckAssureEnbuyBalancePts", valueCall<bool>(keys::needCheckAssureEnbuyBalance));
+    calls.add("getisSetavailable", valueCall<double>(keys::setAvailable));
+    calls.add("isSetavailable", namedCall<double>(keys::setAvailable));
+    calls.add("getSpecailEnableVolStkExchangeRate", valueCall<double>(keys::specialEnableVolRate));
+    calls.add("isUseSpecialEnableBalCalcVolume", namedCall<double>(keys::specialEnableVolRate));
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "traderbase/base/config/internal/settingkeys.h"
+#include "ttconfig/calls/storerecords.h"
+#include "ttconfig/reasons/explainedcalls.h"
+
+// What explanations are written with.
+
+namespace ttconfig {
+
+// The value as the call table answers it to a session's first request.
+template <typename Value>
+Answer answerOf(const Value& value) {
+    Records records;
+    return ToJson<Value>::to(value, records);
+}
+
+// "needmaxamount in [setting]"
+std::string nameOf(std::string_view section, std::string_view key);
+std::string nameOf(const ttservice::internal::SettingKey& key);
+
+// "platform 12"
+std::string platformName(int platform);
+
+// "would be true"
+std::string wouldBe(const Answer& answer);
+
+// An explanation by something that the settings text has, or has not.
+template <typename Value>
+Explanation decided(const Value& value, Reason reason, std::string rule, std::optional<Place> place = std::nullopt) {
+    return {answerOf(value), reason, std::move(rule), place, {}, 0};
+}
+
+// Enters a candidate behind the others, or only counts it where there are enough of them.
+void lose(Explanation& explanation, Candidate candidate);
+
+// The later entries of the key, none of which is ever read.
+void addRepeats(const Question& question, std::string_view section, std::string_view key, Explanation& explanation);
+void addRepeats(const Question& question, const ttservice::internal::SettingKey& key, Explanation& explanation);
+
+// A key of the catalogue that the settings file does not have.
+Candidate missingKey(const ttservice::internal::SettingKey& key);
+
+// The entry of a key of the catalogue that counts; null without one.
+inline const standin::SettingsEntry* entryOf(const Question& question, const ttservice::internal::SettingKey& key) {
+    return question.settings().findEntry(key.section, key.key);
+}
+
+}  // namespace ttconfig

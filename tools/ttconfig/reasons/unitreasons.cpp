@@ -1,0 +1,116 @@
+// Reasons of the trade units: which numbered rule decides, and what the settings file said to it.
+// Doors: addUnitReasons().
+// Owns: the settings text that the rules are asked under.
+// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+
+#include <ttplatform/enums.h>
+
+#include "traderbase/base/config/internal/buyoperations.h"
+#include "traderbase/base/config/internal/tradeunitrules.h"
+#include "ttconfig/reasons/explainedcalls.h"
+#include "ttconfig/reasons/telling.h"
+#include "ttconfig/text/answertext.h"
+
+namespace ttconfig {
+
+namespace {
+
+namespace internal = ttservice::internal;
+namespace keys = ttservice::internal::keys;
+
+// The rules ask for switches through plain functions: while one of these lives, they answer from its question's
+// settings and leave behind what was asked.
+class Consulting {
+public:
+    explicit Consulting(const Question& asked) : question(asked), before(current) { current = this; }
+    Consulting(const Consulting&) = delete;
+    Consulting& operator=(const Consulting&) = delete;
+    ~Consulting() { current = before; }
+
+    static bool newBondRules(const std::string& market) { return current->ask("useNewBondRules", {market}); }
+    static bool registIPORules() { return current->ask("useRegistIPORules", {}); }
+
+    std::vector<Candidate> consulted;
+
+private:
+    bool ask(const std::string& call, const Arguments& arguments) {
+        const Explanation flag = explainCall(call, {question.facts, arguments});
+        const bool isOn = flag.answer.get<bool>();
+        // A market that has no such flag consults nothing.
+        if (flag.reason != Reason::Fixed) {
+            consulted.push_back({flag.reason, flag.rule, flag.place, isOn ? "the rule is on" : "the rule is off"});
+        }
+        return isOn;
+    }
+
+    static thread_local Consulting* current;
+
+    const Question& question;
+    Consulting* before;
+};
+
+thread_local Consulting* Consulting::current = nullptr;
+
+constexpr internal::UnitSwitches kSwitches{&Consulting::newBondRules, &Consulting::registIPORules};
+
+Explanation byRule(const Answer& answer, const internal::UnitRuleText& rule, std::vector<Candidate> consulted) {
+    return {answer, Reason::UnitRule, "rule " + std::string(rule.number) + ": " + std::string(rule.meaning),
+            std::nullopt, std::move(consulted)};
+}
+
+Explanation explainStockUnit(const Question& question) {
+    const auto unit = internal::stockUnit(question.text(0), question.text(1));
+    return byRule(std::string(unit.value), internal::describe(unit.rule), {});
+}
+
+Explanation explainTradeUnit(const Question& question) {
+    const auto unit = internal::stockTradeUnit(question.text(0), question.text(1));
+    return byRule(unit.value, internal::describe(unit.rule), {});
+}
+
+int operationOf(const Question& question, std::size_t place) {
+    return question.arguments.size() > place ? question.number(place) : OPT_INVALID;
+}
+
+Explanation explainMinUnit(const Question& question) {
+    Consulting consulting(question);
+    const auto unit = internal::tradeMinUnit(question.text(0), question.text(1), operationOf(question, 2), kSwitches);
+    return byRule(unit.value, internal::describe(unit.rule), std::move(consulting.consulted));
+}
+
+Explanation explainUiUnit(const Question& question) {
+    Consulting consulting(question);
+    const auto unit =
+        internal::uiMinUnit(question.text(0), question.text(1), question.flag(2), operationOf(question, 3), kSwitches);
+    return byRule(unit.value, internal::describe(unit.rule), std::move(consulting.consulted));
+}
+
+Explanation explainBuys(const Question& question) {
+    const bool buys = internal::isBuyOperation(question.number(0));
+    return decided(buys, Reason::Fixed,
+                   std::string(buys ? "one of the " : "none of the ") +
+                       std::to_string(std::size(internal::kBuyOperations)) + " operations that buy");
+}
+
+// The flags that rules consult, both ways.
+void suggestFlags(const Question& /*question*/, const Wanted& /*wanted*/, Edits& edits) {
+    for (const internal::SettingKey* key :
+         {&keys::shangHaiNewBondRules, &keys::shenZhenNewBondRules, &keys::registIPORules}) {
+        edits.reaching("every instrument that the rules are about");
+        edits.setValue(*key, "1");
+        edits.setValue(*key, "0");
+        edits.removeLine(*key);
+    }
+}
+
+}  // namespace
+
+void addUnitReasons(ExplainedCalls& calls) {
+    calls.add("getStockUnit", {explainStockUnit, {}});
+    calls.add("getStockTradeUnit", {explainTradeUnit, {}});
+    calls.add("getTradeMinUnit", {explainMinUnit, suggestFlags});
+    calls.add("getUiMinUnit", {explainUiUnit, suggestFlags});
+    calls.add("isBuyOpt", {explainBuys, {}});
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ttconfig/calls/records.h"
+
+namespace ttconfig {
+
+// An answer that somebody expected: as the tool shows answers, as text or as JSON. Record numbers ("@") do not count,
+// and a record of numbers may be written as the numbers alone.
+class Wanted {
+public:
+    explicit Wanted(std::string written);
+
+    bool matches(const Answer& answer) const;
+
+    // It as a yes or no; none for anything else.
+    std::optional<bool> flag() const;
+    // It as one text.
+    std::string text() const;
+    // It as the items of a list; of anything but JSON the pieces between ",".
+    std::vector<std::string> items() const;
+    // It as JSON; none for a text that is no JSON.
+    const std::optional<Answer>& json() const { return value; }
+    bool isNone() const { return value ? value->is_null() : written == "none"; }
+
+private:
+    std::string written;
+    std::optional<Answer> value;
+};
+
+// The answer without the numbers of its records.
+Answer withoutRecordNumbers(const Answer& answer);
+
+}  // namespace ttconfig

@@ -1,0 +1,85 @@
+// The findings' and changes' data: answers what check and diff say about the files.
+// Doors: writeFindingData(), writeChangeData().
+// Owns: nothing.
+// Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "ttconfig/differences/differences.h"
+#include "ttconfig/findings/checking.h"
+#include "ttconfig/report/datawriters.h"
+#include "ttconfig/text/answertext.h"
+#include "ttconfig/text/showntext.h"
+
+namespace ttconfig {
+
+namespace {
+
+constexpr std::size_t kMostShown = 400;
+
+void writeFinding(JsonStream& json, const Finding& finding, LinkedLines& lines) {
+    json.beginArray();
+    json.integer(static_cast<int>(finding.severity));
+    json.text(finding.rule);
+    json.integer(lines.mark(finding.place.line));
+    json.integer(finding.place.column);
+    json.text(cutText(finding.message, kMostShown));
+    json.integer(finding.related ? lines.mark(finding.related->line) : 0);
+    json.endArray();
+}
+
+std::string wordOfAnswer(const Change& change, const Answer& answer) {
+    if (change.topic == ChangeTopic::Switch && answer.is_boolean()) return answer.get<bool>() ? "on" : "off";
+    const bool hasCategory = change.topic == ChangeTopic::OrderLimit || change.topic == ChangeTopic::BlockTradeLimit ||
+                             change.topic == ChangeTopic::RateLimit;
+    if (answer.is_null()) return hasCategory ? "as its category says" : "none";
+    return cutText(answerText(answer), kMostShown);
+}
+
+void writeChange(JsonStream& json, const Change& change, ReportState& state) {
+    json.beginArray();
+    json.text(cutText(change.subject, kMostShown));
+    json.text(cutText(change.question, kMostShown));
+    json.text(wordOfAnswer(change, change.before));
+    json.text(wordOfAnswer(change, change.after));
+    json.integer(change.oldPlace ? state.oldLines.mark(change.oldPlace->line) : 0);
+    json.integer(change.newPlace ? state.lines.mark(change.newPlace->line) : 0);
+    json.endArray();
+}
+
+}  // namespace
+
+void writeFindingData(JsonStream& json, ReportState& state) {
+    std::size_t count = 0;
+    json.name("findings");
+    json.beginObject();
+    json.name("list");
+    json.beginArray();
+    checkSettings(state.text(), state.input.platform, [&](Finding&& finding) {
+        if (++count <= state.bounds.findings) writeFinding(json, finding, state.lines);
+    });
+    json.endArray();
+    json.name("leftOut");
+    json.integer(static_cast<std::int64_t>(count - std::min(count, state.bounds.findings)));
+    json.endObject();
+}
+
+void writeChangeData(JsonStream& json, ReportState& state) {
+    json.name("changes");
+    if (state.oldText() == nullptr) return json.null();
+    const std::vector<Change> changes = differences(*state.oldText(), state.text());
+    const std::size_t shown = std::min(changes.size(), state.bounds.changes);
+    json.beginObject();
+    json.name("list");
+    json.beginArray();
+    for (std::size_t i = 0; i < shown; ++i)
+        writeChange(json, changes[i], state);
+    json.endArray();
+    json.name("leftOut");
+    json.integer(static_cast<std::int64_t>(changes.size() - shown));
+    json.endObject();
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,190 @@
+// JSON for a script element: answers how any text can stand in a page without becoming part of its markup.
+// Doors: JsonStream, markupText().
+// Owns: a buffer between the writer and the file.
+// Covered by tests/tools/ttconfig/report/jsonstream_test.cpp.
+
+#include "ttconfig/report/jsonstream.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <utility>
+
+namespace ttconfig {
+
+namespace {
+
+constexpr std::size_t kBufferSize = std::size_t{1} << 16;
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+// As deep as this every member and element starts a line.
+constexpr int kLineDepth = 2;
+
+unsigned byteAt(std::string_view text, std::size_t at) {
+    return static_cast<unsigned char>(text[at]);
+}
+
+// The bytes of the UTF-8 character at the start of the text; 0 when there is none.
+std::size_t characterLength(std::string_view text) {
+    const unsigned lead = byteAt(text, 0);
+    if (lead < 0x80U) return 1;
+    const std::size_t length = lead < 0xC2U ? 0 : lead < 0xE0U ? 2 : lead < 0xF0U ? 3 : lead < 0xF5U ? 4 : 0;
+    if (length == 0 || text.size() < length) return 0;
+    for (std::size_t i = 1; i < length; ++i) {
+        if ((byteAt(text, i) & 0xC0U) != 0x80U) return 0;
+    }
+    // Neither longer than needed, nor half of a surrogate pair, nor beyond the last character.
+    const unsigned second = byteAt(text, 1);
+    const bool isWrong = (lead == 0xE0U && second < 0xA0U) || (lead == 0xEDU && second > 0x9FU) ||
+                         (lead == 0xF0U && second < 0x90U) || (lead == 0xF4U && second > 0x8FU);
+    return isWrong ? 0 : length;
+}
+
+// Hands every character to sink(character); a byte that is part of none becomes the replacement character.
+template <typename Sink>
+void forEachCharacter(std::string_view text, Sink&& sink) {
+    while (!text.empty()) {
+        const std::size_t length = characterLength(text);
+        sink(length == 0 ? kReplacement : text.substr(0, length));
+        text.remove_prefix(length == 0 ? 1 : length);
+    }
+}
+
+bool isPlain(unsigned byte) {
+    return byte >= 0x20U && byte < 0x7FU && byte != '"' && byte != '\\' && byte != '<' && byte != '>' && byte != '&';
+}
+
+// "\u003c" and the like, for what must not stand as it is.
+std::string escape(unsigned code) {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::string text = "\\u0000";
+    for (std::size_t i = 5; i > 1; --i, code >>= 4U)
+        text[i] = kDigits[code & 0xFU];
+    return text;
+}
+
+}  // namespace
+
+std::string markupText(std::string_view text) {
+    std::string markup;
+    forEachCharacter(text, [&markup](std::string_view character) {
+        switch (character.front()) {
+            case '&':
+                markup += "&amp;";
+                break;
+            case '<':
+                markup += "&lt;";
+                break;
+            case '>':
+                markup += "&gt;";
+                break;
+            case '"':
+                markup += "&quot;";
+                break;
+            case '\'':
+                markup += "&#39;";
+                break;
+            default:
+                markup += character;
+        }
+    });
+    return markup;
+}
+
+JsonStream::JsonStream(Sink whereTo) : sink(std::move(whereTo)) {}
+
+void JsonStream::name(std::string_view memberName) {
+    separate();
+    put("\"");
+    putEscaped(memberName);
+    put("\":");
+    followsName = true;
+}
+
+void JsonStream::text(std::string_view value) {
+    separate();
+    put("\"");
+    putEscaped(value);
+    put("\"");
+}
+
+void JsonStream::integer(std::int64_t value) {
+    std::array<char, 24> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+    written({digits.data(), static_cast<std::size_t>(end.ptr - digits.data())});
+}
+
+void JsonStream::decimal(double value) {
+    std::array<char, 40> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+    const std::string_view shortest(digits.data(), static_cast<std::size_t>(end.ptr - digits.data()));
+    if (std::isfinite(value)) return written(shortest);
+    text(shortest);
+}
+
+void JsonStream::flag(bool value) {
+    written(value ? "true" : "false");
+}
+
+void JsonStream::null() {
+    written("null");
+}
+
+void JsonStream::written(std::string_view json) {
+    separate();
+    put(json);
+}
+
+void JsonStream::flush() {
+    if (!buffer.empty()) sink(buffer);
+    buffer.clear();
+}
+
+void JsonStream::begin(char bracket) {
+    separate();
+    put({&bracket, 1});
+    ++depth;
+    needsComma = false;
+}
+
+void JsonStream::end(char bracket) {
+    put({&bracket, 1});
+    --depth;
+    needsComma = true;
+}
+
+// What stands between a value or a name and what was written before.
+void JsonStream::separate() {
+    if (!followsName && needsComma) put(",");
+    if (!followsName && depth > 0 && depth <= kLineDepth) put("\n");
+    followsName = false;
+    needsComma = true;
+}
+
+void JsonStream::put(std::string_view piece) {
+    if (buffer.size() + piece.size() > kBufferSize) flush();
+    if (piece.size() > kBufferSize) return sink(piece);
+    buffer += piece;
+}
+
+void JsonStream::putEscaped(std::string_view value) {
+    while (!value.empty()) {
+        std::size_t plain = 0;
+        while (plain < value.size() && isPlain(byteAt(value, plain)))
+            ++plain;
+        put(value.substr(0, plain));
+        value.remove_prefix(plain);
+        if (value.empty()) return;
+        const std::size_t length = characterLength(value);
+        const unsigned lead = byteAt(value, 0);
+        if (length == 0) {
+            put(kReplacement);
+        } else if (length == 1) {
+            put(escape(lead));
+        } else {
+            put(value.substr(0, length));
+        }
+        value.remove_prefix(length == 0 ? 1 : length);
+    }
+}
+
+}  // namespace ttconfig

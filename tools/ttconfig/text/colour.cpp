@@ -1,0 +1,69 @@
+// Colour: answers whether an answer is coloured, and colours pieces of it.
+// Doors: Colours, coloursFor().
+// Owns: which colour each kind of piece has.
+// Covered by tests/tools/ttconfig/colour_test.cpp.
+
+#include "ttconfig/text/colour.h"
+
+#include <cstdlib>
+
+#include "ttconfig/commandline.h"
+#include "ttconfig/output.h"
+
+namespace ttconfig {
+
+namespace {
+
+// The numbers of the terminal's own palette, so that they suit light and dark backgrounds.
+std::string_view codeOf(Tint tint) {
+    switch (tint) {
+        case Tint::Place:
+        case Tint::Heading:
+            return "1";
+        case Tint::Error:
+            return "1;31";
+        case Tint::Warning:
+            return "1;35";
+        case Tint::Note:
+            return "1;36";
+        case Tint::Good:
+            return "32";
+        case Tint::Bad:
+            return "31";
+        case Tint::Dim:
+            return "2";
+    }
+    return "0";
+}
+
+bool isTextIn(const char* variable, std::string_view text) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && value == text;
+}
+
+bool environmentRefuses() {
+    const char* refusal = std::getenv("NO_COLOR");
+    return (refusal != nullptr && *refusal != '\0') || isTextIn("TERM", "dumb");
+}
+
+}  // namespace
+
+std::string Colours::operator()(Tint tint, std::string_view piece) const {
+    std::string text(piece);
+    if (!on || text.empty()) return text;
+    return "\x1b[" + std::string(codeOf(tint)) + 'm' + text + "\x1b[0m";
+}
+
+Colours coloursFor(const CommandLine& commandLine, const Output& output) {
+    switch (commandLine.colouring) {
+        case Colouring::Always:
+            return Colours(true);
+        case Colouring::Never:
+            return Colours(false);
+        case Colouring::Auto:
+            break;
+    }
+    return Colours(output.isTerminal() && !environmentRefuses());
+}
+
+}  // namespace ttconfig
