@@ -1,8 +1,13 @@
 # TT_SANITIZE: "", "address" (address and undefined behaviour) or "thread". TT_COVERAGE: count the lines that ran.
+# TT_FUZZ: build the fuzz targets for libFuzzer, with the sanitizers for address and undefined behaviour.
 
 set(TT_SANITIZE "" CACHE STRING "Sanitizers to build with: empty, address or thread")
 set_property(CACHE TT_SANITIZE PROPERTY STRINGS "" address thread)
 option(TT_COVERAGE "Build for coverage measurement" OFF)
+option(TT_FUZZ "Build the fuzz targets for libFuzzer; clang only" OFF)
+if(TT_FUZZ AND NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    message(FATAL_ERROR "TT_FUZZ needs clang++, which brings libFuzzer along")
+endif()
 
 function(tt_enable_sanitizers target)
     if(TT_SANITIZE STREQUAL "address")
@@ -12,8 +17,13 @@ function(tt_enable_sanitizers target)
     elseif(NOT TT_SANITIZE STREQUAL "")
         message(FATAL_ERROR "TT_SANITIZE is '${TT_SANITIZE}'; it takes address, thread or nothing")
     endif()
+    if(TT_FUZZ)
+        list(APPEND flags -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow -fno-sanitize-recover=all
+            -fno-omit-frame-pointer)
+    endif()
     if(TT_COVERAGE)
-        list(APPEND flags --coverage -fprofile-abs-path)
+        # Tests with threads count together: without atomic counters their sums would go wrong.
+        list(APPEND flags --coverage -fprofile-abs-path -fprofile-update=atomic)
     endif()
     target_compile_options(${target} PRIVATE ${flags})
     target_link_options(${target} PRIVATE ${flags})

@@ -7,6 +7,7 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <new>
 #include <system_error>
 
 namespace standin {
@@ -67,7 +68,8 @@ FileProblem readFileBytes(const std::string& path, std::string& bytes) {
         problem = problemOf(native);
         if (problem == FileProblem::kNone) problem = readToEnd(native, bytes);
     } catch (const std::bad_alloc&) {
-        problem = FileProblem::kTooLarge;
+        bytes.clear();
+        throw;  // no problem of the file: whoever took it for an empty one would work with wrong values
     } catch (const std::exception&) {
         // Some systems convert path texts, and not every text converts.
         problem = FileProblem::kBadPath;

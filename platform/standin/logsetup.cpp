@@ -141,14 +141,17 @@ bool startLogFile(const std::string& path, std::string& error) {
     return true;
 }
 
-void stopLogging() {
+bool stopLogging() {
     LogFile*& file = openLogFile();
-    if (file == nullptr) return;
+    if (file == nullptr) return true;
     g_TTStdLogger.reset();
     setEveryFileLogEnabled(false);
     detach(file->appender);
+    file->stream.close();
+    const bool isWhole = !file->stream.fail();
     delete file;
     file = nullptr;
+    return isWhole;
 }
 
 struct LogCapture::State {

@@ -20,8 +20,8 @@ namespace standin {
 TTPLATFORM_API bool startLogFile(const std::string& path, std::string& error);
 
 // Ends what startLogFile() began, closes the file and makes g_TTStdLogger null again. A program that started logging
-// calls it before its static objects are destroyed.
-TTPLATFORM_API void stopLogging();
+// calls it before its static objects are destroyed. False when a line could not be written to the file.
+TTPLATFORM_API bool stopLogging();
 
 // Turns one numbered channel on or off.
 TTPLATFORM_API void setFileLogEnabled(int channel, bool enabled);

@@ -172,20 +172,25 @@ std::string pathWithName(const std::string& path, std::string_view name) {
 
 std::string shownInMessage(std::string_view text) {
     constexpr std::string_view kHexDigits = "0123456789ABCDEF";
+    constexpr std::size_t kLongestCharacter = 4;
     std::string shown;
-    for (const char character : text) {
-        const unsigned char byte = static_cast<unsigned char>(character);
-        const bool continuesCharacter = (byte & 0xC0) == 0x80;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        unsigned char byte = static_cast<unsigned char>(text[at]);
+        // Not between the bytes of one character; of what is no UTF-8 there may be any number.
+        const bool continuesCharacter = (byte & 0xC0) == 0x80 && shown.size() < kLongestShown + kLongestCharacter;
         if (shown.size() >= kLongestShown && !continuesCharacter) {
             shown += "...";
             break;
         }
-        if (byte < 0x20 || byte == 0x7F) {
+        // The control characters beyond ASCII are two bytes each; terminals obey them as well.
+        const bool isWideControl = byte == 0xC2 && at + 1 < text.size() && (text[at + 1] & 0xE0) == 0x80;
+        if (byte < 0x20 || byte == 0x7F || isWideControl) {
+            if (isWideControl) byte = static_cast<unsigned char>(text[++at]);
             shown += "\\u00";
             shown += kHexDigits[byte >> 4];
             shown += kHexDigits[byte & 0x0F];
         } else {
-            shown += character;
+            shown += text[at];
         }
     }
     return shown;

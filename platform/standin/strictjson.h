@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "ttplatform/export.h"
+
 namespace standin {
 
 // A parsed JSON value that keeps its members in the order of the text.
@@ -24,7 +26,7 @@ std::string pathWithIndex(const std::string& path, std::size_t index);
 std::string pathWithName(const std::string& path, std::string_view name);
 
 // A piece of somebody else's text made fit for a message: control characters shown as \u00XX, cut when long.
-std::string shownInMessage(std::string_view text);
+TTPLATFORM_API std::string shownInMessage(std::string_view text);
 
 // Parses JSON text and nothing else: no comments, no text behind the value; a byte order mark is skipped. Lists and
 // objects may be nested 32 deep, and an object may not give one member twice. On false, problem says what is wrong and

@@ -1,4 +1,5 @@
 #include "standin/platformdatafile.h"
+#include "standin/strictjson.h"
 
 #include <gmock/gmock.h>
 
@@ -217,6 +218,14 @@ TEST(PlatformDataFile, TextThatIsNotJsonIsRefusedWithLineAndColumn) {
     };
     for (const auto& [text, message] : rows)
         EXPECT_THAT(refusalOf(text), StartsWith("platform.json: " + message)) << text;
+}
+
+TEST(PlatformDataFile, MessagesHaveNoControlCharacterThatATerminalObeys) {
+    EXPECT_EQ(shownInMessage("a\x1B\x7F\xC2\x9B\xC2\xA0\xC2"), "a\\u001B\\u007F\\u009B\xC2\xA0\xC2");
+}
+
+TEST(PlatformDataFile, WhatIsNoUtf8IsCutAsWell) {
+    EXPECT_LT(shownInMessage(std::string(1000, '\x80')).size(), 200U);
 }
 
 TEST(PlatformDataFile, MessagesStayShortWhateverTheText) {

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <charconv>
+#include <new>
 #include <utility>
 
 #include <boost/thread/lock_guard.hpp>
@@ -113,13 +114,14 @@ struct Question {
     const char* function;
     const char* argument;  // null when the function is called without one
     std::string answer;
+    bool tooLarge = false;  // there is no memory for the answer
 };
 
 void keepAnswer(lua_State* lua, Question& question) noexcept {
     try {
         question.answer = textAt(lua, -1);
-    } catch (...) {  // no memory for the text: an empty answer
-        question.answer.clear();
+    } catch (...) {  // told outside of Lua's frames, which no exception may pass
+        question.tooLarge = true;
     }
 }
 
@@ -167,12 +169,14 @@ std::string LuaConfig::getConfig(std::string function, std::string argument) {
 
 std::string LuaConfig::ask(const char* function, const char* argument) {
     if (state == nullptr) return {};
-    Question question{function, argument, {}};
+    Question question{function, argument, {}, false};
     lua_State* const lua = state;  // the script may come back here and call init()
     if (lua_cpcall(lua, &callFunction, &question) != 0) {
         reportError(lua, kGetConfigPlace);
         return {};
     }
+    // An empty answer would say that the script has none, and what is made of that would be wrong.
+    if (question.tooLarge) throw std::bad_alloc();
     return std::move(question.answer);
 }
 

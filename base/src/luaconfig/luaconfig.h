@@ -19,7 +19,8 @@ TRADERBASE_API void printLog(std::string message);
 // instance, and a call that comes back to the same instance from inside a script's printLog is answered. Destroy it
 // when nobody asks any more. Instances share nothing.
 //
-// Whatever a script gets wrong is one line at ERROR level, Lua's own message, and an empty answer; nothing is thrown.
+// Whatever a script gets wrong is one line at ERROR level, Lua's own message, and an empty answer; nothing is thrown
+// but std::bad_alloc, when there is no memory for an answer.
 // A script that runs for ever is waited for, and one that ends the process by os.exit ends it.
 class LuaConfig {
 public:

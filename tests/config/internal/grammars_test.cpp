@@ -5,70 +5,13 @@
 #include <string>
 #include <vector>
 
-#include <boost/algorithm/string.hpp>
-#include <boost/lexical_cast.hpp>
-
+#include "tests/support/slowgrammars.h"
 #include "tests/support/standarderror.h"
 #include "traderbase/base/config/internal/perplatformlist.h"
 #include "traderbase/base/config/internal/platformlist.h"
 #include "traderbase/base/config/internal/settingkeys.h"
 
 using namespace ttservice::internal;
-
-// Slow and obvious readings of the two shared value grammars, with the conversions of Boost.
-namespace oracle {
-
-struct PlatformList {
-    std::vector<int> ids;
-    long complaints = 0;
-};
-
-PlatformList platformList(const std::string& text) {
-    PlatformList result;
-    std::vector<std::string> items;
-    boost::split(items, text, boost::is_any_of(","));
-    for (const std::string& item : items) {
-        if (item.empty()) continue;
-        try {
-            result.ids.push_back(boost::lexical_cast<int>(item));
-        } catch (const boost::bad_lexical_cast&) {
-            ++result.complaints;
-        }
-    }
-    return result;
-}
-
-template <typename Value>
-struct PerPlatform {
-    std::map<int, Value> values;
-    Value fallback;
-    long complaints = 0;
-};
-
-template <typename Value>
-PerPlatform<Value> perPlatform(const std::string& text, Value builtIn, Value before, bool squeeze) {
-    PerPlatform<Value> result{{}, before};
-    std::vector<std::string> items;
-    boost::split(items, text, boost::is_any_of(";"), squeeze ? boost::token_compress_on : boost::token_compress_off);
-    for (const std::string& item : items) {
-        const std::size_t colon = item.find(':');
-        try {
-            if (colon != std::string::npos) {
-                const int platform = boost::lexical_cast<int>(item.substr(0, colon));
-                result.values[platform] = boost::lexical_cast<Value>(item.substr(colon + 1));
-            } else if (item.empty()) {
-                result.fallback = builtIn;
-            } else {
-                result.fallback = boost::lexical_cast<Value>(item);
-            }
-        } catch (const boost::bad_lexical_cast&) {
-            ++result.complaints;
-        }
-    }
-    return result;
-}
-
-}  // namespace oracle
 
 namespace {
 
@@ -92,7 +35,7 @@ void comparePerPlatform(unsigned seed, Value builtIn, const std::vector<std::str
         const std::string text = randomValue(random, pieces, ";;;:");
         const bool squeeze = i % 2 == 0;
         PerPlatformTable<Value> table{{{99, Value()}}, Value()};
-        const auto expected = oracle::perPlatform<Value>(text, builtIn, Value(), squeeze);
+        const auto expected = tests::slowPerPlatformList<Value>(text, builtIn, Value(), squeeze);
         const tests::StandardError caught;
         if (squeeze) {
             readPerPlatformList(text, builtIn, table);
@@ -136,7 +79,7 @@ TEST(PlatformList, AgreesWithTheOracle) {
     for (int i = 0; i < 100000; ++i) {
         const std::string text = randomValue(
             random, {"12", "0", "-5", "+7", " 3", "3 ", "x", "2147483647", "2147483648", "1:0", "", "00"}, ",,,;");
-        const oracle::PlatformList expected = oracle::platformList(text);
+        const tests::SlowPlatformList expected = tests::slowPlatformList(text);
         const tests::StandardError caught;
         ASSERT_EQ(readPlatformList(text), expected.ids) << text;
         ASSERT_EQ(caught.lines(), expected.complaints) << text;

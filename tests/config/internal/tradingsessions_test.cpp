@@ -13,6 +13,7 @@
 
 #include "standin/logsetup.h"
 #include "tests/support/commalocale.h"
+#include "tests/support/slowsessions.h"
 
 using standin::LogCapture;
 using testing::ElementsAre;
@@ -27,27 +28,6 @@ namespace {
 TradingSessions sessionsOf(const std::string& text) {
     const auto table = buildTradingSessions({{"M", text}});
     return table.empty() ? TradingSessions() : table.at("M");
-}
-
-// Sessions the slow way: second by second through the day.
-TradingSessions sessionsBySecond(const std::map<int, int>& statusAtClockTime) {
-    TradingSessions sessions;
-    bool open = false;
-    int start = 0;
-    for (int second = 0; second < 86400; ++second) {
-        const int clockTime = second / 3600 * 10000 + second / 60 % 60 * 100 + second % 60;
-        const auto found = statusAtClockTime.find(clockTime);
-        if (found == statusAtClockTime.end()) continue;
-        if (found->second == 50) {
-            open = true;
-            start = second;
-        } else if (open && (found->second == 49 || found->second == 54)) {
-            sessions.emplace_back(start, second);
-            open = false;
-        }
-    }
-    if (open) sessions.emplace_back(start, 86400);
-    return sessions;
 }
 
 }  // namespace
@@ -168,7 +148,7 @@ TEST(TradingSessions, AgreeWithAWalkThroughEverySecond) {
             text += "\"" + std::to_string(clockTime) + "\":" + std::to_string(code);
         }
         text += "}";
-        EXPECT_EQ(sessionsOf(text), sessionsBySecond(statusAt)) << text;
+        EXPECT_EQ(sessionsOf(text), tests::slowSessions(statusAt)) << text;
     }
 }
 

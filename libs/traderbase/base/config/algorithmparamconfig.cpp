@@ -14,7 +14,9 @@
 #include "luaconfig/luaconfig.h"
 #include "traderbase/base/config/internal/algorithmrecord.h"
 #include "traderbase/base/config/internal/guardedlog.h"
+#include "traderbase/base/config/internal/lastingslot.h"
 #include "traderbase/base/config/internal/markettimescript.h"
+#include "traderbase/base/config/internal/replacing.h"
 #include "traderbase/base/config/internal/vendorblocks.h"
 
 namespace ttservice {
@@ -29,20 +31,26 @@ bool isWanted(const internal::VendorBlock& block) {
     return block.product == nullptr || holdsRight(block.product) || holdsRight(block.alternative);
 }
 
-void reportError(const char* function) {
-    internal::writeError({"libs/traderbase/base/config/algorithmparamconfig", "algorithmparamconfig", function},
-                         "getAlgorithmsParams error.");
+void reportError(const char* function) noexcept {
+    try {
+        internal::writeError({"libs/traderbase/base/config/algorithmparamconfig", "algorithmparamconfig", function},
+                             "getAlgorithmsParams error.");
+    } catch (...) {  // NOLINT(bugprone-empty-catch): no memory for the line
+    }
 }
 
 }  // namespace
 
 boost::shared_ptr<AlgorithmParamConfig> AlgorithmParamConfig::instance() {
-    static const boost::shared_ptr<AlgorithmParamConfig> catalogue(new AlgorithmParamConfig);
-    return catalogue;
+    using Pointer = boost::shared_ptr<AlgorithmParamConfig>;
+    using internal::Lifetime;
+    const Pointer& catalogue = internal::lastingSlot<AlgorithmParamConfig>(
+        [] { return Pointer(new AlgorithmParamConfig(Lifetime::Process)); });
+    return catalogue ? catalogue : Pointer(new AlgorithmParamConfig(Lifetime::AfterTheEnd));
 }
 
-AlgorithmParamConfig::AlgorithmParamConfig() {
-    initMarketTime();
+AlgorithmParamConfig::AlgorithmParamConfig(internal::Lifetime lifetime) {
+    if (lifetime == internal::Lifetime::Process) initMarketTime();
 }
 
 void AlgorithmParamConfig::initAlgoParams(luabase::LuaConfig& script) {
@@ -58,7 +66,9 @@ void AlgorithmParamConfig::initAlgoParams(luabase::LuaConfig& script) {
 void AlgorithmParamConfig::initMarketTime() {
     luabase::LuaConfig script;
     script.init(internal::kMarketTimeScript);
-    if (!internal::readMarketTimes(script, marketTimes)) reportError("initMarketTime");
+    std::map<std::string, std::string> fresh;
+    if (!internal::readMarketTimes(script, fresh)) reportError("initMarketTime");
+    internal::replaceEntries(marketTimes, fresh);
 }
 
 boost::shared_ptr<CAlgorithmsParams> AlgorithmParamConfig::getAlgoParam(std::string name) const {

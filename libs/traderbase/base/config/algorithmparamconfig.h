@@ -16,6 +16,10 @@ class LuaConfig;
 
 namespace ttservice {
 
+namespace internal {
+enum class Lifetime;
+}
+
 // The catalogue of algorithm parameters: for each vendor the text that the algorithm script answers, as it is, and one
 // record made of it; besides them the session text of every market.
 //
@@ -28,7 +32,7 @@ namespace ttservice {
 class TRADERBASE_API AlgorithmParamConfig {
 public:
     // The process's one catalogue. The first call builds it with its market times; vendors are read by
-    // initAlgoParams().
+    // initAlgoParams(). Who asks after the process has ended and released it gets an empty one for himself.
     static boost::shared_ptr<AlgorithmParamConfig> instance();
 
     // Asks the script, which the client has loaded, for the vendors that the user holds rights to, and always for the
@@ -77,10 +81,10 @@ public:
     void readHuaChuangConfig(std::string text);
 
 private:
-    AlgorithmParamConfig();
+    TRADERBASE_HIDDEN explicit AlgorithmParamConfig(internal::Lifetime lifetime);
 
-    void readVendor(std::string& original, const std::string& text);
-    void pushAlgotoVec(std::string text);
+    TRADERBASE_HIDDEN void readVendor(std::string& original, const std::string& text);
+    TRADERBASE_HIDDEN void pushAlgotoVec(std::string text);
 
     std::string citicOriginal;
     std::string zxjtOriginal;

@@ -17,10 +17,12 @@ namespace keys = internal::keys;
 // Every piece counts, the empty one too; only an empty value has none at all.
 void readTypes(const utils::Configuration& configuration, const internal::SettingKey& row, char separator,
                std::set<std::string>& types) {
-    types.clear();
+    std::set<std::string> fresh;
     const std::string value = internal::readText(configuration, row);
-    if (value.empty()) return;
-    internal::splitKeepEmpty(value, separator, [&types](std::string_view type) { types.emplace(type); });
+    if (!value.empty()) {
+        internal::splitKeepEmpty(value, separator, [&fresh](std::string_view type) { fresh.emplace(type); });
+    }
+    types.swap(fresh);
 }
 
 }  // namespace
@@ -30,11 +32,12 @@ void ConfigCollector::readNotQueryAlgoPerm(const ConfigurationPtr& configuration
 }
 
 void ConfigCollector::readT0StrategyConfig(const ConfigurationPtr& configuration) {
-    t0Strategies.clear();
+    decltype(t0Strategies) strategies;
     const std::string value = internal::readText(*configuration, keys::t0Strategies);
-    internal::forEachEntry(value, internal::pairEntry, [this](const internal::PairEntry& entry) {
-        if (internal::isStored(entry.outcome)) t0Strategies.emplace_back(entry.first, entry.second);
+    internal::forEachEntry(value, internal::pairEntry, [&strategies](const internal::PairEntry& entry) {
+        if (internal::isStored(entry.outcome)) strategies.emplace_back(entry.first, entry.second);
     });
+    t0Strategies.swap(strategies);
 }
 
 // The two keys do not have the same separator.

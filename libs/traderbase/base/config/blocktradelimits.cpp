@@ -15,8 +15,8 @@
 namespace ttservice {
 
 void ConfigCollector::readOrderDazongLimitConfig(const ConfigurationPtr& configuration) {
-    blockTradeQuantities.clear();
-    blockTradeAmounts.clear();
+    decltype(blockTradeQuantities) quantities;
+    decltype(blockTradeAmounts) amounts;
     const std::string section(internal::keys::blockTradeLimits.section);
     for (const std::string& key : configuration->getProperties(section)) {
         const std::string value = configuration->read(section, key);
@@ -26,10 +26,12 @@ void ConfigCollector::readOrderDazongLimitConfig(const ConfigurationPtr& configu
         const int amount = internal::looseInt(fields[2]);
         internal::forEachLimitItem(key, [&](const internal::LimitItem& item) {
             const internal::MarketItem place = tableKey(item);
-            blockTradeQuantities[place] = quantity;
-            blockTradeAmounts[place] = amount;
+            quantities[place] = quantity;
+            amounts[place] = amount;
         });
     }
+    blockTradeQuantities.swap(quantities);
+    blockTradeAmounts.swap(amounts);
 }
 
 // Neither question looks for a row of the code itself, and neither leaves anything in its table.

@@ -10,6 +10,7 @@
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/keyreading.h"
 #include "traderbase/base/config/internal/limitrows.h"
+#include "traderbase/base/config/internal/replacing.h"
 #include "traderbase/base/config/internal/settingkeys.h"
 #include "traderbase/base/config/internal/strictnumbers.h"
 #include "traderbase/base/config/shfixincomelimit.h"
@@ -36,6 +37,7 @@ constexpr FixedIncomeKey kFixedIncomeKeys[] = {
 
 // The table is not cleared: a key that is missing or malformed leaves its type as the load before set it.
 void ConfigCollector::readSHFixIncomeLimitConfig(const ConfigurationPtr& configuration) {
+    decltype(fixedIncomeLimits) fresh;
     for (const FixedIncomeKey& key : kFixedIncomeKeys) {
         const std::string value = internal::readText(*configuration, *key.row);
         internal::LimitFields<decltype(internal::kFixedIncomeRow)> fields;
@@ -48,20 +50,22 @@ void ConfigCollector::readSHFixIncomeLimitConfig(const ConfigurationPtr& configu
         limit->intValue4 = internal::looseInt(fields[4]);
         limit->intValue5 = internal::looseInt(fields[5]);
         limit->intValue6 = internal::looseInt(fields[6]);
-        fixedIncomeLimits[key.bondTradeType] = limit;
+        fresh[key.bondTradeType] = limit;
     }
+    internal::replaceEntries(fixedIncomeLimits, fresh);
 }
 
 void ConfigCollector::readStandardBondUseLimit(const ConfigurationPtr& configuration) {
-    standardBondUse.clear();
+    decltype(standardBondUse) fresh;
     const std::string section(keys::standardBondUse.section);
     const double fallback = internal::valueWhenMissing<double>(keys::standardBondUse);
     for (const std::string& code : configuration->getProperties(section)) {
         const double ratio = configuration->readDouble(section, code, fallback);
         // emplace, not assignment: where two rows come to one key, the one met first keeps its number.
-        standardBondUse.emplace(code, ratio);
-        standardBondUse.emplace(boost::algorithm::to_upper_copy(code), ratio);
+        fresh.emplace(code, ratio);
+        fresh.emplace(boost::algorithm::to_upper_copy(code), ratio);
     }
+    standardBondUse.swap(fresh);
 }
 
 boost::shared_ptr<SHFixIncomeLimit> ConfigCollector::getSHFixIncomeLimit(EBondTradeType tradeType) const {

@@ -10,6 +10,7 @@
 #include <ttplatform/configuration.h>
 #include <boost/make_shared.hpp>
 
+#include "traderbase/base/config/internal/lastingslot.h"
 #include "traderbase/base/config/internal/platformlist.h"
 #include "traderbase/base/config/internal/storeslot.h"
 
@@ -18,16 +19,16 @@ namespace ttservice {
 namespace internal {
 
 boost::shared_ptr<ConfigCollector>& StoreSlot::slot() {
-    static boost::shared_ptr<ConfigCollector> store = build();
-    return store;
+    return lastingSlot<ConfigCollector>(&StoreSlot::build);
 }
 
 boost::shared_ptr<ConfigCollector> StoreSlot::current() {
-    return slot();
+    const boost::shared_ptr<ConfigCollector>& store = slot();
+    return store ? store : boost::shared_ptr<ConfigCollector>(new ConfigCollector(Lifetime::AfterTheEnd));
 }
 
 boost::shared_ptr<ConfigCollector> StoreSlot::build() {
-    return boost::shared_ptr<ConfigCollector>(new ConfigCollector);
+    return boost::shared_ptr<ConfigCollector>(new ConfigCollector(Lifetime::Process));
 }
 
 boost::shared_ptr<ConfigCollector> StoreSlot::exchange(boost::shared_ptr<ConfigCollector> store) {
@@ -41,8 +42,8 @@ boost::shared_ptr<ConfigCollector> ConfigCollector::instance() {
     return internal::StoreSlot::current();
 }
 
-ConfigCollector::ConfigCollector() {
-    init();
+ConfigCollector::ConfigCollector(internal::Lifetime lifetime) {
+    if (lifetime == internal::Lifetime::Process) init();
 }
 
 ConfigCollector::~ConfigCollector() = default;

@@ -35,6 +35,7 @@ class CCustomSgtExchangeRateLimit;
 namespace ttservice {
 
 namespace internal {
+enum class Lifetime;
 struct StoreSlot;
 struct SwitchLists;
 }  // namespace internal
@@ -54,7 +55,9 @@ class TRADERBASE_API ConfigCollector {
 public:
     // --- the store itself
 
-    // The process's one store, built by the first call: defaults, no switches, market times from the script.
+    // The process's one store, built by the first call: defaults, no switches, market times from the script. Destroyed
+    // when the process ends, unless somebody still holds it; who asks after that, from the destructor of a static
+    // object, gets a store of defaults for himself.
     static boost::shared_ptr<ConfigCollector> instance();
 
     ConfigCollector(const ConfigCollector&) = delete;
@@ -337,21 +340,21 @@ private:
 
     using ConfigurationPtr = boost::shared_ptr<utils::Configuration>;
 
-    ConfigCollector();
-    void init();
-    void setLists(internal::SwitchLists lists);
-    bool isSwitchListed(std::size_t switchIndex, int platformId) const;
+    TRADERBASE_HIDDEN explicit ConfigCollector(internal::Lifetime lifetime);
+    TRADERBASE_HIDDEN void init();
+    TRADERBASE_HIDDEN void setLists(internal::SwitchLists lists);
+    TRADERBASE_HIDDEN bool isSwitchListed(std::size_t switchIndex, int platformId) const;
 
-#define TT_SECTION_READER(reader) void reader(const ConfigurationPtr& configuration);
+#define TT_SECTION_READER(reader) TRADERBASE_HIDDEN void reader(const ConfigurationPtr& configuration);
 #include "traderbase/base/config/loadorder.def"
 
     // Readers outside the load order: their settings keep what the store is born with. That is meant.
-    void readETFOneCodeConfig(const ConfigurationPtr& configuration);
-    void readFinEnableBailRatio(const ConfigurationPtr& configuration);
+    TRADERBASE_HIDDEN void readETFOneCodeConfig(const ConfigurationPtr& configuration);
+    TRADERBASE_HIDDEN void readFinEnableBailRatio(const ConfigurationPtr& configuration);
 
     // Seconds of the day, those from 20:30:00 on as negative seconds of the next trading day; the second takes HHMMSS.
-    static int getRealNumber(int secondOfDay);
-    static int getSerialNumber(int clockTime);
+    TRADERBASE_HIDDEN static int getRealNumber(int secondOfDay);
+    TRADERBASE_HIDDEN static int getSerialNumber(int clockTime);
 
     // --- guarded by ptsMutex
     mutable internal::ReadMostlyMutex ptsMutex;

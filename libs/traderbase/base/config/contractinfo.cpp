@@ -29,8 +29,9 @@ void ConfigCollector::readContractInfoConfig(const ConfigurationPtr& configurati
     internal::enterContractTypes(internal::readText(*configuration, keys::contractTypes), contracts);
 
     const std::string ids = internal::readText(*configuration, keys::httpProductIds);
-    httpProductIds.clear();
-    internal::splitDropEmpty(ids, ',', [this](std::string_view id) { httpProductIds.emplace_back(id); });
+    std::vector<std::string> list;
+    internal::splitDropEmpty(ids, ',', [&list](std::string_view id) { list.emplace_back(id); });
+    httpProductIds.swap(list);
 }
 
 boost::shared_ptr<ContractInfo> ConfigCollector::getContractInfo(const std::string& productId, bool isCredit) const {

@@ -35,25 +35,25 @@ void readPerPlatform(const utils::Configuration& configuration, const SettingKey
 
 void ConfigCollector::readConcentrationRatioConfig(const ConfigurationPtr& configuration) {
     const std::string value = readText(*configuration, keys::concentrationRatio);
-    const boost::unique_lock<boost::mutex> lock(concentrationMutex);
-    concentrationRatios.clear();
-    internal::forEachConcentrationEntry(value, [this](const internal::ConcentrationEntry& entry) {
+    decltype(concentrationRatios) ratios;
+    internal::forEachConcentrationEntry(value, [&ratios](const internal::ConcentrationEntry& entry) {
         if (entry.kind != CreditEntryKind::Entry) return;
-        concentrationRatios[entry.platform] = {internal::looseDouble(entry.ratios[0]),
-                                               internal::looseDouble(entry.ratios[1])};
+        ratios[entry.platform] = {internal::looseDouble(entry.ratios[0]), internal::looseDouble(entry.ratios[1])};
     });
+    const boost::unique_lock<boost::mutex> lock(concentrationMutex);
+    concentrationRatios.swap(ratios);
 }
 
 void ConfigCollector::readRepayDebtByCollateralSellConfig(const ConfigurationPtr& configuration) {
     const std::string value = readText(*configuration, keys::collateralSaleRepay);
-    // The platform switches' lock: nothing below may ask a switch, which would wait for this very thread.
-    const internal::ReadMostlyMutex::Writer writer(ptsMutex);
-    collateralSaleCodes.clear();
-    internal::forEachCollateralSaleEntry(value, [this](const internal::CreditEntry& entry) {
+    decltype(collateralSaleCodes) codesByPlatform;
+    internal::forEachCollateralSaleEntry(value, [&codesByPlatform](const internal::CreditEntry& entry) {
         if (entry.kind != CreditEntryKind::Entry) return;
-        auto& codes = collateralSaleCodes[entry.platform];
+        auto& codes = codesByPlatform[entry.platform];
         internal::splitDropEmpty(entry.payload, ',', [&codes](std::string_view code) { codes.emplace(code); });
     });
+    const internal::ReadMostlyMutex::Writer writer(ptsMutex);  // the platform switches' lock
+    collateralSaleCodes.swap(codesByPlatform);
 }
 
 void ConfigCollector::readNeedCheckAssureEnbuyBalanceConfig(const ConfigurationPtr& configuration) {

@@ -23,11 +23,12 @@ constexpr int kMoneyMarketFundType = 100024;
 
 // Platform IDs are taken loosely here: a key that is no number stands for platform 0.
 void ConfigCollector::readSpecialMonetaryFund(const ConfigurationPtr& configuration) {
-    sloBalanceFirstFunds.clear();
+    decltype(sloBalanceFirstFunds) funds;
     const std::string section(keys::sloBalanceFirstFunds.section);
     for (const std::string& platform : configuration->getProperties(section)) {
-        sloBalanceFirstFunds[internal::looseInt(platform)] = internal::fundList(configuration->read(section, platform));
+        funds[internal::looseInt(platform)] = internal::fundList(configuration->read(section, platform));
     }
+    sloBalanceFirstFunds.swap(funds);
 }
 
 // Locked while the settings are read, too: who asks meanwhile waits for the new table.

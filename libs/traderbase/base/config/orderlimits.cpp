@@ -29,14 +29,15 @@ void enterRow(std::string_view key, std::string_view value, LimitTable& table) {
 
 // One table for the three sections: which of them a row came from plays no part in an answer.
 void ConfigCollector::readOrderLimitConfig(const ConfigurationPtr& configuration) {
-    orderLimits.clear();
+    LimitTable fresh;
     for (const internal::SettingKey* row : {&internal::keys::orderLimits, &internal::keys::connectShanghaiOrderLimits,
                                             &internal::keys::connectShenzhenOrderLimits}) {
         const std::string section(row->section);
         for (const std::string& key : configuration->getProperties(section)) {
-            enterRow(key, configuration->read(section, key), orderLimits);
+            enterRow(key, configuration->read(section, key), fresh);
         }
     }
+    orderLimits.swap(fresh);
 }
 
 std::pair<int, std::string> ConfigCollector::getOrderLimit(const std::string& market, const std::string& code,

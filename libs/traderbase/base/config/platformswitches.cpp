@@ -120,7 +120,8 @@ bool ConfigCollector::isCanQueryETFFromCounter(int platformId) const {
 }
 
 void ConfigCollector::setSplitPermission(const std::map<std::string, int>& permissions) {
-    splitPermission = permissions;
+    auto copy = permissions;
+    splitPermission.swap(copy);
 }
 
 int ConfigCollector::getMaxPermission(std::string name) const {

@@ -63,7 +63,7 @@ void logItem(const internal::LimitItem& item, std::string_view family, const IDa
 template <typename Shape, typename Record>
 void readFamily(const utils::Configuration& configuration, const internal::SettingKey& row, const Shape& /*shape*/,
                 RateTable<Record>& table) {
-    table.clear();
+    RateTable<Record> fresh;
     const std::string section(row.section);
     for (const std::string& key : configuration.getProperties(section)) {
         const std::string value = configuration.read(section, key);
@@ -73,10 +73,11 @@ void readFamily(const utils::Configuration& configuration, const internal::Setti
         const auto record = boost::make_shared<Record>();
         fill(*record, fields);
         internal::forEachLimitItem(key, [&](const internal::LimitItem& item) {
-            table[tableKey(item)] = record;
+            fresh[tableKey(item)] = record;
             logItem(item, row.section, *record);
         });
     }
+    table.swap(fresh);
 }
 
 // The row of (market, category). The one that this makes when there is none is meant: the same record answers until the

@@ -23,20 +23,23 @@ constexpr internal::LogPlace kReadSpecialCombCompactsConfig{"libs/traderbase/bas
 void ConfigCollector::readSubfeeProductConfig(const ConfigurationPtr& configuration) {
     const std::string section(keys::subscriptionFees.section);
     const std::vector<std::string> products = configuration->getProperties(section);
-    subscriptionFees.clear();
+    decltype(subscriptionFees) fees;
     for (const std::string& product : products) {
-        internal::enterSubscriptionFee(product, configuration->readDouble(section, product, 0.0), subscriptionFees);
+        internal::enterSubscriptionFee(product, configuration->readDouble(section, product, 0.0), fees);
     }
+    subscriptionFees.swap(fees);
 }
 
 // Adds to the groups of earlier loads.
 void ConfigCollector::readSpecialCombCompactsConfig(const ConfigurationPtr& configuration) {
+    internal::CombinationTables fresh;
     const std::string section(keys::combinations.section);
     for (const std::string& exchange : configuration->getProperties(section)) {
         const std::string groups = configuration->read(section, exchange);
         internal::logInfo(kReadSpecialCombCompactsConfig, "exchange {0} products: {1}", exchange, groups);
-        internal::enterCombinations(groups, combinations);
+        internal::enterCombinations(groups, fresh);
     }
+    internal::addCombinations(fresh, combinations);
 }
 
 // Without a ":" both values of the load before stay.
@@ -44,10 +47,11 @@ void ConfigCollector::readETFBrokerCLientTag(const ConfigurationPtr& configurati
     const std::string value = internal::readText(*configuration, keys::etfBrokerClient);
     const internal::TagEntry entry = internal::tagEntry(value);
     if (!internal::isStored(entry.outcome)) return;
-    etfBrokerClientTag = entry.tag;
-    etfBrokerClientQueryTimes.clear();
-    internal::splitKeepEmpty(entry.times, ',',
-                             [this](std::string_view time) { etfBrokerClientQueryTimes.emplace_back(time); });
+    std::string tag(entry.tag);
+    std::vector<std::string> times;
+    internal::splitKeepEmpty(entry.times, ',', [&times](std::string_view time) { times.emplace_back(time); });
+    etfBrokerClientTag.swap(tag);
+    etfBrokerClientQueryTimes.swap(times);
 }
 
 double ConfigCollector::getSubFee(const std::string& productCode) const {

@@ -8,6 +8,7 @@
 #include <boost/make_shared.hpp>
 
 #include "traderbase/base/config/internal/catalogueentries.h"
+#include "traderbase/base/config/internal/replacing.h"
 #include "traderbase/base/config/internal/splitting.h"
 #include "traderbase/base/config/internal/strictnumbers.h"
 
@@ -43,23 +44,29 @@ JoinedText contractKey(std::string_view productId, bool isCredit) {
 }
 
 void enterContracts(std::string_view value, ContractCatalogue& catalogue) {
-    forEachEntry(value, contractEntry, [&catalogue](const ContractEntry& entry) {
+    ContractCatalogue::Records fresh;
+    forEachEntry(value, contractEntry, [&fresh](const ContractEntry& entry) {
         if (!isStored(entry.outcome)) return;
         const auto record = recordOf(entry);
-        catalogue.records[text(contractKey(entry.productId, record->isCredit))] = record;
+        fresh[text(contractKey(entry.productId, record->isCredit))] = record;
     });
+    replaceEntries(catalogue.records, fresh);
 }
 
 void enterContractTypes(std::string_view value, ContractCatalogue& catalogue) {
-    forEachEntry(value, pairEntry, [&catalogue](const PairEntry& entry) {
+    ContractCatalogue::Index credit;
+    ContractCatalogue::Index stock;
+    forEachEntry(value, pairEntry, [&](const PairEntry& entry) {
         if (!isStored(contractTypesOutcome(entry, catalogue))) return;
         const bool hasCredit = holds(catalogue, entry.first, true);
         const bool hasStock = holds(catalogue, entry.first, false);
         splitKeepEmpty(entry.second, '|', [&](std::string_view type) {
-            if (hasCredit) catalogue.creditProductByType[std::string(type)] = entry.first;
-            if (hasStock) catalogue.stockProductByType[std::string(type)] = entry.first;
+            if (hasCredit) credit[std::string(type)] = entry.first;
+            if (hasStock) stock[std::string(type)] = entry.first;
         });
     });
+    replaceEntries(catalogue.creditProductByType, credit);
+    replaceEntries(catalogue.stockProductByType, stock);
 }
 
 EntryOutcome contractTypesOutcome(const PairEntry& entry, const ContractCatalogue& catalogue) {

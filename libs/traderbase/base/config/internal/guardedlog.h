@@ -32,12 +32,18 @@ void writeDebug(int channel, const std::string& text) noexcept;
 
 template <typename... Args>
 void logInfo(const LogPlace& place, fmt::format_string<Args...> format, Args&&... args) {
-    if (infoWanted()) writeInfo(place, fmt::format(format, std::forward<Args>(args)...));
+    try {
+        if (infoWanted()) writeInfo(place, fmt::format(format, std::forward<Args>(args)...));
+    } catch (...) {  // NOLINT(bugprone-empty-catch): a line that cannot be made is lost; the answer is not
+    }
 }
 
 template <typename... Args>
 void logDebug(int channel, fmt::format_string<Args...> format, Args&&... args) {
-    if (debugWanted(channel)) writeDebug(channel, fmt::format(format, std::forward<Args>(args)...));
+    try {
+        if (debugWanted(channel)) writeDebug(channel, fmt::format(format, std::forward<Args>(args)...));
+    } catch (...) {  // NOLINT(bugprone-empty-catch): a line that cannot be made is lost; the answer is not
+    }
 }
 
 }  // namespace ttservice::internal

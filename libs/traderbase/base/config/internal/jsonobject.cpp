@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <limits>
 #include <mutex>
+#include <new>
 #include <string_view>
 
 #include <mongo/db/json.h>
@@ -198,6 +199,18 @@ void makeLogManager() {
     std::call_once(made, [] { bson::logger::globalLogManager(); });
 }
 
+// The parser makes an exception of its own out of every one that is raised inside it, and has no memory for the whole
+// message when there is none. Other messages quote the text, which may say anything.
+bool tellsOfNoMemory(const bson::DBException& failure) {
+    constexpr int kParserFailed = 17031;
+    constexpr std::string_view kIntroduction = "caught exception from within JSON parser: ";
+    if (failure.getCode() != kParserFailed) return false;
+    const std::string_view message = failure.what();
+    if (message.size() <= kIntroduction.size()) return kIntroduction.substr(0, message.size()) == message;
+    return message.substr(0, kIntroduction.size()) == kIntroduction &&
+           message.substr(kIntroduction.size()) == std::bad_alloc().what();
+}
+
 }  // namespace
 
 std::string preparedJson(const std::string& text) {
@@ -206,7 +219,13 @@ std::string preparedJson(const std::string& text) {
 
 bson::BSONObj parseJson(const std::string& text) {
     makeLogManager();
-    return bson::fromjson(preparedJson(text));
+    const std::string prepared = preparedJson(text);
+    try {
+        return bson::fromjson(prepared);
+    } catch (const bson::DBException& failure) {
+        if (tellsOfNoMemory(failure)) throw std::bad_alloc();
+        throw;
+    }
 }
 
 std::optional<bson::BSONObj> readJsonObject(const std::string& text) {
@@ -214,6 +233,8 @@ std::optional<bson::BSONObj> readJsonObject(const std::string& text) {
     if (first != std::string::npos && text[first] != '{') return std::nullopt;
     try {
         return parseJson(text);
+    } catch (const std::bad_alloc&) {
+        throw;  // says nothing about the text
     } catch (const std::exception&) {
         return std::nullopt;
     }

@@ -32,7 +32,8 @@ struct RefusedJson : std::runtime_error {
 // The object or array that the text holds; an array has the names "0", "1" and so on. Throws when it holds neither.
 mongo::BSONObj parseJson(const std::string& text);
 
-// The object that the text holds; nothing for an array and for every text that parseJson() throws for.
+// The object that the text holds; nothing for an array and for every text that parseJson() throws for. Throws nothing
+// but std::bad_alloc.
 std::optional<mongo::BSONObj> readJsonObject(const std::string& text);
 
 // The text as the parser gets it: checked as said above, every decimal point worked into the exponent, every number and

@@ -3,6 +3,7 @@
 #include <map>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "traderbase/base/config/internal/badvalue.h"
 #include "traderbase/base/config/internal/perplatformtable.h"
@@ -67,15 +68,17 @@ void enterPerPlatformItem(std::string_view text, const Value& builtIn, PerPlatfo
 // the text names platforms and nothing else.
 template <typename Value>
 void readPerPlatformList(std::string_view text, const Value& builtIn, PerPlatformTable<Value>& table) {
-    table.byPlatform.clear();
-    splitSqueezed(text, ';', [&](std::string_view item) { enterPerPlatformItem(item, builtIn, table); });
+    PerPlatformTable<Value> fresh{{}, table.byDefault};
+    splitSqueezed(text, ';', [&](std::string_view item) { enterPerPlatformItem(item, builtIn, fresh); });
+    table = std::move(fresh);
 }
 
 // The same for a list in which every ";" separates: an empty item in the middle sets the built-in default as well.
 template <typename Value>
 void readPerPlatformListKeepEmpty(std::string_view text, const Value& builtIn, PerPlatformTable<Value>& table) {
-    table.byPlatform.clear();
-    splitKeepEmpty(text, ';', [&](std::string_view item) { enterPerPlatformItem(item, builtIn, table); });
+    PerPlatformTable<Value> fresh{{}, table.byDefault};
+    splitKeepEmpty(text, ';', [&](std::string_view item) { enterPerPlatformItem(item, builtIn, fresh); });
+    table = std::move(fresh);
 }
 
 }  // namespace ttservice::internal

@@ -1,5 +1,5 @@
 // Platform lists: answers which platform IDs a switch lists.
-// Doors: readPlatformList(), sortedKeys(), readSwitchLists(); forEachPlatformPiece() in the header is the grammar piece by piece.
+// Doors: readPlatformList(), sortedKeys(), readSwitchLists(); in the header, piece by piece, forEachPlatformPiece().
 // Owns: nothing.
 // Covered by tests/config/internal/grammars_test.cpp.
 

@@ -6,12 +6,14 @@
 #include "traderbase/base/config/internal/producttables.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include <boost/algorithm/string/case_conv.hpp>
 
 #include "traderbase/base/config/internal/catalogueentries.h"
 #include "traderbase/base/config/internal/joinedtext.h"
+#include "traderbase/base/config/internal/replacing.h"
 #include "traderbase/base/config/internal/splitting.h"
 
 namespace ttservice::internal {
@@ -28,16 +30,26 @@ std::vector<std::vector<std::string_view>> productGroups(std::string_view value)
 }
 
 void enterCombinations(std::string_view value, CombinationTables& tables) {
+    CombinationTables fresh;
     for (const std::vector<std::string_view>& products : productGroups(value)) {
         std::set<std::string> group;
         for (std::size_t i = 0; i < products.size(); ++i) {
-            tables.products.emplace_back(products[i]);
+            fresh.products.emplace_back(products[i]);
             group.emplace(products[i]);
             // By place, not by name: in "A,B,A" the last A maps to itself.
-            if (i > 0) tables.firstOfGroup.emplace(products[i], products.front());
+            if (i > 0) fresh.firstOfGroup.emplace(products[i], products.front());
         }
-        tables.groups.push_back(std::move(group));
+        fresh.groups.push_back(std::move(group));
     }
+    addCombinations(fresh, tables);
+}
+
+void addCombinations(CombinationTables& fresh, CombinationTables& tables) {
+    makeRoomFor(fresh.groups.size(), tables.groups);
+    makeRoomFor(fresh.products.size(), tables.products);
+    std::move(fresh.groups.begin(), fresh.groups.end(), std::back_inserter(tables.groups));
+    std::move(fresh.products.begin(), fresh.products.end(), std::back_inserter(tables.products));
+    tables.firstOfGroup.merge(fresh.firstOfGroup);
 }
 
 std::vector<std::string> fundList(std::string_view value) {
@@ -58,11 +70,13 @@ bool listsAllFunds(const std::vector<std::string>& list) {
 }
 
 void enterMarketCodes(std::string_view value, std::map<std::string, std::set<std::string>>& codesByMarket) {
-    forEachEntry(value, marketCodesEntry, [&codesByMarket](const MarketCodesEntry& entry) {
+    std::map<std::string, std::set<std::string>> fresh;
+    forEachEntry(value, marketCodesEntry, [&fresh](const MarketCodesEntry& entry) {
         std::set<std::string> codes;
         splitKeepEmpty(entry.codes, ',', [&codes](std::string_view code) { codes.emplace(code); });
-        codesByMarket[std::string(entry.market)] = std::move(codes);
+        fresh[std::string(entry.market)] = std::move(codes);
     });
+    replaceEntries(codesByMarket, fresh);
 }
 
 }  // namespace ttservice::internal

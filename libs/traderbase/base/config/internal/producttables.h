@@ -30,6 +30,9 @@ std::vector<std::vector<std::string_view>> productGroups(std::string_view value)
 // Adds the groups of such a text. A product of two groups keeps the first product of the earlier one.
 void enterCombinations(std::string_view value, CombinationTables& tables);
 
+// Adds groups that were read aside; either all of them come in or, for want of memory, none.
+void addCombinations(CombinationTables& fresh, CombinationTables& tables);
+
 // --- money-market funds
 
 // The entries of the text "SSE511880,SZSE159001", empty ones included.

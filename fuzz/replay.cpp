@@ -1,0 +1,156 @@
+// The plain main of a fuzz target: replays a corpus and mutations of it, the same ones every time.
+//
+//   fuzz_NAME_replay MAX_LEN CORPUS...
+//
+// Prints nothing when all is well. When an input ends the program, it is left in the current folder.
+
+#include <algorithm>
+#include <csignal>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+// Only where a sanitizer is linked.
+extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
+
+namespace {
+
+constexpr int kMutations = 400;
+
+struct Current {
+    std::string name;
+    std::string bytes;
+    // Targets change the current folder.
+    const std::string keptAs = (std::filesystem::current_path() / "failed-fuzz-input").string();
+};
+
+// What is being replayed; it outlives everything, as the program may end at any time.
+Current& current() {
+    static Current* const input = new Current;
+    return *input;
+}
+
+void keepFailedInput() {
+    std::fprintf(stderr, "replaying %s ended the program; the input is kept in %s\n", current().name.c_str(),
+                 current().keptAs.c_str());
+    std::ofstream(current().keptAs, std::ios::binary) << current().bytes;
+}
+
+extern "C" void onSignal(int number) {
+    std::signal(number, SIG_DFL);
+    keepFailedInput();
+    std::raise(number);
+}
+
+void catchEnds() {
+    if (&__sanitizer_set_death_callback != nullptr) {
+        __sanitizer_set_death_callback(keepFailedInput);
+        std::signal(SIGABRT, onSignal);
+        return;
+    }
+    for (const int number : {SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL})
+        std::signal(number, onSignal);
+}
+
+void replay(const std::string& name, const std::string& bytes) {
+    current().name = name;
+    current().bytes = bytes;
+    // A piece of memory of exactly that size, so that a sanitizer sees every step beyond it.
+    const std::unique_ptr<std::uint8_t[]> copy(new std::uint8_t[bytes.size()]);
+    std::copy(bytes.begin(), bytes.end(), copy.get());
+    LLVMFuzzerTestOneInput(copy.get(), bytes.size());
+}
+
+std::vector<std::filesystem::path> filesOf(const std::string& folder) {
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.is_regular_file()) files.push_back(entry.path());
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+std::string bytesOf(const std::filesystem::path& file) {
+    std::ostringstream bytes;
+    bytes << std::ifstream(file, std::ios::binary).rdbuf();
+    return bytes.str();
+}
+
+class Mutator {
+public:
+    explicit Mutator(const std::vector<std::string>& inputs) : seeds(inputs) {}
+
+    std::string make(std::size_t longest) {
+        std::string bytes = seeds[below(seeds.size())];
+        for (std::size_t steps = 1 + below(4); steps > 0; --steps)
+            change(bytes);
+        bytes.resize(std::min(bytes.size(), longest));
+        return bytes;
+    }
+
+private:
+    std::size_t below(std::size_t limit) { return random() % limit; }
+
+    void change(std::string& bytes) {
+        static constexpr char kTelling[] = {'\0', '\n', '\r', ' ', ',', ';', ':', '=', '-', '|',    '[',
+                                            ']',  '{',  '}',  '"', '0', '1', '9', 'e', '.', '\xff', '\\'};
+        const std::size_t at = below(bytes.size() + 1);
+        const std::string& other = seeds[below(seeds.size())];
+        const std::size_t from = below(other.size() + 1);
+        switch (below(5)) {
+            case 0:
+                if (at < bytes.size()) bytes[at] = static_cast<char>(random());
+                break;
+            case 1:
+                bytes.insert(at, 1, kTelling[below(sizeof kTelling)]);
+                break;
+            case 2:
+                bytes.erase(at, 1 + below(16));
+                break;
+            case 3:
+                bytes.insert(at, other, from, 1 + below(64));
+                break;
+            default:
+                bytes.replace(at, std::string::npos, other, from, std::string::npos);
+                break;
+        }
+    }
+
+    const std::vector<std::string>& seeds;
+    std::mt19937 random{20240609};
+};
+
+}  // namespace
+
+int main(int count, char** words) {
+    if (count < 3) {
+        std::fprintf(stderr, "usage: %s MAX_LEN CORPUS...\n", words[0]);
+        return 2;
+    }
+    current();
+    catchEnds();
+    std::vector<std::string> seeds;
+    for (int folder = 2; folder < count; ++folder) {
+        for (const std::filesystem::path& file : filesOf(words[folder])) {
+            seeds.push_back(bytesOf(file));
+            replay(file.string(), seeds.back());
+        }
+    }
+    if (seeds.empty()) {
+        std::fprintf(stderr, "there is nothing to replay\n");
+        return 1;
+    }
+    Mutator mutator(seeds);
+    const std::size_t longest = std::strtoul(words[1], nullptr, 10);
+    for (int i = 0; i < kMutations; ++i)
+        replay("mutation " + std::to_string(i), mutator.make(longest));
+    return 0;
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "tests/support/tempfile.h"
+
+namespace fuzz {
+
+// A client's folder of the target's own, entered for as long as the program runs: no script, no file that was not
+// written by the target.
+class ScratchFolder {
+public:
+    ScratchFolder() {
+        std::filesystem::create_directories(folder.path("bin"));
+        std::filesystem::current_path(folder.path("bin"));
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    ~ScratchFolder() {
+        std::error_code ignored;
+        std::filesystem::current_path(before, ignored);
+    }
+
+    // Writes a file, seen from the client's own folder, and answers its path.
+    std::string write(const std::string& name, std::string_view bytes) const { return folder.write(name, bytes); }
+
+private:
+    tests::TempFolder folder;
+    std::filesystem::path before = std::filesystem::current_path();
+};
+
+}  // namespace fuzz

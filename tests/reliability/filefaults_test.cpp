@@ -1,0 +1,238 @@
+// Settings files that are not there, are no files, or change while they are read. The library answers every one of them
+// with what could be read, and never waits for one.
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "tests/support/clientfolder.h"
+#include "tests/support/sanitizers.h"
+#include "tests/support/standarderror.h"
+#include "traderbase/base/config/configcollector.h"
+
+using tests::ClientFolder;
+using tests::TempFolder;
+using ttservice::ConfigCollector;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// A load that hangs ends the test.
+class Deadline {
+public:
+    explicit Deadline(unsigned seconds) { alarm(seconds); }
+    Deadline(const Deadline&) = delete;
+    Deadline& operator=(const Deadline&) = delete;
+    ~Deadline() { alarm(0); }
+};
+
+constexpr unsigned kLongestLoad = 240;
+
+// What a load of a file that cannot be read leaves behind: the defaults and the path, and not a word.
+void expectDefaultsAfterLoading(const std::string& path) {
+    const Deadline deadline(kLongestLoad);
+    const tests::StandardError caught;
+    const auto store = ConfigCollector::instance();
+    store->readConfig(path);
+    std::string original;
+    store->getOriginalStr(original);
+    EXPECT_EQ(original, path);
+    EXPECT_EQ(store->getFlowHistoryDays(), -1);
+    EXPECT_EQ(store->getCounterMaxCompactsRespNum(1), 500);
+    EXPECT_TRUE(store->getAllpts().empty());
+    EXPECT_EQ(caught.text(), "");
+}
+
+void writeSparse(const std::string& path, std::uintmax_t size) {
+    std::ofstream(path).put('\0');
+    fs::resize_file(path, size);
+}
+
+}  // namespace
+
+TEST(FileFaults, AMissingFileGivesDefaults) {
+    const ClientFolder client;
+    const TempFolder folder;
+    expectDefaultsAfterLoading(folder.path("missing.ini"));
+    expectDefaultsAfterLoading("");
+    expectDefaultsAfterLoading(std::string("a\0b", 3));
+    expectDefaultsAfterLoading(std::string(100000, 'x'));
+}
+
+TEST(FileFaults, ADirectoryGivesDefaults) {
+    const ClientFolder client;
+    const TempFolder folder;
+    expectDefaultsAfterLoading(folder.path(""));
+}
+
+TEST(FileFaults, AnUnreadableFileGivesDefaults) {
+    const ClientFolder client;
+    const TempFolder folder;
+    const std::string path = folder.write("settings.ini", "[setting]\nflowhistorydays=5\n");
+    ASSERT_EQ(chmod(path.c_str(), 0), 0);
+    constexpr uid_t kNobody = 65534;  // root reads everything
+    if (geteuid() == 0) {
+        ASSERT_EQ(seteuid(kNobody), 0);
+    }
+    expectDefaultsAfterLoading(path);
+    if (getuid() == 0) {
+        ASSERT_EQ(seteuid(0), 0);
+    }
+}
+
+TEST(FileFaults, ANamedPipeWithoutAWriterIsNotWaitedFor) {
+    const ClientFolder client;
+    const TempFolder folder;
+    const std::string path = folder.path("pipe");
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    const Deadline deadline(20);
+    expectDefaultsAfterLoading(path);
+}
+
+TEST(FileFaults, DevicesAreNotRead) {
+    const ClientFolder client;
+    for (const char* path : {"/dev/zero", "/dev/full", "/dev/stdin"}) {
+        if (fs::exists(path)) expectDefaultsAfterLoading(path);
+    }
+}
+
+TEST(FileFaults, NothingButNulsGivesDefaults) {
+    const ClientFolder client;
+    const TempFolder folder;
+    expectDefaultsAfterLoading(folder.write("settings.ini", std::string(1 << 20, '\0')));
+}
+
+TEST(FileFaults, AGigabyteGivesDefaults) {
+    const ClientFolder client;
+    const TempFolder folder;
+    const std::string path = folder.path("settings.ini");
+    // It is read as a whole, which the sanitizers would need several times the memory for.
+    writeSparse(path, tests::kUnderSanitizer ? 100000000 : 1000000000);
+    expectDefaultsAfterLoading(path);
+}
+
+TEST(FileFaults, MoreThanAGibibyteIsNotEvenOpened) {
+    const ClientFolder client;
+    const TempFolder folder;
+    const std::string path = folder.path("settings.ini");
+    writeSparse(path, (std::uintmax_t{1} << 30) + 1);
+    const Deadline deadline(20);
+    expectDefaultsAfterLoading(path);
+    writeSparse(path, std::uintmax_t{1} << 43);
+    expectDefaultsAfterLoading(path);
+}
+
+TEST(FileFaults, ALineOfAHundredMegabytesIsOneValue) {
+    const ClientFolder client;
+    const TempFolder folder;
+    const std::size_t size = 100000000;
+    const std::string path = folder.path("settings.ini");
+    {
+        std::ofstream file(path, std::ios::binary);
+        file << "[HgtSgtPriceDiff]\nprice_diff=" << std::string(size, 'x') << "\n[setting]\nflowhistorydays=5\n";
+    }
+    const Deadline deadline(kLongestLoad);
+    const tests::StandardError caught;
+    const auto store = ConfigCollector::instance();
+    store->readConfig(path);
+    EXPECT_EQ(store->getHgtSgtPriceDiff().size(), size);
+    EXPECT_EQ(store->getFlowHistoryDays(), 5);
+    {
+        std::ofstream file(path, std::ios::binary);
+        file << "[setting]\nneedmaxamount=" << std::string(size, ',') << "7\nflowhistorydays=6\n";
+    }
+    store->readConfig(path);
+    EXPECT_EQ(store->getPts("needmaxamount"), std::vector<int>{7});
+    EXPECT_EQ(store->getFlowHistoryDays(), 6);
+}
+
+namespace {
+
+constexpr int kKeys = 2000;
+
+// So many switches, each with this list.
+std::string manySwitches(const std::string& list) {
+    std::string text = "[setting]\n";
+    for (int i = 0; i < kKeys; ++i)
+        text += "switch" + std::to_string(i) + '=' + list + '\n';
+    return text;
+}
+
+// Does something to the file over and over while the store loads it.
+template <typename Disturb, typename Check>
+void loadWhile(const std::string& path, const Disturb& disturb, const Check& check) {
+    const Deadline deadline(kLongestLoad);
+    const tests::StandardError caught;
+    const auto store = ConfigCollector::instance();
+    std::atomic<bool> ended{false};
+    std::thread other([&] {
+        for (int round = 0; !ended; ++round)
+            disturb(round);
+    });
+    for (int load = 0; load < 300; ++load) {
+        store->readConfig(path);
+        check(*store);
+    }
+    ended = true;
+    other.join();
+}
+
+}  // namespace
+
+// Every number in the file is 7, so whatever part of it was there makes lists of sevens.
+TEST(FileFaults, AFileThatIsTruncatedWhileReadGivesWhatWasThere) {
+    const ClientFolder client;
+    const TempFolder folder;
+    const std::string text = manySwitches("7,7,7,7,7,7,7,7");
+    const std::string path = folder.write("settings.ini", text);
+    loadWhile(
+        path,
+        [&](int round) {
+            fs::resize_file(path, static_cast<std::uintmax_t>(round) * 7919 % text.size());
+            std::ofstream(path, std::ios::binary | std::ios::in) << text;
+        },
+        [](const ConfigCollector& store) {
+            const auto all = store.getAllpts();
+            ASSERT_LE(all.size(), static_cast<std::size_t>(kKeys) + 1);
+            for (const auto& [key, list] : all) {
+                ASSERT_EQ(key.compare(0, 6, "switch"), 0) << key;
+                ASSERT_LE(list.size(), 8U);
+                for (const int id : list)
+                    ASSERT_EQ(id, 7);
+            }
+        });
+}
+
+// The usual way to write a file: beside it, then in its place.
+TEST(FileFaults, AFileThatIsReplacedWhileReadIsTheOldOrTheNewOne) {
+    const ClientFolder client;
+    const TempFolder folder;
+    const std::string texts[] = {manySwitches("1,2"), manySwitches("3,4")};
+    const std::string path = folder.write("settings.ini", texts[0]);
+    std::set<std::vector<int>> seen;
+    loadWhile(
+        path,
+        [&](int round) {
+            folder.write("new.ini", texts[round % 2]);
+            fs::rename(folder.path("new.ini"), path);
+        },
+        [&](const ConfigCollector& store) {
+            const auto all = store.getAllpts();
+            ASSERT_EQ(all.size(), static_cast<std::size_t>(kKeys));
+            const std::vector<int> first = all.begin()->second;
+            for (const auto& [key, list] : all)
+                ASSERT_EQ(list, first) << key;
+            seen.insert(first);
+        });
+    for (const std::vector<int>& list : seen)
+        EXPECT_TRUE(list == (std::vector<int>{1, 2}) || list == (std::vector<int>{3, 4}));
+}

@@ -1,0 +1,169 @@
+// The tool with files that it cannot use and outputs that it cannot write: one message, the right exit code, no
+// waiting.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "tests/support/tempfile.h"
+#include "tests/tools/ttconfig/toolrun.h"
+
+using testing::HasSubstr;
+using testing::StartsWith;
+using tests::runShell;
+using tests::TempFolder;
+using tests::ToolRun;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kInput = 3;
+constexpr int kInternal = 4;
+
+// "timeout" answers 124 for a command that it had to end.
+ToolRun runOn(const std::string& path, const std::string& subcommand = "summary") {
+    return runShell("exec timeout 60 \"$TTCONFIG\" " + subcommand + " --settings '" + path + "'");
+}
+
+void expectOneMessage(const ToolRun& run, int exitCode, const std::string& part) {
+    EXPECT_EQ(run.exitCode, exitCode) << run.err;
+    EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+    EXPECT_THAT(run.err, StartsWith("ttconfig: "));
+    EXPECT_THAT(run.err, HasSubstr(part));
+}
+
+void expectRefused(const std::string& path, const std::string& why) {
+    const ToolRun run = runOn(path);
+    expectOneMessage(run, kInput, why);
+    EXPECT_THAT(run.err, HasSubstr(path));
+    EXPECT_EQ(run.out, "");
+}
+
+}  // namespace
+
+TEST(ToolFaults, RefusesWhatIsNoSettingsFile) {
+    const TempFolder folder;
+    expectRefused(folder.path("missing.ini"), "does not exist");
+    expectRefused(folder.path(""), "is a directory");
+    expectRefused(folder.write("nuls.ini", std::string(1000, '\0')), "NUL");
+    expectRefused(folder.write("empty.ini", ""), "is empty");
+    expectRefused("/dev/zero", "is not a regular file");
+}
+
+TEST(ToolFaults, DoesNotWaitForANamedPipeWithoutAWriter) {
+    const TempFolder folder;
+    ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
+    expectRefused(folder.path("pipe"), "is not a regular file");
+}
+
+TEST(ToolFaults, RefusesAFileThatItMayNotRead) {
+    // Root may read everything.
+    const std::string other = getuid() == 0 ? "setpriv --reuid 65534 --regid 65534 --clear-groups " : "";
+    if (runShell(other + "\"$TTCONFIG\" --version").exitCode != 0) GTEST_SKIP() << "nobody else can run the tool here";
+    const TempFolder folder;
+    fs::permissions(folder.path(""), fs::perms::all);
+    const std::string path = folder.write("settings.ini", "[setting]\n");
+    ASSERT_EQ(chmod(path.c_str(), 0), 0);
+    expectOneMessage(runShell(other + "\"$TTCONFIG\" summary --settings '" + path + "'"), kInput, "cannot be read");
+}
+
+TEST(ToolFaults, RefusesAGigabyteAtOnce) {
+    const TempFolder folder;
+    const std::string path = folder.write("settings.ini", "[setting]\n");
+    fs::resize_file(path, 1000000000);
+    expectRefused(path, "is larger than 256 MiB");
+}
+
+TEST(ToolFaults, BearsALineOfAHundredMegabytes) {
+    const TempFolder folder;
+    const std::string path = folder.path("settings.ini");
+    {
+        std::ofstream file(path, std::ios::binary);
+        file << "[HgtSgtPriceDiff]\nprice_diff=" << std::string(100000000, 'x') << "\n[setting]\nflowhistorydays=5\n";
+    }
+    const ToolRun run = runShell("exec timeout 250 \"$TTCONFIG\" ask getFlowHistoryDays --settings '" + path + "'");
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_THAT(run.out, HasSubstr("5"));
+}
+
+// Answers that are short wait in no buffer whose loss nobody notices.
+TEST(ToolFaults, SaysSoWhenTheDiskIsFull) {
+    if (!fs::exists("/dev/full")) GTEST_SKIP() << "this system has no /dev/full";
+    const std::string settings = " --settings '" TT_SOURCE_DIR "/samples/settings.ini'";
+    const std::string platform = " --platform '" TT_SOURCE_DIR "/samples/platform.json'";
+    const std::string commands[] = {
+        "ask getFlowHistoryDays" + settings,
+        "summary" + settings + platform,
+        "--help",
+        "--version",
+        "ask --help",
+        "manual",
+        "completion bash",
+        "switches",
+        "switches --format markdown",
+        "keys",
+        "limits SSE 600000" + settings + platform,
+        "check '" TT_SOURCE_DIR "/samples/settings.ini'",
+        "explain isNeedMaxAmountPts 12" + settings,
+        "platform 12" + settings,
+        "products" + settings,
+        "-C '" TT_SOURCE_DIR "/samples/bin' sessions",
+    };
+    for (const std::string& command : commands) {
+        const ToolRun run = runShell("exec timeout 60 \"$TTCONFIG\" " + command + " >/dev/full");
+        SCOPED_TRACE(command);
+        EXPECT_EQ(run.exitCode, kInternal) << run.err;
+        EXPECT_THAT(run.err, HasSubstr("standard output cannot be written"));
+        // What a load itself has to say about the samples' settings comes before.
+        EXPECT_THAT(run.err.substr(0, run.err.find("ttconfig: ")), testing::Not(HasSubstr("cannot be written")));
+        EXPECT_EQ(run.err.find("ttconfig: "), run.err.rfind("ttconfig: ")) << run.err;
+    }
+}
+
+TEST(ToolFaults, SaysSoWhenTheLogCannotBeWritten) {
+    if (!fs::exists("/dev/full")) GTEST_SKIP() << "this system has no /dev/full";
+    const ToolRun run = runShell("exec timeout 60 \"$TTCONFIG\" ask setUseOrderIdFunction true --log-file /dev/full");
+    EXPECT_EQ(run.exitCode, kInternal);
+    // The line before it says that there is no settings file.
+    EXPECT_THAT(run.err, testing::EndsWith("\nttconfig: --log-file /dev/full: cannot be written to the end\n"));
+}
+
+// A page is large: the file system fills up in the middle of it. No half page is left where a whole one was meant.
+TEST(ToolFaults, LeavesNoHalfPage) {
+    const TempFolder folder;
+    const ToolRun run =
+        runShell("trap '' XFSZ; ulimit -f 20; exec timeout 60 \"$TTCONFIG\" report --settings '" TT_SOURCE_DIR
+                 "/samples/settings.ini' --output '" +
+                 folder.path("page.html") + "'");
+    EXPECT_EQ(run.exitCode, kInternal) << run.err;
+    EXPECT_THAT(run.err, HasSubstr("cannot be written"));
+    EXPECT_TRUE(fs::is_empty(folder.path("")));
+}
+
+TEST(ToolFaults, SaysSoWhenASessionCannotAnswer) {
+    if (!fs::exists("/dev/full")) GTEST_SKIP() << "this system has no /dev/full";
+    const ToolRun run = runShell("exec timeout 60 \"$TTCONFIG\" session >/dev/full",
+                                 "{\"call\":\"ConfigCollector.getFlowHistoryDays\",\"args\":[]}\n");
+    expectOneMessage(run, kInternal, "standard output cannot be written");
+}
+
+TEST(ToolFaults, SaysSoWhenStandardOutputIsClosed) {
+    const ToolRun run = runShell("exec timeout 60 \"$TTCONFIG\" switches >&-");
+    expectOneMessage(run, kInternal, "standard output cannot be written");
+}
+
+// A file system that is full after one block.
+TEST(ToolFaults, SaysSoWhenTheDiskFillsUpMeanwhile) {
+    const TempFolder folder;
+    const ToolRun run =
+        runShell("trap '' XFSZ; ulimit -f 1; exec timeout 60 \"$TTCONFIG\" switches --format markdown >'" +
+                 folder.path("out") + "'");
+    expectOneMessage(run, kInternal, "standard output cannot be written");
+}

@@ -1,0 +1,168 @@
+#pragma once
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdlib>
+#include <map>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include <boost/algorithm/string.hpp>
+#include <boost/lexical_cast.hpp>
+
+// Slow and obvious readings of the value grammars, as oracles for the fast ones: texts are copied, split and converted
+// by Boost, loose numbers by the C library.
+
+namespace tests {
+
+inline std::vector<std::string> slowPieces(const std::string& text, char separator) {
+    std::vector<std::string> pieces;
+    boost::split(pieces, text, [separator](char character) { return character == separator; });
+    return pieces;
+}
+
+// --- numbers
+
+template <typename Value>
+std::optional<Value> slowStrictNumber(const std::string& text) {
+    Value value = Value();
+    if (!boost::conversion::try_lexical_convert(text, value)) return std::nullopt;
+    if constexpr (std::is_floating_point_v<Value>) {
+        // Boost knows infinity and what is no number by name.
+        if (!std::isfinite(value)) return std::nullopt;
+    }
+    return value;
+}
+
+inline int slowLooseInt(const std::string& text) {
+    return static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
+}
+inline long long slowLooseLong(const std::string& text) {
+    return std::strtoll(text.c_str(), nullptr, 10);
+}
+inline double slowLooseDouble(const std::string& text) {
+    return std::strtod(text.c_str(), nullptr);
+}
+
+// --- platform lists, and values by platform
+
+struct SlowPlatformList {
+    std::vector<int> ids;
+    long complaints = 0;
+};
+
+inline SlowPlatformList slowPlatformList(const std::string& text) {
+    SlowPlatformList result;
+    for (const std::string& item : slowPieces(text, ',')) {
+        if (item.empty()) continue;
+        if (const auto id = slowStrictNumber<int>(item)) {
+            result.ids.push_back(*id);
+        } else {
+            ++result.complaints;
+        }
+    }
+    return result;
+}
+
+template <typename Value>
+struct SlowPerPlatform {
+    std::map<int, Value> values;
+    Value fallback;
+    long complaints = 0;
+};
+
+template <typename Value>
+SlowPerPlatform<Value> slowPerPlatformList(const std::string& text, Value builtIn, Value before, bool squeeze) {
+    SlowPerPlatform<Value> result{{}, before};
+    std::vector<std::string> items;
+    boost::split(items, text, boost::is_any_of(";"), squeeze ? boost::token_compress_on : boost::token_compress_off);
+    for (const std::string& item : items) {
+        const std::size_t colon = item.find(':');
+        if (item.empty()) {
+            result.fallback = builtIn;
+            continue;
+        }
+        const auto platform = slowStrictNumber<int>(colon == std::string::npos ? "0" : item.substr(0, colon));
+        const auto value = slowStrictNumber<Value>(colon == std::string::npos ? item : item.substr(colon + 1));
+        if (!platform || !value) {
+            ++result.complaints;
+        } else if (colon == std::string::npos) {
+            result.fallback = *value;
+        } else {
+            result.values[*platform] = *value;
+        }
+    }
+    return result;
+}
+
+// --- limit rows
+
+struct SlowLimitItem {
+    std::string market;
+    std::string item;
+    bool hasDash;
+};
+
+inline std::vector<SlowLimitItem> slowLimitKey(const std::string& key) {
+    std::vector<SlowLimitItem> items;
+    for (const std::string& text : slowPieces(key, ',')) {
+        std::vector<std::string> parts = slowPieces(text, '-');
+        const std::string market = parts.front();
+        if (parts.size() == 1) {
+            items.push_back({market, market, false});
+        } else {
+            parts.erase(parts.begin());
+            items.push_back({market, boost::algorithm::join(parts, "-"), true});
+        }
+    }
+    return items;
+}
+
+// ASCII letters alone.
+inline std::string slowUpperCase(std::string text) {
+    for (char& character : text) {
+        if (character >= 'a' && character <= 'z') character = static_cast<char>(character - 'a' + 'A');
+    }
+    return text;
+}
+
+// --- credit lists
+
+struct SlowCreditEntry {
+    int platform;
+    std::string payload;
+    std::vector<std::string> fields;  // of the payload
+};
+
+// Those entries that have a platform.
+inline std::vector<SlowCreditEntry> slowCreditList(const std::string& value) {
+    std::vector<SlowCreditEntry> entries;
+    for (const std::string& text : slowPieces(value, ';')) {
+        const std::size_t colon = text.find(':');
+        if (colon == std::string::npos) continue;
+        const std::string payload = text.substr(colon + 1);
+        entries.push_back({slowLooseInt(text.substr(0, colon)), payload, slowPieces(payload, ',')});
+    }
+    return entries;
+}
+
+// --- catalogue entries
+
+// first:second; nothing unless there is exactly one ":".
+inline std::optional<std::array<std::string, 2>> slowPair(const std::string& text) {
+    const std::vector<std::string> parts = slowPieces(text, ':');
+    if (parts.size() != 2) return std::nullopt;
+    return std::array<std::string, 2>{parts[0], parts[1]};
+}
+
+// The five fields of what stands behind a contract's ":"; nothing when they are not five.
+inline std::optional<std::vector<std::string>> slowContractFields(const std::string& text) {
+    std::vector<std::string> fields = slowPieces(text, ',');
+    if (fields.size() != 5) return std::nullopt;
+    return fields;
+}
+
+}  // namespace tests
