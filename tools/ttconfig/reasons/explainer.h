@@ -28,6 +28,7 @@ struct Candidate {
 // A value of a million bad pieces is explained by its first ones.
 inline constexpr std::size_t kMostLost = 1000;
 
+// NOLINTNEXTLINE(bugprone-exception-escape): moving a JSON value asserts what holds, and throws nothing
 struct Explanation {
     Answer answer;  // as the call table gives it to a session's first request
     Reason reason = Reason::Fixed;
