@@ -20,7 +20,7 @@ public:
     std::uint32_t column(Place place, std::uint32_t bytesBehind = 0);
 
 private:
-    void enter(std::uint32_t line);
+    void enter(std::uint32_t number);
 
     std::string_view bytes;
     std::vector<std::uint32_t> lineStarts;
