@@ -18,7 +18,6 @@ namespace ttconfig {
 namespace {
 
 using namespace ttservice::internal;
-using standin::SettingsText;
 using ttservice::ContractInfo;
 
 struct Said {

@@ -18,7 +18,7 @@ namespace ttconfig {
 
 namespace {
 
-constexpr std::size_t kWrittenAtOnce = 64 * 1024;
+constexpr std::size_t kWrittenAtOnce = std::size_t{64} * 1024;
 
 // Writes changes as they are found, so that many do not have to be held.
 class ChangeWriter {
