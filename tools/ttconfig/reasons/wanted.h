@@ -13,7 +13,7 @@ namespace ttconfig {
 // and a record of numbers may be written as the numbers alone.
 class Wanted {
 public:
-    explicit Wanted(std::string written);
+    explicit Wanted(std::string text);
 
     bool matches(const Answer& answer) const;
 

@@ -17,7 +17,6 @@ namespace {
 using namespace ttservice::internal;
 using standin::SettingsEntry;
 using standin::SettingsSection;
-using standin::SettingsText;
 
 constexpr std::size_t kMostShown = 400;
 
