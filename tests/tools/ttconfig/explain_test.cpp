@@ -75,8 +75,8 @@ TEST(Explain, TakesANumberThatIsNoneForWhatItIs) {
 }
 
 TEST(Explain, HandsNoControlCharacterOnToTheTerminal) {
-    for (const std::vector<std::string>& question :
-         {std::vector<std::string>{"getSubFee", "a\x1B[31m\nzz\xFF"}, {"getOrderLimit", "a\x1B[31m\nzz", "x\x7F", "0"}}) {
+    for (const std::vector<std::string>& question : {std::vector<std::string>{"getSubFee", "a\x1B[31m\nzz\xFF"},
+                                                     {"getOrderLimit", "a\x1B[31m\nzz", "x\x7F", "0"}}) {
         const ToolRun run = explain(question);
         EXPECT_EQ(run.exitCode, 0) << run.err;
         for (const char c : run.out)

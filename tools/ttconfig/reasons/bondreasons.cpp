@@ -33,7 +33,7 @@ const internal::SettingKey* keyOfType(int bondTradeType) {
 LimitPtr recordOf(std::string_view value) {
     internal::LimitFields<decltype(internal::kFixedIncomeRow)> fields;
     if (!internal::piecesExactly(value, ',', fields)) return {};
-    const auto limit = boost::make_shared<SHFixIncomeLimit>();
+    auto limit = boost::make_shared<SHFixIncomeLimit>();
     limit->doubleValue = internal::looseDouble(fields[0]);
     limit->intValue1 = internal::looseInt(fields[1]);
     limit->intValue2 = internal::looseInt(fields[2]);
