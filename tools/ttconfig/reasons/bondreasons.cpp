@@ -3,10 +3,7 @@
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
-#include <boost/make_shared.hpp>
-
-#include "traderbase/base/config/internal/limitrows.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/fixedincome.h"
 #include "ttconfig/reasons/creditfacts.h"
 #include "ttconfig/reasons/numberrowreasons.h"
 #include "ttconfig/reasons/telling.h"
@@ -29,21 +26,6 @@ const internal::SettingKey* keyOfType(int bondTradeType) {
     return nullptr;
 }
 
-// The record of a value; null when it has not exactly seven fields.
-LimitPtr recordOf(std::string_view value) {
-    internal::LimitFields<decltype(internal::kFixedIncomeRow)> fields;
-    if (!internal::piecesExactly(value, ',', fields)) return {};
-    auto limit = boost::make_shared<SHFixIncomeLimit>();
-    limit->doubleValue = internal::looseDouble(fields[0]);
-    limit->intValue1 = internal::looseInt(fields[1]);
-    limit->intValue2 = internal::looseInt(fields[2]);
-    limit->intValue3 = internal::looseInt(fields[3]);
-    limit->intValue4 = internal::looseInt(fields[4]);
-    limit->intValue5 = internal::looseInt(fields[5]);
-    limit->intValue6 = internal::looseInt(fields[6]);
-    return limit;
-}
-
 Explanation explainFixedIncome(const Question& question) {
     const int type = question.number(0);
     const internal::SettingKey* key = keyOfType(type);
@@ -53,7 +35,7 @@ Explanation explainFixedIncome(const Question& question) {
     const standin::SettingsEntry* entry = entryOf(question, *key);
     if (entry == nullptr) return decided(LimitPtr(), Reason::KeyAbsent, "there is no key " + nameOf(*key));
     Explanation explanation;
-    if (const LimitPtr record = recordOf(entry->value)) {
+    if (const LimitPtr record = internal::fixedIncomeLimit(entry->value)) {
         explanation =
             decided(record, Reason::FileValue, nameOf(*key) + ", the key of bond trade type " + std::to_string(type),
                     valuePlace(*entry));

@@ -3,13 +3,14 @@
 // Owns: fixedIncomeLimits, standardBondUse.
 // Covered by tests/config/bondlimits_test.cpp.
 
+#include <utility>
+
 #include <ttplatform/configuration.h>
 #include <boost/algorithm/string/case_conv.hpp>
-#include <boost/make_shared.hpp>
 
 #include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/fixedincome.h"
 #include "traderbase/base/config/internal/keyreading.h"
-#include "traderbase/base/config/internal/limitrows.h"
 #include "traderbase/base/config/internal/replacing.h"
 #include "traderbase/base/config/internal/settingkeys.h"
 #include "traderbase/base/config/internal/strictnumbers.h"
@@ -40,17 +41,7 @@ void ConfigCollector::readSHFixIncomeLimitConfig(const ConfigurationPtr& configu
     decltype(fixedIncomeLimits) fresh;
     for (const FixedIncomeKey& key : kFixedIncomeKeys) {
         const std::string value = internal::readText(*configuration, *key.row);
-        internal::LimitFields<decltype(internal::kFixedIncomeRow)> fields;
-        if (!internal::piecesExactly(value, ',', fields)) continue;
-        const auto limit = boost::make_shared<SHFixIncomeLimit>();
-        limit->doubleValue = internal::looseDouble(fields[0]);
-        limit->intValue1 = internal::looseInt(fields[1]);
-        limit->intValue2 = internal::looseInt(fields[2]);
-        limit->intValue3 = internal::looseInt(fields[3]);
-        limit->intValue4 = internal::looseInt(fields[4]);
-        limit->intValue5 = internal::looseInt(fields[5]);
-        limit->intValue6 = internal::looseInt(fields[6]);
-        fresh[key.bondTradeType] = limit;
+        if (auto limit = internal::fixedIncomeLimit(value)) fresh[key.bondTradeType] = std::move(limit);
     }
     internal::replaceEntries(fixedIncomeLimits, fresh);
 }
