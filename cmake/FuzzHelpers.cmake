@@ -1,26 +1,30 @@
 # tt_add_fuzzer(NAME SOURCES a.cpp ... MAX_LEN bytes [DICT name] [SEEDS name] [LIBS lib ...] [TOOL])
 #
-# One fuzz target: a function that takes bytes and ends the program when something does not hold. With TT_FUZZ it
-# becomes the program fuzz_NAME, driven by libFuzzer. Without it, and with BUILD_TESTING, it becomes fuzz_NAME_replay,
-# which goes through fuzz/corpus/NAME and a few hundred mutations of what is there, and is the CTest test Fuzz.NAME.
-# MAX_LEN is the longest input worth trying, fuzz/DICT.dict has words for libFuzzer to try, fuzz/corpus/SEEDS
-# serves this target, too. It links the library's objects, with TOOL those of ttconfig as well.
+# One fuzz target: a function that takes bytes and ends the program when something does not hold. With BUILD_TESTING it
+# becomes fuzz_NAME_replay, which goes through fuzz/corpus/NAME and a few hundred mutations of what is there, and is the
+# CTest test Fuzz.NAME. With TT_FUZZ it becomes fuzz_NAME as well, driven by libFuzzer. MAX_LEN is the longest input
+# worth trying, fuzz/DICT.dict has words for libFuzzer to try, fuzz/corpus/SEEDS serves this target, too. It links the
+# library's objects, with TOOL those of ttconfig as well.
 
 function(tt_add_fuzzer name)
     cmake_parse_arguments(arg "TOOL" "MAX_LEN;DICT;SEEDS" "SOURCES;LIBS" ${ARGN})
-    if(TT_FUZZ)
-        set(program fuzz_${name})
-        add_executable(${program} ${arg_SOURCES})
-        target_link_options(${program} PRIVATE -fsanitize=fuzzer)
-        file(APPEND ${PROJECT_BINARY_DIR}/fuzzers.txt "${name} ${arg_MAX_LEN} ${arg_DICT} ${arg_SEEDS}\n")
-    else()
-        set(program fuzz_${name}_replay)
-        add_executable(${program} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/fuzz/replay.cpp)
-        list(TRANSFORM arg_SEEDS PREPEND ${PROJECT_SOURCE_DIR}/fuzz/corpus/)
+    if(BUILD_TESTING)
+        tt_add_fuzz_program(fuzz_${name}_replay ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/fuzz/replay.cpp)
+        list(TRANSFORM arg_SEEDS PREPEND ${PROJECT_SOURCE_DIR}/fuzz/corpus/ OUTPUT_VARIABLE furtherSeeds)
         add_test(NAME Fuzz.${name}
-            COMMAND ${program} ${arg_MAX_LEN} ${PROJECT_SOURCE_DIR}/fuzz/corpus/${name} ${arg_SEEDS})
+            COMMAND fuzz_${name}_replay ${arg_MAX_LEN} ${PROJECT_SOURCE_DIR}/fuzz/corpus/${name} ${furtherSeeds})
         set_tests_properties(Fuzz.${name} PROPERTIES TIMEOUT 300)
     endif()
+    if(TT_FUZZ)
+        tt_add_fuzz_program(fuzz_${name} ${arg_SOURCES})
+        target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+        file(APPEND ${PROJECT_BINARY_DIR}/fuzzers.txt "${name} ${arg_MAX_LEN} ${arg_DICT} ${arg_SEEDS}\n")
+    endif()
+endfunction()
+
+# One of the two programs of a target, whose arguments arg_LIBS and arg_TOOL are.
+function(tt_add_fuzz_program program)
+    add_executable(${program} ${ARGN})
     tt_configure_target(${program})
     target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR})
     target_compile_definitions(${program} PRIVATE TT_SOURCE_DIR="${PROJECT_SOURCE_DIR}")

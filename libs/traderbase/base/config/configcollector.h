@@ -365,20 +365,12 @@ private:
     internal::PlatformSwitchSlots switchSlots;  // what pts and localOverrides say of the known switches
     std::map<std::string, int> splitPermission;
 
-    // --- the load, single values of the settings file, and what the client has set
+    // --- the load, plain values of the settings file, and what the client has set
     std::string configPath;
     bool loaded = false;
     internal::SingleValues single;
+    internal::PlatformValues byPlatform;
     internal::RuntimeValues runtime;
-
-    // --- one value for each platform
-    internal::PerPlatformTable<bool> t0ForReturnStock;
-    internal::PerPlatformTable<bool> spxCredit;
-    internal::PerPlatformTable<bool> mainAccountCalcCompactsByDeal;
-    internal::PerPlatformTable<int> renewal;
-    internal::PerPlatformTable<int> counterMaxCompacts;
-    internal::PerPlatformTable<int> counterIpwanPos;
-    internal::PerPlatformTable<int> sm3Platforms;  // answered by nothing
 
     // --- limits that questions add default rows to
     internal::MarketItemTable<internal::VolumeLimit> orderLimits;

@@ -51,15 +51,15 @@ void ConfigCollector::readNewBondRules(const ConfigurationPtr& configuration) {
 }
 
 void ConfigCollector::readIsT1ReturnConfig(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::t0ForReturnStock, t0ForReturnStock);
+    readPerPlatform(*configuration, keys::t0ForReturnStock, byPlatform.t0ForReturnStock);
 }
 
 void ConfigCollector::readIsSPXCreditConfig(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::spxCredit, spxCredit);
+    readPerPlatform(*configuration, keys::spxCredit, byPlatform.spxCredit);
 }
 
 void ConfigCollector::readMainAccountcalcCompactsBydealConfig(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::mainAccountCalcCompactsByDeal, mainAccountCalcCompactsByDeal);
+    readPerPlatform(*configuration, keys::mainAccountCalcCompactsByDeal, byPlatform.mainAccountCalcCompactsByDeal);
 }
 
 void ConfigCollector::readHgtSgtPriceDiff(const ConfigurationPtr& configuration) {
@@ -67,8 +67,8 @@ void ConfigCollector::readHgtSgtPriceDiff(const ConfigurationPtr& configuration)
 }
 
 void ConfigCollector::readSM3PlatformIDs(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::sm3Platforms, sm3Platforms);
-    sm3Platforms.byDefault = 0;  // this table has no default: what an item without platform says is dropped
+    readPerPlatform(*configuration, keys::sm3Platforms, byPlatform.sm3Platforms);
+    byPlatform.sm3Platforms.byDefault = 0;  // this table has no default: what an item without platform says is dropped
 }
 
 void ConfigCollector::readGloalRef(const ConfigurationPtr& configuration) {
@@ -80,7 +80,7 @@ void ConfigCollector::readRefLimit(const ConfigurationPtr& configuration) {
 }
 
 void ConfigCollector::readRenewalPts(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::renewal, renewal);
+    readPerPlatform(*configuration, keys::renewal, byPlatform.renewal);
 }
 
 void ConfigCollector::readSplitPageOfStkCompactConfig(const ConfigurationPtr& configuration) {
@@ -88,11 +88,11 @@ void ConfigCollector::readSplitPageOfStkCompactConfig(const ConfigurationPtr& co
 }
 
 void ConfigCollector::readCounterMaxCompactsRespNum(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::counterMaxCompacts, counterMaxCompacts);
+    readPerPlatform(*configuration, keys::counterMaxCompacts, byPlatform.counterMaxCompacts);
 }
 
 void ConfigCollector::readUseCounterIpwanPos(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::counterIpwanPos, counterIpwanPos);
+    readPerPlatform(*configuration, keys::counterIpwanPos, byPlatform.counterIpwanPos);
 }
 
 void ConfigCollector::readCreditCompactDeferT3(const ConfigurationPtr& configuration) {
@@ -163,27 +163,27 @@ std::string ConfigCollector::getHgtSgtPriceDiff() const {
 // --- answers: one value for each platform
 
 bool ConfigCollector::isT0ForReturnStockPts(int platformId) const {
-    return t0ForReturnStock.at(platformId);
+    return byPlatform.t0ForReturnStock.at(platformId);
 }
 
 bool ConfigCollector::isSPXCreditStockPts(int platformId) const {
-    return spxCredit.at(platformId);
+    return byPlatform.spxCredit.at(platformId);
 }
 
 bool ConfigCollector::isMainAccountcalcCompactsBydealPts(int platformId) const {
-    return mainAccountCalcCompactsByDeal.at(platformId);
+    return byPlatform.mainAccountCalcCompactsByDeal.at(platformId);
 }
 
 int ConfigCollector::getRenewalPts(int platformId) const {
-    return renewal.at(platformId);
+    return byPlatform.renewal.at(platformId);
 }
 
 int ConfigCollector::getCounterMaxCompactsRespNum(int platformId) const {
-    return counterMaxCompacts.at(platformId);
+    return byPlatform.counterMaxCompacts.at(platformId);
 }
 
 bool ConfigCollector::useCounterIpwanPos(int platformId) const {
-    return counterIpwanPos.at(platformId) != 0;
+    return byPlatform.counterIpwanPos.at(platformId) != 0;
 }
 
 // --- fixed answers: operations of the interface that no setting changes

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "traderbase/base/config/internal/perplatformtable.h"
+
 // The store's plain values, as they are before the first load and before the client sets anything.
 
 namespace ttservice::internal {
@@ -23,6 +25,17 @@ struct SingleValues {
     int flowHistoryDays = 0;
     std::string hgtSgtPriceDiff;
     std::string quoterAddress;  // set by nothing
+};
+
+// Values that each platform may have its own of.
+struct PlatformValues {
+    PerPlatformTable<bool> t0ForReturnStock;
+    PerPlatformTable<bool> spxCredit;
+    PerPlatformTable<bool> mainAccountCalcCompactsByDeal;
+    PerPlatformTable<int> renewal;
+    PerPlatformTable<int> counterMaxCompacts;
+    PerPlatformTable<int> counterIpwanPos;
+    PerPlatformTable<int> sm3Platforms;  // answered by nothing
 };
 
 // What the client sets while it runs; no load touches it.
