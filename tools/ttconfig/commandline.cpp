@@ -24,8 +24,9 @@ std::optional<int> readCommandLine(int argc, const char* const* argv, CommandLin
         std::cerr << "ttconfig: standard output cannot be written\n";
         return kExitInternal;
     } catch (const CLI::ParseError& error) {
-        std::cerr << "ttconfig: ";
-        app.exit(error, std::cout, std::cerr);
+        // CLI11's own message is one line, and one that says where help is.
+        std::cerr << "ttconfig: " << error.what() << registration.suggestion()
+                  << "\nRun with --help for more information.\n";
         return kExitUsage;
     }
     if (commandLine.run != nullptr) return std::nullopt;

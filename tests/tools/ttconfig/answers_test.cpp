@@ -220,6 +220,17 @@ TEST(Expectations, MalformedLinesHaveExitCode2AndAllAreTold) {
     }
 }
 
+TEST(Expectations, AFileThatAsksNothingIsRefused) {
+    const tests::TempFolder folder;
+    for (const char* nothing : {"", "\n\n", "# isNeedMaxAmountPts 12 = true\n"}) {
+        const ToolRun run =
+            runTool({"test", folder.write("none.expect", nothing), "--settings", kSamples + "/settings.ini"});
+        EXPECT_EQ(run.exitCode, 2) << nothing;
+        EXPECT_THAT(run.err, HasSubstr("none.expect: holds no expectation")) << nothing;
+        EXPECT_EQ(run.out, "") << nothing;
+    }
+}
+
 TEST(Expectations, AnUnusableFileHasExitCode3) {
     const tests::TempFolder folder;
     const std::string binary = folder.write("binary", std::string("a = b\0", 6));

@@ -136,6 +136,27 @@ TEST(CommandLine, UsageErrorsHaveExitCode2AndNoAnswer) {
     }
 }
 
+TEST(CommandLine, AMisspeltSubcommandIsToldWhatItIsNearTo) {
+    const struct {
+        std::vector<std::string> words;
+        const char* meant;
+    } rows[] = {
+        {{"chek", "x.ini"}, "check"},    {{"explian", "getRefLimit"}, "explain"},
+        {{"Report"}, "report"},          {{"script", "chekc", "x.lua"}, "check"},
+        {{"completion", "bsh"}, "bash"},
+    };
+    for (const auto& row : rows) {
+        const ToolRun run = runTool(row.words);
+        EXPECT_EQ(run.exitCode, 2) << row.meant;
+        EXPECT_THAT(run.err, HasSubstr("did you mean " + std::string(row.meant) + "?"));
+    }
+    // Nothing is near, what is hidden is not told, and words elsewhere are no subcommands.
+    const std::vector<std::vector<std::string>> others = {
+        {"frobnicate"}, {"completion", "word"}, {"switches", "check"}};
+    for (const auto& words : others)
+        EXPECT_THAT(runTool(words).err, Not(HasSubstr("did you mean"))) << words.back();
+}
+
 TEST(CommandLine, AListingIsCutShortQuietly) {
     const ToolRun run = tests::runShell("{ \"$TTCONFIG\" switches; echo \"exit $?\" >&2; } | head -n 1");
     EXPECT_THAT(run.out, StartsWith("key "));

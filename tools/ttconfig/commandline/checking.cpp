@@ -109,7 +109,8 @@ void addReport(CLI::App& app, CommandLine& line) {
     addSettings(app, line).required();
     addPlatformData(app, line);
     addText(app, "--against", line.against, "FILE", "Show what changed since this settings file");
-    addText(app, "-o,--output", line.outputFile, "FILE", "The page to write").required();
+    addText(app, "-o,--output", line.outputFile, "FILE", "The page to write; - writes it to the standard output")
+        .required();
 }
 
 void addScriptCheck(CLI::App& app, CommandLine& line) {

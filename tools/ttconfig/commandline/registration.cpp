@@ -11,6 +11,7 @@
 #include "ttconfig/commandline/exitcodes.h"
 #include "ttconfig/commandline/options.h"
 #include "ttconfig/commandline/subcommand.h"
+#include "ttconfig/text/nearestname.h"
 
 namespace ttconfig {
 
@@ -96,6 +97,20 @@ void Registration::parse(std::vector<std::string> words) {
     std::reverse(words.begin(), words.end());
     root.parse(std::move(words));
     collect(literal);
+}
+
+std::string Registration::suggestion() const {
+    const CLI::App* app = &root;
+    while (!app->get_subcommands().empty())
+        app = app->get_subcommands().front();
+    const std::vector<std::string> left = app->remaining();
+    const auto isName = [](const std::string& word) { return !word.empty() && word.front() != '-'; };
+    const auto word = std::find_if(left.begin(), left.end(), isName);
+    if (word == left.end()) return {};
+    std::vector<std::string> names;
+    for (const CLI::App* below : app->get_subcommands([](const CLI::App* each) { return !each->get_group().empty(); }))
+        names.push_back(below->get_name());
+    return didYouMean(*word, {names.begin(), names.end()});
 }
 
 void Registration::collect(const std::vector<std::string>& literal) {

@@ -51,6 +51,10 @@ public:
     // Parses, and fills the command line.
     void parse(std::vector<std::string> words);
 
+    // Behind a command line that was refused for a word where a subcommand's name should be: "; did you mean NAME?", or
+    // nothing when no name is near or something else was wrong.
+    std::string suggestion() const;
+
 private:
     void add(const Subcommand& row);
     CLI::App& topic(const Topic& row);

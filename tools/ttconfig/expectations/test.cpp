@@ -106,6 +106,10 @@ std::vector<Expectation> expectationsIn(const std::string& file) {
         }
     }
     if (!malformed.empty()) refuseLines(file, malformed);
+    // A run that asks nothing would pass whatever the settings say.
+    if (expectations.empty()) {
+        throw Fault(kExitUsage, file + ": holds no expectation; write one a line: isNeedMaxAmountPts 12 = true");
+    }
     return expectations;
 }
 

@@ -12,10 +12,12 @@
 #include <ctime>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 #include "traderbase/base/config/internal/markettimescript.h"
 #include "ttconfig/commandline.h"
 #include "ttconfig/fault.h"
+#include "ttconfig/output.h"
 #include "ttconfig/overwriting.h"
 #include "ttconfig/report/pagefile.h"
 #include "ttconfig/report/reportpage.h"
@@ -26,6 +28,8 @@
 namespace ttconfig {
 
 namespace {
+
+constexpr std::string_view kStandardOutput = "-";
 
 std::string dateOf(const std::string& path) {
     struct stat facts {};
@@ -47,7 +51,7 @@ ReportedFile readFile(const std::string& path) {
 
 }  // namespace
 
-int runReport(const CommandLine& commandLine, Output& /*output*/) {
+int runReport(const CommandLine& commandLine, Output& output) {
     // Everything about the settings is found in their text: the store need not load them.
     SharedOptions shared = commandLine.shared;
     shared.settings.reset();
@@ -64,17 +68,24 @@ int runReport(const CommandLine& commandLine, Output& /*output*/) {
         platform = standin::PlatformData::current();
     }
     input.platform = platform.get();
-    const std::string output = commandLine.outputFile.value_or("");
-    refuseToOverwrite("-o", output,
-                      {commandLine.shared.settings, commandLine.against, shared.platform, input.marketTimeScript});
-    PageFile page(output);
+    const std::string path = commandLine.outputFile.value_or("");
+    std::optional<PageFile> page;
+    if (path != kStandardOutput) {
+        refuseToOverwrite("-o", path,
+                          {commandLine.shared.settings, commandLine.against, shared.platform, input.marketTimeScript});
+        page.emplace(path);
+    }
     Progress progress("writing the report");
     const auto write = [&](std::string_view piece) {
         progress.atLongStep(0);
-        page.write(piece);
+        if (page) {
+            page->write(piece);
+        } else {
+            output.write(piece);
+        }
     };
     writeReportPage(write, input);
-    page.finish();
+    if (page) page->finish();
     return kExitDone;
 }
 

@@ -88,6 +88,18 @@ TEST(Report, IsNeverWrittenOverTheMarketTimeScript) {
     EXPECT_THAT(fileText(script), StartsWith("function"));
 }
 
+TEST(Report, GoesToTheStandardOutputWhenTheFileIsADash) {
+    const TempFolder folder;
+    const std::string settings = folder.write("settings.ini", kSettings);
+    const std::string path = folder.path("page.html");
+    const ToolRun toFile = runTool({"report", "-C", folder.path(""), "--settings", settings, "-o", path});
+    ASSERT_EQ(toFile.exitCode, 0) << toFile.err;
+    const ToolRun toOutput = runTool({"report", "-C", folder.path(""), "--settings", settings, "-o", "-"});
+    EXPECT_EQ(toOutput.exitCode, 0) << toOutput.err;
+    EXPECT_EQ(toOutput.out, fileText(path));
+    EXPECT_THAT(othersIn(folder, {"settings.ini", "page.html"}), IsEmpty());
+}
+
 TEST(Report, ReplacesAnEarlierPage) {
     const TempFolder folder;
     const std::string settings = folder.write("settings.ini", kSettings);
