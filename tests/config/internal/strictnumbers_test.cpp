@@ -180,6 +180,14 @@ TEST(LooseNumbers, AgreeWithTheCLibraryAtTheEndsOfTheRange) {
     }
 }
 
+TEST(LooseNumbers, AgreeWithTheCLibraryOnExponentsOfTwoSigns) {
+    for (const char* text : {"0x1p+-5", "0X1.8P+-3", "-0x1p+-1", "0x1p-+5", "0x1p++5", "0x1p--5", "0x1p+-", "0x.8p+-5,",
+                             "0x1p+5", "0x1p5", "1e+-5", "1e-+5"}) {
+        EXPECT_EQ(looseDouble(text), std::strtod(text, nullptr)) << text;
+    }
+    EXPECT_EQ(looseDouble("0x1p+-5"), 1);
+}
+
 TEST(Numbers, DoNotDependOnTheLocale) {
     std::setlocale(LC_ALL, "de_DE.UTF-8");  // where it is installed; the next line holds everywhere
     std::locale::global(std::locale(std::locale::classic(), new CommaPoint));

@@ -64,9 +64,17 @@ struct Unsigned {
     bool tooLarge = false;
 };
 
+// A hexadecimal number without an exponent of two signs, as in "1p+-5", which some from_chars takes for one.
+std::string_view withoutTwoSigns(std::string_view text) {
+    const std::size_t mark = text.find_first_of("pP");
+    if (mark == std::string_view::npos || text.substr(mark + 1, 2) != "+-") return text;
+    return text.substr(0, mark);
+}
+
 // The longest number without a sign at the front of the text.
 Unsigned takeUnsigned(std::string_view text, bool isHex) {
     Unsigned taken;
+    if (isHex) text = withoutTwoSigns(text);
     const auto format = isHex ? std::chars_format::hex : std::chars_format::general;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), taken.value, format);
     if (result.ec == std::errc::invalid_argument) return taken;
