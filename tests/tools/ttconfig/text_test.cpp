@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -79,10 +80,25 @@ TEST(ShownText, WithReplacedBytesKeepsEveryOtherByte) {
     EXPECT_EQ(ttconfig::withReplacedBytes(""), "");
 }
 
+TEST(AnswerJson, OfATextAloneIsWhatTheJsonLibraryWrites) {
+    for (const char* text : {"", "plain", "a\"b\\c", "股", "line\nend \x01 \x7F", "\xC2\x80 \xF0\x9F\x98\x80"})
+        EXPECT_EQ(ttconfig::textJson(text), ttconfig::answerJson(text));
+    std::mt19937 random(7);
+    const std::string bytes = std::string("ab\"\\\n\x7F\xC2\x80\xE8\x82\xA1\xF0\x9F\xED\xA0\xFF") + '\0';
+    for (int round = 0; round < 5000; ++round) {
+        std::string text;
+        for (auto length = random() % 12; length > 0; --length)
+            text += bytes[random() % bytes.size()];
+        ASSERT_EQ(ttconfig::textJson(text), ttconfig::answerJson(text)) << round;
+    }
+}
+
 TEST(AnswerText, IsOneReadableWord) {
     const std::pair<const char*, const char*> rows[] = {
         {"true", "true"},
         {"-1", "-1"},
+        {"-9223372036854775808", "-9223372036854775808"},
+        {"18446744073709551615", "18446744073709551615"},
         {"0.5", "0.5"},
         {"null", "none"},
         {"\"a text, as it stands\"", "a text, as it stands"},

@@ -15,6 +15,7 @@
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/differences/limitwords.h"
 #include "ttconfig/differences/mergedrows.h"
+#include "ttconfig/text/uppercase.h"
 
 namespace ttconfig {
 
@@ -36,24 +37,10 @@ struct Row {
     Place place() const { return placeInKey(*entry, market); }
 };
 
-char upper(char letter) {
-    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
 std::string upperText(std::string_view text) {
     std::string copy(text);
-    std::transform(copy.begin(), copy.end(), copy.begin(), upper);
+    std::transform(copy.begin(), copy.end(), copy.begin(), upperLetter);
     return copy;
-}
-
-int compareUpper(std::string_view left, std::string_view right) {
-    const std::size_t shared = std::min(left.size(), right.size());
-    for (std::size_t i = 0; i < shared; ++i) {
-        const auto one = static_cast<unsigned char>(upper(left[i]));
-        const auto other = static_cast<unsigned char>(upper(right[i]));
-        if (one != other) return one < other ? -1 : 1;
-    }
-    return left.size() == right.size() ? 0 : (left.size() < right.size() ? -1 : 1);
 }
 
 bool lessRow(const Row& left, const Row& right) {

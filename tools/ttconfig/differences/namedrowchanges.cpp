@@ -26,50 +26,54 @@ using standin::SettingsText;
 // --- a number for each name: found as written and in upper case, the first that comes to a name counts
 
 // Upper case as the store has it: that of the process's global locale.
-const std::array<char, 256>& upperLetters() {
-    static const std::array<char, 256> kLetters = [] {
-        std::array<char, 256> letters{};
+class UpperLetters {
+public:
+    UpperLetters() {
         const std::locale locale;
         for (std::size_t i = 0; i < letters.size(); ++i)
             letters[i] = std::toupper(static_cast<char>(static_cast<unsigned char>(i)), locale);
-        return letters;
-    }();
-    return kLetters;
-}
+    }
 
-char upper(char letter) {
-    return upperLetters()[static_cast<unsigned char>(letter)];
-}
+    char operator()(char letter) const { return letters[static_cast<unsigned char>(letter)]; }
+
+private:
+    std::array<char, 256> letters{};
+};
 
 // A name, and the entry that it is from. Many of them are held, so the name in upper case is not.
 struct NumberOf {
     const SettingsEntry* entry;
     bool isUpper;
 
-    char letter(std::size_t place) const { return isUpper ? upper(entry->key[place]) : entry->key[place]; }
-
-    std::string name() const {
+    std::string name(const UpperLetters& upper) const {
         std::string text(entry->key);
         if (isUpper) std::transform(text.begin(), text.end(), text.begin(), upper);
         return text;
     }
 };
 
-bool lessName(const NumberOf& left, const NumberOf& right) {
-    const std::size_t shared = std::min(left.entry->key.size(), right.entry->key.size());
-    for (std::size_t i = 0; i < shared; ++i) {
-        const auto one = static_cast<unsigned char>(left.letter(i));
-        const auto other = static_cast<unsigned char>(right.letter(i));
-        if (one != other) return one < other;
-    }
-    return left.entry->key.size() < right.entry->key.size();
-}
+struct LessName {
+    const UpperLetters& upper;
 
-std::vector<NumberOf> numberTable(const SettingsText& text, std::string_view sectionName) {
+    bool operator()(const NumberOf& left, const NumberOf& right) const {
+        const std::string_view one = left.entry->key;
+        const std::string_view other = right.entry->key;
+        if (!left.isUpper && !right.isUpper) return one < other;
+        const std::size_t shared = std::min(one.size(), other.size());
+        for (std::size_t i = 0; i < shared; ++i) {
+            const auto here = static_cast<unsigned char>(left.isUpper ? upper(one[i]) : one[i]);
+            const auto there = static_cast<unsigned char>(right.isUpper ? upper(other[i]) : other[i]);
+            if (here != there) return here < there;
+        }
+        return one.size() < other.size();
+    }
+};
+
+std::vector<NumberOf> numberTable(const SettingsText& text, std::string_view sectionName, const LessName& lessName) {
     std::vector<NumberOf> rows;
     const auto* section = text.findSection(sectionName);
     if (section == nullptr) return rows;
-    const auto isLower = [](char letter) { return upper(letter) != letter; };
+    const auto isLower = [&lessName](char letter) { return lessName.upper(letter) != letter; };
     rows.reserve(2 * section->entries.size());
     for (const SettingsEntry& entry : section->entries) {
         if (entry.repeated) continue;
@@ -95,8 +99,10 @@ double numberOf(const NumberTopic& topic, const NumberOf* row) {
 
 void tellNumbers(const TextPair& texts, const NumberTopic& topic, const ChangeSink& tell) {
     if (haveSameEntries(texts, topic.key.section)) return;
-    const auto before = numberTable(texts.before, topic.key.section);
-    const auto after = numberTable(texts.after, topic.key.section);
+    const UpperLetters upper;
+    const LessName lessName{upper};
+    const auto before = numberTable(texts.before, topic.key.section, lessName);
+    const auto after = numberTable(texts.after, topic.key.section, lessName);
     mergeRows(before, after, lessName, [&](const NumberOf& one, const NumberOf* left, const NumberOf* right) {
         if (left != nullptr && right != nullptr && left->entry->value == right->entry->value) return;
         const double old = numberOf(topic, left);
@@ -104,7 +110,7 @@ void tellNumbers(const TextPair& texts, const NumberTopic& topic, const ChangeSi
         if (isSameNumber(old, now)) return;
         Change change;
         change.topic = topic.topic;
-        change.subject = std::string(topic.subject).append(" ").append(one.name());
+        change.subject = std::string(topic.subject).append(" ").append(one.name(upper));
         change.question = topic.question;
         change.before = old;
         change.after = now;

@@ -1,5 +1,5 @@
 // Causes: answers what is wrong with the characters of a piece, whatever the piece is for.
-// Doors: causeIn(), isPlain(), utf8Length().
+// Doors: causeIn(), isPlain().
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/findings/findingparts_test.cpp.
 
@@ -11,6 +11,7 @@
 #include <cstdint>
 
 #include "ttconfig/text/showntext.h"
+#include "ttconfig/text/utf8.h"
 
 namespace ttconfig {
 
@@ -67,21 +68,6 @@ std::optional<Cause> causeOf(std::string_view character, FullWidth fullWidth) {
 }
 
 }  // namespace
-
-std::size_t utf8Length(std::string_view text) {
-    const unsigned char first = byteAt(text, 0);
-    if (first < 0x80) return 1;
-    const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-    if (first < 0xC2 || first > 0xF4 || text.size() < length) return 0;
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byteAt(text, i) & 0xC0U) != 0x80U) return 0;
-    }
-    // Neither longer than need be, nor a surrogate, nor beyond the last code point.
-    const unsigned char second = byteAt(text, 1);
-    const bool isOdd = (first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F) ||
-                       (first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F);
-    return isOdd ? 0 : length;
-}
 
 std::optional<Cause> causeIn(std::string_view piece, FullWidth fullWidth) {
     if (piece.empty()) return std::nullopt;

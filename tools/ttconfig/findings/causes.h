@@ -24,8 +24,4 @@ std::optional<Cause> causeIn(std::string_view piece, FullWidth fullWidth = FullW
 // Whether the text has only visible ASCII characters, so that there is no cause in any piece of it.
 bool isPlain(std::string_view text);
 
-// The length of the UTF-8 character at the start of a text that is not empty; 0 when there is none, but some other
-// byte.
-std::size_t utf8Length(std::string_view text);
-
 }  // namespace ttconfig

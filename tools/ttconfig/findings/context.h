@@ -11,8 +11,10 @@
 #include <unordered_map>
 
 #include "traderbase/base/config/internal/contractcatalogue.h"
+#include "traderbase/base/config/internal/settingkeys.h"
 #include "ttconfig/findings/limitwinners.h"
 #include "ttconfig/findings/names.h"
+#include "ttconfig/findings/uppercaserows.h"
 #include "ttconfig/place.h"
 
 namespace ttconfig {
@@ -30,7 +32,10 @@ struct GroupPlace {
 class SettingsContext {
 public:
     SettingsContext(const standin::SettingsText& settings, const standin::PlatformData* data)
-        : text(settings), platform(data) {}
+        : text(settings),
+          platform(data),
+          fees(text.findSection(ttservice::internal::keys::subscriptionFees.section)),
+          bonds(text.findSection(ttservice::internal::keys::standardBondUse.section)) {}
 
     // Whether any list of the file names the platform, values that are 0 or 1 alone left out.
     bool mentionsPlatform(int id);

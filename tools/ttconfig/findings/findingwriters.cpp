@@ -55,20 +55,18 @@ void JsonWriter::begin() {
 }
 
 void JsonWriter::beginFile(const std::string& path, const standin::SettingsText& /*text*/) {
-    file = path;
+    file = textJson(path);
 }
 
 void JsonWriter::add(const Finding& finding) {
-    Answer object = {{"file", file},
-                     {"line", finding.place.line},
-                     {"column", finding.place.column},
-                     {"length", finding.length},
-                     {"severity", severityWord(finding.severity)},
-                     {"rule", finding.rule},
-                     {"message", finding.message}};
-    if (finding.related) object["related"] = {{"line", finding.related->line}, {"column", finding.related->column}};
     write(any ? ",\n " : "\n ");
-    write(answerJson(object));
+    write(fmt::format(R"({{"file":{},"line":{},"column":{},"length":{},"severity":"{}","rule":"{}","message":{})", file,
+                      finding.place.line, finding.place.column, finding.length, severityWord(finding.severity),
+                      finding.rule, textJson(finding.message)));
+    if (finding.related) {
+        write(fmt::format(R"(,"related":{{"line":{},"column":{}}})", finding.related->line, finding.related->column));
+    }
+    write("}");
     any = true;
 }
 

@@ -65,7 +65,7 @@ public:
     void end() override;
 
 private:
-    std::string file;
+    std::string file;  // as JSON
     bool any = false;
 };
 

@@ -1,36 +1,15 @@
 // Limit winners: answers which of several rows for one instrument or category counts.
-// Doors: LimitWinners, UpperCaseHash, UpperCaseEqual.
+// Doors: LimitWinners.
 // Owns: the places that count.
 // Covered by tests/tools/ttconfig/findings/findingparts_test.cpp.
 
 #include "ttconfig/findings/limitwinners.h"
 
-#include <algorithm>
+#include "ttconfig/text/uppercase.h"
 
 namespace ttconfig {
 
-namespace {
-
 using namespace ttservice::internal;
-
-// As utils::toUpper does it, character by character.
-char uppered(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-}  // namespace
-
-std::size_t UpperCaseHash::operator()(std::string_view text) const {
-    std::size_t hash = 0xCBF29CE484222325U;
-    for (const char c : text)
-        hash = (hash ^ static_cast<unsigned char>(uppered(c))) * 0x100000001B3U;
-    return hash;
-}
-
-bool UpperCaseEqual::operator()(std::string_view left, std::string_view right) const {
-    return left.size() == right.size() &&
-           std::equal(left.begin(), left.end(), right.begin(), [](char a, char b) { return uppered(a) == uppered(b); });
-}
 
 LimitWinners::LimitWinners(const standin::SettingsText& text, const std::vector<Section>& sections) {
     std::size_t count = 0;
@@ -70,10 +49,10 @@ void LimitWinners::enter(const standin::SettingsSection& section, std::size_t fi
 // an item without "-", which stands for itself twice, can come to the place of one with it.
 std::size_t LimitWinners::slotOf(std::string_view item) const {
     const std::size_t mask = slots.size() - 1;
-    std::size_t slot = UpperCaseHash()(item) & mask;
+    std::size_t slot = upperHash(item) & mask;
     while (slots[slot] != 0) {
         const Item& there = items[slots[slot] - 1];
-        if (UpperCaseEqual()({there.text, there.length}, item)) break;
+        if (isSameUpper({there.text, there.length}, item)) break;
         slot = (slot + 1) & mask;
     }
     return slot;

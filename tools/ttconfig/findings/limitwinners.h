@@ -2,26 +2,14 @@
 
 #include <standin/settingstext.h>
 
+#include <cstdint>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "traderbase/base/config/internal/limitrows.h"
 #include "ttconfig/place.h"
 
 namespace ttconfig {
-
-// Texts that are the same in upper case, without making it.
-struct UpperCaseHash {
-    std::size_t operator()(std::string_view text) const;
-};
-struct UpperCaseEqual {
-    bool operator()(std::string_view left, std::string_view right) const;
-};
-
-// Rows by their key, letter case aside.
-using UpperCaseRows =
-    std::unordered_map<std::string_view, const standin::SettingsEntry*, UpperCaseHash, UpperCaseEqual>;
 
 // For each market and item of a limit table, the place that counts: the last one in the order of a load. Smaller than
 // the table itself, as it holds no texts and nothing about the places that lost.

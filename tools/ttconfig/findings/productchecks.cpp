@@ -12,6 +12,7 @@
 #include "ttconfig/findings/numberchecks.h"
 #include "ttconfig/findings/valuechecks.h"
 #include "ttconfig/text/showntext.h"
+#include "ttconfig/text/uppercase.h"
 
 namespace ttconfig {
 
@@ -76,7 +77,7 @@ bool isDigit(char c) {
 }
 
 void checkFund(EntryRemarks& remarks, std::string_view fund, bool isAlone) {
-    if (UpperCaseEqual()(fund, "ALL")) {
+    if (isSameUpper(fund, "ALL")) {
         if (isAlone && fund == "ALL") return;
         remarks.wrong(RuleId::AllBesideFunds, fund,
                       isAlone ? "is a fund of that name; write ALL in capitals for all of them"

@@ -34,8 +34,9 @@ Answer ruleObject(const Rule& rule, Severity severity) {
             {"defaultConfiguration", {{"level", severityWord(severity)}}}};
 }
 
-Answer location(const std::string& uri, const Answer& region) {
-    return {{"physicalLocation", {{"artifactLocation", {{"uri", uri}}}, {"region", region}}}};
+// A location without its closing brace, as many members may follow. The URI has no character that JSON escapes.
+std::string location(const std::string& uri, const std::string& region) {
+    return fmt::format(R"({{"physicalLocation":{{"artifactLocation":{{"uri":"{}"}},"region":{{{}}}}})", uri, region);
 }
 
 bool isPlainInUri(char c) {
@@ -69,22 +70,20 @@ void SarifWriter::beginFile(const std::string& path, const standin::SettingsText
 }
 
 void SarifWriter::add(const Finding& finding) {
-    const Answer region = {{"startLine", finding.place.line},
-                           {"startColumn", columns->column(finding.place)},
-                           {"endColumn", columns->column(finding.place, finding.length)}};
-    Answer result = {{"ruleId", finding.rule},
-                     {"ruleIndex", ruleNumber(finding.rule)},
-                     {"level", severityWord(finding.severity)},
-                     {"message", {{"text", finding.message}}},
-                     {"locations", Answer::array({location(uri, region)})}};
-    if (finding.related) {
-        Answer other =
-            location(uri, {{"startLine", finding.related->line}, {"startColumn", columns->column(*finding.related)}});
-        other["message"] = {{"text", "the other place"}};
-        result["relatedLocations"] = Answer::array({other});
-    }
+    const std::string region =
+        fmt::format(R"("startLine":{},"startColumn":{},"endColumn":{})", finding.place.line,
+                    columns->column(finding.place), columns->column(finding.place, finding.length));
     write(any ? ",\n" : "\n");
-    write(answerJson(result));
+    write(fmt::format(R"({{"ruleId":"{}","ruleIndex":{},"level":"{}","message":{{"text":{}}},"locations":[{}}}])",
+                      finding.rule, ruleNumber(finding.rule), severityWord(finding.severity), textJson(finding.message),
+                      location(uri, region)));
+    if (finding.related) {
+        const std::string other =
+            fmt::format(R"("startLine":{},"startColumn":{})", finding.related->line, columns->column(*finding.related));
+        write(
+            fmt::format(R"(,"relatedLocations":[{},"message":{{"text":"the other place"}}}}])", location(uri, other)));
+    }
+    write("}");
     any = true;
 }
 

@@ -54,9 +54,9 @@ void checkRange(EntryRemarks& remarks, const SettingKey& row, int value) {
 
 // Of two keys that are one in upper case, the earlier has what the upper-case form answers.
 void checkCollision(EntryRemarks& remarks, UpperCaseRows& rows) {
-    const auto [known, isNew] = rows.emplace(remarks.entry().key, &remarks.entry());
-    if (isNew) return;
-    const standin::SettingsEntry& earlier = *known->second;
+    const standin::SettingsEntry* known = rows.enter(remarks.entry());
+    if (known == nullptr) return;
+    const standin::SettingsEntry& earlier = *known;
     double here = 0.0;
     double there = 0.0;
     if (standin::readDecimal(remarks.value(), here) && standin::readDecimal(earlier.value, there) && here == there)

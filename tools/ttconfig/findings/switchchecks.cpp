@@ -12,6 +12,7 @@
 #include "ttconfig/findings/numberchecks.h"
 #include "ttconfig/findings/valuechecks.h"
 #include "ttconfig/text/showntext.h"
+#include "ttconfig/text/uppercase.h"
 
 namespace ttconfig {
 
@@ -24,7 +25,7 @@ constexpr std::string_view kPassedOver = "is passed over; write whole numbers wi
 bool isYesOrNo(std::string_view value) {
     constexpr std::string_view kWords[] = {"true", "false", "yes", "no", "on", "off"};
     return std::any_of(std::begin(kWords), std::end(kWords),
-                       [value](std::string_view word) { return UpperCaseEqual()(word, value); });
+                       [value](std::string_view word) { return isSameUpper(word, value); });
 }
 
 // A value of one piece that reads like the answer to a yes/no question; says so.

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-#include "ttconfig/findings/causes.h"
+#include "ttconfig/text/utf8.h"
 
 namespace ttconfig {
 

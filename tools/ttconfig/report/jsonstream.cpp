@@ -10,6 +10,8 @@
 #include <cmath>
 #include <utility>
 
+#include "ttconfig/text/utf8.h"
+
 namespace ttconfig {
 
 namespace {
@@ -23,27 +25,11 @@ unsigned byteAt(std::string_view text, std::size_t at) {
     return static_cast<unsigned char>(text[at]);
 }
 
-// The bytes of the UTF-8 character at the start of the text; 0 when there is none.
-std::size_t characterLength(std::string_view text) {
-    const unsigned lead = byteAt(text, 0);
-    if (lead < 0x80U) return 1;
-    const std::size_t length = lead < 0xC2U ? 0 : lead < 0xE0U ? 2 : lead < 0xF0U ? 3 : lead < 0xF5U ? 4 : 0;
-    if (length == 0 || text.size() < length) return 0;
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byteAt(text, i) & 0xC0U) != 0x80U) return 0;
-    }
-    // Neither longer than needed, nor half of a surrogate pair, nor beyond the last character.
-    const unsigned second = byteAt(text, 1);
-    const bool isWrong = (lead == 0xE0U && second < 0xA0U) || (lead == 0xEDU && second > 0x9FU) ||
-                         (lead == 0xF0U && second < 0x90U) || (lead == 0xF4U && second > 0x8FU);
-    return isWrong ? 0 : length;
-}
-
 // Hands every character to sink(character); a byte that is part of none becomes the replacement character.
 template <typename Sink>
 void forEachCharacter(std::string_view text, Sink&& sink) {
     while (!text.empty()) {
-        const std::size_t length = characterLength(text);
+        const std::size_t length = utf8Length(text);
         sink(length == 0 ? kReplacement : text.substr(0, length));
         text.remove_prefix(length == 0 ? 1 : length);
     }
@@ -174,7 +160,7 @@ void JsonStream::putEscaped(std::string_view value) {
         put(value.substr(0, plain));
         value.remove_prefix(plain);
         if (value.empty()) return;
-        const std::size_t length = characterLength(value);
+        const std::size_t length = utf8Length(value);
         const unsigned lead = byteAt(value, 0);
         if (length == 0) {
             put(kReplacement);

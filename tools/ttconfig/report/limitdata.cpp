@@ -16,6 +16,7 @@
 #include "ttconfig/differences/mergedrows.h"
 #include "ttconfig/reasons/creditfacts.h"
 #include "ttconfig/report/datawriters.h"
+#include "ttconfig/text/uppercase.h"
 
 namespace ttconfig {
 
@@ -148,18 +149,6 @@ ShownRow shownItem(const ItemRow& row, const LimitField* shape) {
     return {place.first, place.second, fieldsJson(row.entry->value, shape), row.entry->line};
 }
 
-// As tableKey() of either compares, without making it.
-int compareUpper(std::string_view left, std::string_view right) {
-    const auto upper = [](char letter) {
-        return static_cast<unsigned char>(letter >= 'a' && letter <= 'z' ? letter - 'a' + 'A' : letter);
-    };
-    const std::size_t shared = std::min(left.size(), right.size());
-    for (std::size_t i = 0; i < shared; ++i) {
-        if (upper(left[i]) != upper(right[i])) return upper(left[i]) < upper(right[i]) ? -1 : 1;
-    }
-    return left.size() == right.size() ? 0 : (left.size() < right.size() ? -1 : 1);
-}
-
 int compareItems(const ItemRow& left, const ItemRow& right) {
     const LimitItem one = left.item();
     const LimitItem other = right.item();
@@ -220,22 +209,20 @@ void writeLimitTable(JsonStream& json, ReportState& state, const LimitPage& page
     });
 }
 
-struct BondRow {
-    std::string_view code;
-    double ratio;
-    std::uint32_t line;
+using BondRow = const SettingsEntry*;
 
-    ShownRow shown() const {
-        std::string values;
-        JsonStream json([&values](std::string_view piece) { values += piece; });
-        json.decimal(ratio);
-        json.flush();
-        return {"", std::string(code), '[' + values + ']', line};
-    }
-};
+ShownRow shownBond(BondRow row) {
+    double ratio = valueWhenMissing<double>(keys::standardBondUse);
+    standin::readDecimal(row->value, ratio);
+    std::string values;
+    JsonStream json([&values](std::string_view piece) { values += piece; });
+    json.decimal(ratio);
+    json.flush();
+    return {"", std::string(row->key), '[' + values + ']', row->line};
+}
 
-bool lessBond(const BondRow& left, const BondRow& right) {
-    return left.code < right.code;
+bool lessBond(BondRow left, BondRow right) {
+    return left->key < right->key;
 }
 
 // A code that is found in upper case as well has one row, the one that is written.
@@ -243,10 +230,9 @@ std::vector<BondRow> bondsOf(const SettingsText* text) {
     std::vector<BondRow> rows;
     const auto* section = text == nullptr ? nullptr : text->findSection(keys::standardBondUse.section);
     if (section == nullptr) return rows;
+    rows.reserve(section->entries.size());
     for (const SettingsEntry& entry : section->entries) {
-        double ratio = valueWhenMissing<double>(keys::standardBondUse);
-        standin::readDecimal(entry.value, ratio);
-        if (!entry.repeated) rows.push_back({entry.key, ratio, entry.line});
+        if (!entry.repeated) rows.push_back(&entry);
     }
     std::sort(rows.begin(), rows.end(), lessBond);
     return rows;
@@ -257,8 +243,7 @@ void writeBonds(JsonStream& json, ReportState& state) {
                          "The usage ratio; 1 for a bond that has no row. A code is found in upper case as well.",
                          {"ratio"}};
     writePage(json, state, page, [&](RowWriter& writer) {
-        const auto shown = [](const BondRow& row) { return row.shown(); };
-        mergeInto(writer, bondsOf(&state.text()), bondsOf(state.oldText()), lessBond, shown);
+        mergeInto(writer, bondsOf(&state.text()), bondsOf(state.oldText()), lessBond, shownBond);
     });
 }
 

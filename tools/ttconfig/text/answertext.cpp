@@ -1,9 +1,13 @@
 // Answers as text: answers how a value is shown to people and to programs.
-// Doors: answerText(), answerJson().
+// Doors: answerText(), textJson(), answerJson().
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/text_test.cpp.
 
 #include "ttconfig/text/answertext.h"
+
+#include <cstdint>
+
+#include "ttconfig/text/utf8.h"
 
 namespace ttconfig {
 
@@ -19,12 +23,15 @@ std::string nestedText(const Answer& answer) {
 
 std::string membersText(const Answer& answer) {
     std::string text;
+    if (answer.is_array()) {
+        for (const Answer& item : answer)
+            text.append(&item == &answer.front() ? "" : ",").append(nestedText(item));
+        return text;
+    }
     bool first = true;
     for (const auto& item : answer.items()) {
-        if (!first) text += ',';
+        text.append(first ? "" : ",").append(item.key()).append(":").append(nestedText(item.value()));
         first = false;
-        if (answer.is_object()) text += item.key() + ':';
-        text += nestedText(item.value());
     }
     return text;
 }
@@ -33,9 +40,28 @@ std::string membersText(const Answer& answer) {
 
 std::string answerText(const Answer& answer) {
     if (answer.is_null()) return "none";
-    if (answer.is_string()) return answer.get<std::string>();
+    if (answer.is_string()) return answer.get_ref<const std::string&>();
+    if (answer.is_number_integer()) {
+        return answer.is_number_unsigned() ? std::to_string(answer.get<std::uint64_t>())
+                                           : std::to_string(answer.get<std::int64_t>());
+    }
     if (answer.is_structured()) return membersText(answer);
     return answer.dump();
+}
+
+std::string textJson(std::string_view text) {
+    std::string json = "\"";
+    for (std::size_t length = 0; !text.empty(); text.remove_prefix(length)) {
+        length = utf8Length(text);
+        const char first = text.front();
+        if (length == 0 || (first >= '\0' && first < ' ')) {
+            // What is rare is left to the JSON library, the text from there on.
+            return json + answerJson(std::string(text)).substr(1);
+        }
+        if (first == '"' || first == '\\') json += '\\';
+        json += text.substr(0, length);
+    }
+    return json + '"';
 }
 
 std::string answerJson(const Answer& answer) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "ttconfig/calls/records.h"
 
@@ -10,6 +11,9 @@ namespace ttconfig {
 // separated by "," as in a settings file, the members of an object by "," and their names by ":"; lists and objects
 // inside others stand in [] and {}. No blanks are put in.
 std::string answerText(const Answer& answer);
+
+// A text as JSON, as answerJson() has it.
+std::string textJson(std::string_view text);
 
 // An answer as JSON on one line, bytes that are not UTF-8 replaced by U+FFFD.
 std::string answerJson(const Answer& answer);

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+#include "ttconfig/text/utf8.h"
+
 namespace ttconfig {
 
 namespace {
@@ -43,6 +45,7 @@ std::string withEscapedControls(const std::string& json) {
 }  // namespace
 
 std::string withReplacedBytes(const std::string& text) {
+    if (isUtf8(text)) return text;
     // The JSON library knows UTF-8: its replacement is made while writing, so it is written and read back.
     const std::string written = Argument(text).dump(-1, ' ', false, Argument::error_handler_t::replace);
     return Argument::parse(written).get<std::string>();
@@ -51,7 +54,7 @@ std::string withReplacedBytes(const std::string& text) {
 std::string onOneLine(std::string text) {
     const auto isControl = [](char byte) { return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F; };
     std::replace_if(text.begin(), text.end(), isControl, '?');
-    text = withReplacedBytes(text);
+    if (!isUtf8(text)) text = withReplacedBytes(text);
     for (std::size_t at = 0; at < text.size(); ++at) {
         if (isWideControlAt(text, at)) text.replace(at, 2, 1, '?');
     }
