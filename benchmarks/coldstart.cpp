@@ -2,7 +2,6 @@
 // Starts the programs in turn, again and again, and prints how long each took from start to end (median), in the form
 // of Google Benchmark's JSON. A program's first run is left out.
 
-#include <algorithm>
 #include <cstdio>
 #include <iostream>
 #include <nlohmann/json.hpp>
@@ -10,6 +9,7 @@
 #include <vector>
 
 #include "benchmarks/childprogram.h"
+#include "benchmarks/median.h"
 
 namespace {
 
@@ -38,11 +38,6 @@ std::vector<Program> programsOf(int argc, char** argv) {
     return programs;
 }
 
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -61,7 +56,7 @@ int main(int argc, char** argv) {
     for (const Program& program : programs) {
         figures.push_back({{"run_name", program.name + "/real_time"},
                            {"aggregate_name", "median"},
-                           {"real_time", median(program.seconds) * 1e6},
+                           {"real_time", benchmarks::median(program.seconds) * 1e6},
                            {"time_unit", "us"}});
     }
     std::cout << nlohmann::json{{"benchmarks", figures}}.dump(2) << '\n';

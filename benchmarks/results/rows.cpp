@@ -213,10 +213,72 @@ Group start() {
     return group;
 }
 
+constexpr Peer kToolFiles[] = {
+    {"100000 unknown switches", "switches"},
+    {"100000 order limits", "limits"},
+    {"100000 bonds in small letters", "bonds"},
+    {"a desk's settings, 100000 rows more", "mixed"},
+};
+
+// One row a run of the tool: its work beside loading the file that it reads, or the first of the two.
+Row toolWork(const std::string& what, const std::string& run) {
+    const std::string kind = run.substr(run.find('/'));
+    return {what, {"", "toolwork/" + run}, {"a process that loads it", "toolwork/load" + kind}, Goal::AtMost, 3};
+}
+
+// What it holds beyond what it holds for nothing, beside the size of what it reads.
+Row toolMemory(const std::string& what, const std::string& run, Goal goal = Goal::AtMost) {
+    const bool readsTwo = run.rfind("diff", 0) == 0;
+    const std::string kind = run.substr(run.find('/'));
+    return {what,
+            {"", "toolwork/" + run, "memory"},
+            {readsTwo ? "both files" : "the file", (readsTwo ? "toolwork/files" : "toolwork/file") + kind, "bytes"},
+            goal,
+            10};
+}
+
+struct ToolRun {
+    const char* what;
+    std::string run;
+};
+
+std::vector<ToolRun> toolRuns(const Peer& file) {
+    const std::string kind = file.run;
+    std::vector<ToolRun> runs = {{"check", "check/" + kind}};
+    if (kind == "switches") {
+        runs.push_back({"check, 100000 findings as JSON", "check-json/" + kind});
+        runs.push_back({"check, 100000 findings as SARIF", "check-sarif/" + kind});
+    }
+    runs.push_back({"diff, one row in ten differs", "diff/" + kind});
+    if (kind == "limits" || kind == "bonds") runs.push_back({"diff, every row differs", "diff-all/" + kind});
+    runs.push_back({"report", "report/" + kind});
+    return runs;
+}
+
+Group toolTimes() {
+    Group group{"The tool and large files: processor time of a process", {}};
+    for (const Peer& file : kToolFiles) {
+        for (const auto& [what, run] : toolRuns(file))
+            group.rows.push_back(toolWork(fmt::format("{}: {}", file.label, what), run));
+    }
+    return group;
+}
+
+Group toolPeaks() {
+    Group group{"The tool and large files: peak memory above that of a process that does nothing", {}};
+    for (const Peer& file : kToolFiles) {
+        for (const auto& [what, run] : toolRuns(file))
+            group.rows.push_back(toolMemory(fmt::format("{}: {}", file.label, what), run));
+        group.rows.push_back(
+            toolMemory(fmt::format("{}: loading alone", file.label), std::string("load/") + file.run, Goal::None));
+    }
+    return group;
+}
+
 }  // namespace
 
 std::vector<Group> allGroups() {
-    return {switches(), threads(), limits(), loading(), memory(), lists(), start()};
+    return {switches(), threads(), limits(), loading(), memory(), lists(), start(), toolTimes(), toolPeaks()};
 }
 
 }  // namespace benchmarks

@@ -64,7 +64,7 @@ std::string scaled(double value, const std::vector<const char*>& units, double s
 std::string written(double value, const std::string& field) {
     if (field == "items_per_second" || field == "answers/s") return scaled(value, {"/s", "k/s", "M/s"}, 1000);
     if (field == "bytes_per_second") return scaled(value, {"B/s", "kB/s", "MB/s"}, 1000);
-    if (field == "peak") return scaled(value, {"B", "KiB", "MiB"}, 1024);
+    if (field == "peak" || field == "memory" || field == "bytes") return scaled(value, {"B", "KiB", "MiB"}, 1024);
     return scaled(value, {"ns", "µs", "ms", "s"}, 1000);
 }
 
