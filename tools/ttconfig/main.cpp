@@ -10,6 +10,7 @@
 #include "ttconfig/fault.h"
 #include "ttconfig/output.h"
 #include "ttconfig/startup.h"
+#include "ttconfig/text/showntext.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ int runGuarded(const CommandLine& commandLine) {
         ttconfig::Output output;
         return commandLine.run(commandLine, output);
     } catch (const ttconfig::Fault& fault) {
-        std::cerr << "ttconfig: " << fault.what() << '\n';
+        std::cerr << "ttconfig: " << ttconfig::visibleText(fault.what()) << '\n';
         return fault.exitCode;
     } catch (const std::exception& failure) {
         std::cerr << "ttconfig: internal error: " << failure.what() << '\n';

@@ -60,6 +60,8 @@ TEST(Completion, KnowsWhatStandsWhere) {
         {{"nosuchsubcommand", ""}, {}},
         {{"script", "nosuchsubcommand", ""}, {}},
         {{"switches", "--format", "m"}, {"markdown"}},
+        {{"check", "--disable", "unknown-k"}, {"unknown-key"}},
+        {{"check", "--fatal", "bad-platform-id,unknown-k"}, {"bad-platform-id,unknown-key"}},
     };
     for (const auto& row : rows)
         EXPECT_EQ(completionsOf(row.words), row.become) << testing::PrintToString(row.words);

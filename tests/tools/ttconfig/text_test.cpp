@@ -74,6 +74,13 @@ TEST(ShownText, HasNoControlCharacterThatATerminalObeys) {
     EXPECT_EQ(ttconfig::onOneLine("a\x1B\x7F\n\xC2\x9Bz\xC2\xA0\xC2"), "a????z\xC2\xA0\xEF\xBF\xBD");
 }
 
+TEST(ShownText, NamesOfFilesAreAsTheyStandButForWhatATerminalObeys) {
+    EXPECT_EQ(ttconfig::visibleText("a \"b\" \\ 股.ini"), "a \"b\" \\ 股.ini");
+    EXPECT_EQ(ttconfig::visibleText("\x1b[2J\n\t\x7F\xC2\x85."), "\\u001b[2J\\n\\t\\u007f\\u0085.");
+    EXPECT_EQ(ttconfig::visibleText("\xFF"), "\xEF\xBF\xBD");
+    EXPECT_EQ(ttconfig::visibleText(""), "");
+}
+
 TEST(ShownText, WithReplacedBytesKeepsEveryOtherByte) {
     EXPECT_EQ(ttconfig::withReplacedBytes("a\"\\\n\xE8\x82\xA1"), "a\"\\\n\xE8\x82\xA1");
     EXPECT_EQ(ttconfig::withReplacedBytes("a\x80z"), "a\xEF\xBF\xBDz");

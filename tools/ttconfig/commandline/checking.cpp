@@ -14,11 +14,11 @@ namespace {
 
 constexpr const char* kCheckHelp =
     "Prints a line FILE:LINE:COLUMN: SEVERITY: MESSAGE [RULE] for everything in which a settings file says something\n"
-    "else than its author will have meant. Exit code 0: nothing found; 1: something found; 3: a file cannot be "
-    "read.\n\n"
+    "else than its author will have meant. Exit code 0: nothing found; 1: something found; 3: a file cannot be read;\n"
+    "the others are checked all the same.\n\n"
     "Examples:\n"
     "  ttconfig check settings.ini\n"
-    "  ttconfig check --disable unknown-key --format sarif settings.ini desks/*.ini\n"
+    "  ttconfig check --disable unknown-key,unusual-unit --format sarif settings.ini desks/*.ini\n"
     "  ttconfig check --explain unknown-key";
 
 constexpr const char* kDiffHelp =
@@ -71,8 +71,8 @@ void addCheck(CLI::App& app, CommandLine& line) {
     addDirectory(app, line.shared.directories);
     addPlatformData(app, line);
     addFormat(app, line, {"text", "json", "sarif", "markdown"});
-    addTexts(app, "--disable", line.disabledRules, "RULE", "Leave out what this rule finds");
-    addTexts(app, "--fatal", line.fatalRules, "RULE", "Make what this rule finds an error");
+    addTexts(app, "--disable", line.disabledRules, "RULE,...", "Leave out what these rules find").delimiter(',');
+    addTexts(app, "--fatal", line.fatalRules, "RULE,...", "Make what these rules find errors").delimiter(',');
     addText(app, "--explain", line.explainedRule, "RULE",
             "Tell what this rule is about, or all of them, and check nothing");
     app.add_option("FILE", line.words, "The settings files to check")->type_name("FILE");

@@ -88,6 +88,14 @@ void addOverrides(Candidates& candidates) {
     candidates.add(key + "false", "");
 }
 
+// Rules with "," between them: the one that is begun, behind those that are written.
+void addRuleList(Candidates& candidates) {
+    const std::string_view begun = candidates.begunWord();
+    const std::string written(begun.substr(0, begun.rfind(',') + 1));
+    for (const Rule& rule : kRules)
+        candidates.add(written + std::string(rule.name), rule.title);
+}
+
 // Words of a type: what the option's value or the word on the command line is called in the help text.
 void addOfType(const std::string& type, Candidates& candidates) {
     if (type == "FILE") return candidates.addOfShell("files");
@@ -98,6 +106,8 @@ void addOfType(const std::string& type, Candidates& candidates) {
     if (type == "RULE") {
         for (const Rule& rule : kRules)
             candidates.add(rule.name, rule.title);
+    } else if (type == "RULE,...") {
+        addRuleList(candidates);
     } else if (type.find('|') != std::string::npos) {
         ttservice::internal::splitDropEmpty(type, '|',
                                             [&candidates](std::string_view word) { candidates.add(word, ""); });

@@ -8,8 +8,8 @@
 namespace ttconfig {
 
 // Options that several subcommands have. A value's type is what the help shows and the completion goes by: FILE, DIR,
-// RULE, KEY=true|false, or the values there are with a "|" between them. An option that was given with an empty value
-// was given.
+// RULE, RULE,... for a list of them, KEY=true|false, or the values there are with a "|" between them. An option that
+// was given with an empty value was given.
 
 // May be given several times: each directory is seen from the one before.
 void addDirectory(CLI::App& app, std::vector<std::string>& directories);

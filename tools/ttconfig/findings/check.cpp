@@ -5,11 +5,13 @@
 
 #include "ttconfig/findings/check.h"
 
+#include <standin/filebytes.h>
 #include <standin/platformdata.h>
 #include <standin/settingstext.h>
 
 #include <fmt/format.h>
 
+#include <iostream>
 #include <memory>
 #include <unordered_map>
 
@@ -22,6 +24,7 @@
 #include "ttconfig/startup.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/progress.h"
+#include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
 
@@ -110,23 +113,63 @@ std::unique_ptr<FindingWriter> writerFor(const CommandLine& commandLine, const R
     }
 }
 
-// Whether there is a finding.
-bool checkFile(const std::string& path, const RuleChoice& choice, const standin::PlatformData* platform,
-               FindingWriter& writer, Progress& progress, bool isBounded) {
-    standin::SettingsText text;
-    standin::SettingsText::load(path, text);
-    writer.beginFile(path, text);
-    std::size_t count = 0;
-    const auto take = [&](Finding&& finding) {
-        progress.at(finding.place.line, path);
-        if (!choice.take(finding)) return;
-        ++count;
-        writer.add(finding);
-    };
-    const auto leftOut = checkSettings(text, platform, take, isBounded ? kMostOfARule : kEveryFinding);
-    writer.endFile(choice.leftOut(leftOut));
-    return count > 0;
-}
+// The files of one run, one after the other.
+class FileChecks {
+public:
+    FileChecks(const CommandLine& commandLine, const RuleChoice& ruleChoice, FindingWriter& target)
+        : choice(ruleChoice), most(commandLine.format == Format::Text ? kMostOfARule : kEveryFinding), writer(target) {
+        if (commandLine.shared.platform) platform = standin::PlatformData::current();
+    }
+
+    // A file that cannot be used is told, and keeps nobody from the findings of the others.
+    void check(const std::string& path) {
+        standin::SettingsText text;
+        try {
+            requireUsableSettings(path);
+            const standin::FileProblem problem = standin::SettingsText::load(path, text);
+            if (problem != standin::FileProblem::kNone) {
+                throw Fault(kExitInput, "settings file " + path + ": " + standin::fileProblemText(problem));
+            }
+        } catch (const Fault& fault) {
+            return refuse(path, fault);
+        }
+        checkText(path, text);
+    }
+
+    int exitCode() const { return anyUnusable ? kExitInput : anyFinding ? kExitFindings : kExitDone; }
+
+    void end() { progress.hide(); }
+
+private:
+    void refuse(const std::string& path, const Fault& fault) {
+        anyUnusable = true;
+        progress.hide();
+        // What was found before stands in front of the message.
+        writer.flush();
+        const std::string message = visibleText(fault.what());
+        std::cerr << "ttconfig: " << message << '\n';
+        writer.addUnusable(path, message);
+    }
+
+    void checkText(const std::string& path, const standin::SettingsText& text) {
+        writer.beginFile(path, text);
+        const auto take = [&](Finding&& finding) {
+            progress.at(finding.place.line, path);
+            if (!choice.take(finding)) return;
+            anyFinding = true;
+            writer.add(finding);
+        };
+        writer.endFile(choice.leftOut(checkSettings(text, platform.get(), take, most)));
+    }
+
+    const RuleChoice& choice;
+    const std::size_t most;
+    FindingWriter& writer;
+    std::shared_ptr<const standin::PlatformData> platform;
+    Progress progress{"checking"};
+    bool anyFinding = false;
+    bool anyUnusable = false;
+};
 
 }  // namespace
 
@@ -138,20 +181,14 @@ int runCheck(const CommandLine& commandLine, Output& output) {
     const RuleChoice choice(commandLine);
     const auto writer = writerFor(commandLine, choice, output);
     carryOut(commandLine.shared);
-    // Before anything is written: a file that cannot be used leaves no half of an answer.
-    for (const std::string& path : commandLine.words)
-        requireUsableSettings(path);
-    const std::shared_ptr<const standin::PlatformData> platform =
-        commandLine.shared.platform ? standin::PlatformData::current() : nullptr;
-    bool found = false;
-    Progress progress("checking");
+    FileChecks checks(commandLine, choice, *writer);
     writer->begin();
     for (const std::string& path : commandLine.words)
-        found = checkFile(path, choice, platform.get(), *writer, progress, commandLine.format == Format::Text) || found;
+        checks.check(path);
     writer->end();
-    progress.hide();
+    checks.end();
     writer->flush();
-    return found ? kExitFindings : kExitDone;
+    return checks.exitCode();
 }
 
 }  // namespace ttconfig

@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include "ttconfig/text/answertext.h"
+#include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
 
@@ -33,7 +34,7 @@ bool FindingWriter::flush() {
 }
 
 void TextWriter::beginFile(const std::string& path, const standin::SettingsText& /*text*/) {
-    file = path;
+    file = visibleText(path);
     any = false;
 }
 

@@ -23,6 +23,8 @@ public:
     // The text is good until the next file begins.
     virtual void beginFile(const std::string& path, const standin::SettingsText& text) = 0;
     virtual void add(const Finding& finding) = 0;
+    // A file that cannot be checked; the message says why and is told elsewhere too.
+    virtual void addUnusable(const std::string& /*path*/, const std::string& /*message*/) {}
     // more says in words what was left out; empty for nothing.
     virtual void endFile(const std::string& /*more*/) {}
     virtual void end() {}
@@ -39,7 +41,8 @@ private:
     bool isRead = true;
 };
 
-// "file:line:column: severity: message [rule]" a finding, and a line for each file without any.
+// "file:line:column: severity: message [rule]" a finding, and a line for each file without any. Control characters in
+// the names of files are escapes, as they are in messages.
 class TextWriter : public FindingWriter {
 public:
     TextWriter(Output& target, Colours inColours) : FindingWriter(target), colours(inColours) {}

@@ -87,8 +87,18 @@ void SarifWriter::add(const Finding& finding) {
     any = true;
 }
 
+void SarifWriter::addUnusable(const std::string& path, const std::string& message) {
+    notifications.push_back(
+        {{"level", "error"},
+         {"message", {{"text", message}}},
+         {"locations", Answer::array({{{"physicalLocation", {{"artifactLocation", {{"uri", uriOf(path)}}}}}}})}});
+}
+
+// A file that could not be checked is no result of the check, but tells that not everything was checked.
 void SarifWriter::end() {
-    write("\n]}]}\n");
+    Answer invocation = {{"executionSuccessful", notifications.empty()}};
+    if (!notifications.empty()) invocation["toolExecutionNotifications"] = notifications;
+    write("\n],\"invocations\":[" + answerJson(invocation) + "]}]}\n");
 }
 
 }  // namespace ttconfig

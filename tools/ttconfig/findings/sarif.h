@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "ttconfig/calls/records.h"
 #include "ttconfig/findings/findingwriters.h"
 #include "ttconfig/findings/textcolumns.h"
 
@@ -18,12 +19,14 @@ public:
     void begin() override;
     void beginFile(const std::string& path, const standin::SettingsText& text) override;
     void add(const Finding& finding) override;
+    void addUnusable(const std::string& path, const std::string& message) override;
     void end() override;
 
 private:
     const std::vector<Severity> severities;
     std::string uri;
     std::optional<TextColumns> columns;
+    Answer notifications = Answer::array();  // what could not be checked
     bool any = false;
 };
 

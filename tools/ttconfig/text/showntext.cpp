@@ -1,5 +1,5 @@
 // Shown text: answers how a value looks in a message.
-// Doors: shownText(), shownJson(), cutText(), onOneLine(), withReplacedBytes().
+// Doors: shownText(), shownJson(), cutText(), onOneLine(), visibleText(), withReplacedBytes().
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/text_test.cpp.
 
@@ -14,6 +14,10 @@ namespace ttconfig {
 namespace {
 
 constexpr std::size_t kMostShownBytes = 60;
+
+bool isControl(char byte) {
+    return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
+}
 
 // Looks in JSON as it is.
 bool isSimple(std::string_view text) {
@@ -52,13 +56,31 @@ std::string withReplacedBytes(const std::string& text) {
 }
 
 std::string onOneLine(std::string text) {
-    const auto isControl = [](char byte) { return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F; };
     std::replace_if(text.begin(), text.end(), isControl, '?');
     if (!isUtf8(text)) text = withReplacedBytes(text);
     for (std::size_t at = 0; at < text.size(); ++at) {
         if (isWideControlAt(text, at)) text.replace(at, 2, 1, '?');
     }
     return text;
+}
+
+std::string visibleText(std::string_view text) {
+    const bool isPlain = std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c < '\x7F'; });
+    if (isPlain) return std::string(text);
+    std::string shown;
+    const std::string valid = withReplacedBytes(std::string(text));
+    for (std::size_t at = 0; at < valid.size(); ++at) {
+        // Quotes and backslashes stay; what JSON makes of a control character alone is its escape.
+        const bool isWide = isWideControlAt(valid, at);
+        if (!isWide && !isControl(valid[at])) {
+            shown += valid[at];
+            continue;
+        }
+        const std::string escape = withEscapedControls(Argument(valid.substr(at, isWide ? 2 : 1)).dump());
+        shown.append(escape, 1, escape.size() - 2);
+        if (isWide) ++at;
+    }
+    return shown;
 }
 
 std::string cutText(std::string_view text, std::size_t mostBytes) {

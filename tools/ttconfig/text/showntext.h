@@ -15,6 +15,9 @@ std::string withReplacedBytes(const std::string& text);
 // The text as it can stand in a line for people: with bytes replaced, and a "?" for every control character.
 std::string onOneLine(std::string text);
 
+// The text as it stands, for file names in lines for people: with bytes replaced, and control characters as escapes.
+std::string visibleText(std::string_view text);
+
 // The text in quotes.
 std::string shownText(std::string_view text);
 

@@ -62,9 +62,15 @@ TEST(Check, ARuleCanBeTurnedOff) {
     const TempFolder folder;
     const std::string file = folder.write("a.ini", kTwoFindings);
     EXPECT_EQ(runTool({"check", file, "--disable", "unknown-key"}).lines().size(), 1U);
-    const ToolRun none = runTool({"check", "--disable", "unknown-key", "--disable", "bad-platform-id", file});
-    EXPECT_EQ(none.exitCode, 0);
-    EXPECT_THAT(none.out, HasSubstr("no findings"));
+    const std::vector<std::vector<std::string>> ways = {
+        {"check", "--disable", "unknown-key", "--disable", "bad-platform-id", file},
+        {"check", "--disable", "unknown-key,bad-platform-id", file},
+        {"check", "--disable=bad-platform-id,unknown-key", file}};
+    for (const auto& words : ways) {
+        const ToolRun none = runTool(words);
+        EXPECT_EQ(none.exitCode, 0) << none.err;
+        EXPECT_THAT(none.out, HasSubstr("no findings"));
+    }
 }
 
 TEST(Check, ARuleCanBeMadeFatal) {
@@ -73,12 +79,15 @@ TEST(Check, ARuleCanBeMadeFatal) {
     const ToolRun run = runTool({"check", file, "--fatal", "unknown-key"});
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_THAT(run.lines().front(), HasSubstr(": error: nothing reads"));
+    const ToolRun both = runTool({"check", file, "--fatal", "unknown-key,bad-platform-id"});
+    EXPECT_THAT(both.lines().front(), HasSubstr(": error: nothing reads"));
 }
 
 TEST(Check, AnUnknownRuleIsAUsageErrorWithTheNearestName) {
     const TempFolder folder;
     const std::string file = folder.write("a.ini", kTwoFindings);
     const std::vector<std::vector<std::string>> ways = {{"check", "--disable", "unknown-kee", file},
+                                                        {"check", "--disable", "bad-platform-id,unknown-kee", file},
                                                         {"check", "--fatal", "unknown-kee", file},
                                                         {"check", "--explain", "unknown-kee"}};
     for (const auto& words : ways) {
@@ -113,7 +122,7 @@ TEST(Check, AFileThatCannotBeUsedHasExitCode3AndNoAnswer) {
     const std::string good = folder.write("a.ini", kTwoFindings);
     const std::string bad = folder.write("bad.json", "{\"odd\": 1}");
     const std::vector<std::vector<std::string>> ways = {
-        {"check", good, folder.path("missing.ini")},
+        {"check", folder.path("missing.ini")},
         {"check", folder.path("")},
         {"check", folder.write("nul.ini", std::string("[setting]\0\n", 11))},
         {"check", good, "--platform", bad},
@@ -124,6 +133,51 @@ TEST(Check, AFileThatCannotBeUsedHasExitCode3AndNoAnswer) {
         EXPECT_EQ(run.out, "");
         EXPECT_NE(run.err, "");
     }
+}
+
+TEST(Check, AFileThatCannotBeUsedKeepsNobodyFromTheFindingsOfTheOthers) {
+    const TempFolder folder;
+    folder.write("a.ini", kTwoFindings);
+    folder.write("nul.ini", std::string("[setting]\0\n", 11));
+    folder.write("clean.ini", "[setting]\n");
+    const ToolRun run = runTool({"check", "-C", folder.path(""), "missing.ini", "a.ini", "nul.ini", "clean.ini"});
+    EXPECT_EQ(run.exitCode, 3);
+    ASSERT_EQ(run.lines().size(), 3U);
+    EXPECT_THAT(run.lines()[0], HasSubstr("a.ini:2:1:"));
+    EXPECT_THAT(run.lines()[1], HasSubstr("a.ini:3:18:"));
+    EXPECT_EQ(run.lines()[2], "clean.ini: no findings");
+    EXPECT_EQ(run.err,
+              "ttconfig: settings file missing.ini: does not exist; check the name\n"
+              "ttconfig: settings file nul.ini: holds NUL bytes; save it as plain text, in UTF-8 or another encoding "
+              "without NULs\n");
+    // Nothing found in the others is not nothing found.
+    EXPECT_EQ(runTool({"check", "-C", folder.path(""), "missing.ini", "clean.ini"}).exitCode, 3);
+}
+
+TEST(Check, JsonIsWholeWhenAFileCannotBeUsed) {
+    const TempFolder folder;
+    const std::string file = folder.write("a.ini", kTwoFindings);
+    const ToolRun run = runTool({"check", file, folder.path("missing.ini"), "--format", "json"});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_EQ(json::parse(run.out).size(), 2U);
+    EXPECT_THAT(run.err, HasSubstr("does not exist"));
+    EXPECT_TRUE(json::parse(runTool({"check", folder.path("missing.ini"), "--format", "json"}).out).empty());
+}
+
+TEST(Check, ControlCharactersInNamesOfFilesAreShownAsEscapes) {
+    const TempFolder folder;
+    const std::string odd = "a\x1b[31m\xC2\x9B\nb\"\\.ini";
+    folder.write(odd, "[setting]\nodd=1\n");
+    folder.write("clean" + odd, "[setting]\n");
+    const std::string shown = "a\\u001b[31m\\u009b\\nb\"\\.ini";
+    const ToolRun run = runTool({"check", "-C", folder.path(""), odd, "clean" + odd, "none" + odd});
+    EXPECT_EQ(run.exitCode, 3);
+    ASSERT_EQ(run.lines().size(), 2U);
+    EXPECT_EQ(run.lines()[0].rfind(shown + ":2:1: warning: ", 0), 0U) << run.out;
+    EXPECT_EQ(run.lines()[1], "clean" + shown + ": no findings");
+    EXPECT_EQ(run.err, "ttconfig: settings file none" + shown + ": does not exist; check the name\n");
+    const json findings = json::parse(runTool({"check", "-C", folder.path(""), odd, "--format", "json"}).out);
+    EXPECT_EQ(findings[0]["file"], odd);
 }
 
 TEST(Check, PlatformDataTellsWhichCodesItDoesNotKnow) {

@@ -32,6 +32,7 @@ TEST(Sarif, NamesTheToolAndItsRules) {
     EXPECT_EQ(run["columnKind"], "utf16CodeUnits");
     EXPECT_TRUE(run["results"].is_array());
     EXPECT_TRUE(run["results"].empty());
+    EXPECT_EQ(run["invocations"], json::parse(R"([{"executionSuccessful": true}])"));
     const json& driver = run["tool"]["driver"];
     EXPECT_EQ(driver["name"], "ttconfig");
     EXPECT_FALSE(driver["version"].get<std::string>().empty());
@@ -78,6 +79,21 @@ TEST(Sarif, FatalRulesHaveTheLevelError) {
     EXPECT_EQ(log["runs"][0]["tool"]["driver"]["rules"][result["ruleIndex"].get<std::size_t>()]["defaultConfiguration"]
                  ["level"],
               "error");
+}
+
+TEST(Sarif, AFileThatCannotBeUsedIsANotificationAndTheRestIsChecked) {
+    const TempFolder folder;
+    folder.write("a.ini", "[setting]\nodd=1\n");
+    const json log = sarifOf({"-C", folder.path(""), "mis sing.ini", "a.ini"});
+    const json& run = log["runs"][0];
+    EXPECT_EQ(run["results"].size(), 1U);
+    ASSERT_EQ(run["invocations"].size(), 1U);
+    EXPECT_EQ(run["invocations"][0]["executionSuccessful"], false);
+    const json& notifications = run["invocations"][0]["toolExecutionNotifications"];
+    ASSERT_EQ(notifications.size(), 1U);
+    EXPECT_EQ(notifications[0]["level"], "error");
+    EXPECT_EQ(notifications[0]["message"]["text"], "settings file mis sing.ini: does not exist; check the name");
+    EXPECT_EQ(notifications[0]["locations"][0]["physicalLocation"]["artifactLocation"]["uri"], "mis%20sing.ini");
 }
 
 TEST(Sarif, BytesThatAreNotUtf8AreWrittenAsReplacements) {
