@@ -93,6 +93,11 @@ bool InstrumentSet::contains(const std::string& market, const std::string& code)
     return found != byMarket.end() && found->second.matches(code);
 }
 
+void InstrumentSet::addMarketNames(std::set<std::string>& names) const {
+    for (const auto& [market, patterns] : byMarket)
+        names.insert(market);
+}
+
 void PlatformData::addStockType(int type, const std::string& market, const std::string& pattern) {
     stockTypes[type].add(market, pattern);
 }
@@ -202,6 +207,25 @@ bool PlatformData::passesSecondMarketTest(const std::string& market, const std::
 bool PlatformData::hasRight(const std::string& group, const std::string& product) const {
     const auto found = rights.find(group);
     return found != rights.end() && found->second.find(product) != found->second.end();
+}
+
+std::set<std::string> PlatformData::marketNames() const {
+    std::set<std::string> names;
+    for (const auto& [market, number] : markets)
+        names.insert(market);
+    for (const auto& [market, records] : instruments)
+        names.insert(market);
+    for (const auto& [market, rules] : bondRules)
+        names.insert(market);
+    for (const auto* types : {&stockTypes, &baseTypes}) {
+        for (const auto& [type, set] : *types)
+            set.addMarketNames(names);
+    }
+    for (const InstrumentSet* set :
+         {&newRulesBonds, &techBoardCdr, &issueAdditional, &firstMarketTest, &secondMarketTest}) {
+        set->addMarketNames(names);
+    }
+    return names;
 }
 
 std::shared_ptr<const PlatformData> PlatformData::current() {

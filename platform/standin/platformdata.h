@@ -32,6 +32,7 @@ class TTPLATFORM_API InstrumentSet {
 public:
     void add(const std::string& market, const std::string& pattern);
     bool contains(const std::string& market, const std::string& code) const;
+    void addMarketNames(std::set<std::string>& names) const;
 
 private:
     std::unordered_map<std::string, CodePatterns> byMarket;
@@ -71,6 +72,9 @@ public:
     bool passesFirstMarketTest(const std::string& market, const std::string& code) const;
     bool passesSecondMarketTest(const std::string& market, const std::string& code) const;
     bool hasRight(const std::string& group, const std::string& product) const;
+
+    // Every market that anything in the data is about.
+    std::set<std::string> marketNames() const;
 
     // The data that the services answer from now; empty data when none was installed. Never null.
     static std::shared_ptr<const PlatformData> current();

@@ -128,6 +128,19 @@ TEST(PlatformData, BondRuleIsOfOneTradeTypeOnly) {
     EXPECT_FALSE(data.bondRule("SH", "123001", 1));
 }
 
+TEST(PlatformData, NamesTheMarketsOfAllItsTablesOnce) {
+    PlatformData data;
+    EXPECT_TRUE(data.marketNames().empty());
+    data.setMarketNumber("B", 1);
+    data.addStockType(1, "A", "*");
+    data.addBaseType(1, "A", "1");
+    data.addInstrument("C", "1", {});
+    data.setBondRule("D", "1", 1, {});
+    data.addSecondMarketTest("E", "*");
+    data.addRight("group", "product");
+    EXPECT_EQ(data.marketNames(), (std::set<std::string>{"A", "B", "C", "D", "E"}));
+}
+
 TEST(PlatformData, CurrentIsEmptyUntilDataIsInstalledAndNeverNull) {
     ASSERT_NE(PlatformData::current(), nullptr);
     EXPECT_EQ(PlatformData::current()->marketNumber("SH"), -1);

@@ -1,5 +1,5 @@
 // Causes: answers what is wrong with the characters of a piece, whatever the piece is for.
-// Doors: causeIn(), isPlain().
+// Doors: causeIn(), inAscii(), isPlain().
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/findings/findingparts_test.cpp.
 
@@ -83,6 +83,18 @@ std::optional<Cause> causeIn(std::string_view piece, FullWidth fullWidth) {
     }
     if (isBlank(piece.back())) return Cause{RuleId::BlankInList, piece.substr(piece.size() - 1), "a blank stands here"};
     return std::nullopt;
+}
+
+std::string inAscii(std::string_view text) {
+    std::string ascii;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t length = utf8Length(text.substr(at));
+        const std::string_view character = text.substr(at, std::max<std::size_t>(length, 1));
+        const bool isOdd = length > 1 && isLookAlike(codePoint(character));
+        ascii += isOdd ? asciiFor(codePoint(character)) : std::string(character);
+        at += character.size();
+    }
+    return ascii;
 }
 
 bool isPlain(std::string_view text) {

@@ -21,6 +21,9 @@ enum class FullWidth { Wrong, Fine };
 // The first thing that is wrong with the characters of a piece; nothing for most pieces.
 std::optional<Cause> causeIn(std::string_view piece, FullWidth fullWidth = FullWidth::Wrong);
 
+// The text with its full-width and other look-alike characters as the ASCII ones that belong there.
+std::string inAscii(std::string_view text);
+
 // Whether the text has only visible ASCII characters, so that there is no cause in any piece of it.
 bool isPlain(std::string_view text);
 

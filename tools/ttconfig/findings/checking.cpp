@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "traderbase/base/config/internal/platformswitchtable.h"
+#include "ttconfig/findings/advice.h"
 #include "ttconfig/findings/context.h"
 #include "ttconfig/findings/remarks.h"
 #include "ttconfig/findings/valuechecks.h"
@@ -155,6 +156,7 @@ private:
     void lookAtIgnored(const IgnoredLine& ignored);
     void lookAtHeader(const SettingsSection& section, std::uint32_t number);
     void lookAtEntry(std::string_view section, const SettingsEntry& entry);
+    std::string entryMeant(std::string_view line) const;
     void sayUnknownKey(std::string_view section, EntryRemarks& entry);
     void lookAtValue(const SettingKey& row, EntryRemarks& entry);
 
@@ -163,6 +165,14 @@ private:
     LineRemarks remarks;
     std::vector<Subject> subjects;
 };
+
+// The key=value line that a line with another sign, or none, between both was meant to be; empty for any other line.
+std::string Walk::entryMeant(std::string_view line) const {
+    const std::string_view key = line.substr(0, line.find_first_of(": \t"));
+    const bool isKey = context.names.rowAnywhere(key) != nullptr || platformSwitchIndex(key) != kPlatformSwitchCount;
+    const std::size_t value = line.find_first_not_of(": \t", key.size());
+    return isKey && value != std::string_view::npos ? fmt::format("{}={}", key, line.substr(value)) : std::string();
+}
 
 void Walk::lookAtIgnored(const IgnoredLine& ignored) {
     if (hasCarriageReturn(ignored.text)) return;
@@ -182,9 +192,11 @@ void Walk::lookAtIgnored(const IgnoredLine& ignored) {
                            fmt::format("{}: {} is neither a section nor key=value, and is passed over", cause->what,
                                        shownText(ignored.text)));
             }
-            return tell(
-                RuleId::NoKeyValueLine,
-                "is neither a comment, a section nor key=value, and is passed over; put a ; in front of remarks");
+            const bool isPartOfValue = ignored.text.find_first_not_of("0123456789,;:|.+- \t") == std::string_view::npos;
+            return tell(RuleId::NoKeyValueLine,
+                        "is neither a comment, a section nor key=value, and is passed over" +
+                            orWrite(entryMeant(ignored.text), isPartOfValue ? "a value stands on one line with its key"
+                                                                            : "put a ; in front of remarks"));
         }
         case IgnoredReason::kNoKey:
             return tell(RuleId::NothingBeforeEquals,
@@ -275,6 +287,18 @@ void Walk::sayUnknownKey(std::string_view section, EntryRemarks& entry) {
                                row != nullptr ? row->section : kMainSection);
         });
     }
+    const std::string_view answering = context.names.keyOfQuestion(key);
+    if (!answering.empty()) {
+        return entry.say(RuleId::UnknownKey, key, [&] {
+            return fmt::format("{} is a question and no key; what it answers is said by {}", shownText(key), answering);
+        });
+    }
+    if (context.names.isSection(key)) {
+        return entry.say(RuleId::UnknownKey, key, [&] {
+            return fmt::format("nothing reads a key {} in [{}]: it is a section; write [{}] on a line of its own",
+                               shownText(key), section, key);
+        });
+    }
     entry.say(RuleId::UnknownKey, key, [&] {
         return fmt::format("nothing reads a key {} in [{}]{}", shownText(key), section, index.didYouMean(key));
     });
@@ -299,15 +323,15 @@ void Walk::lookAtValue(const SettingKey& row, EntryRemarks& entry) {
         case ValueGrammar::ConnectRateRow:
             return checkLimitRow(entry, context, row);
         case ValueGrammar::FixedIncomeNumbers:
-            return checkFixedIncome(entry);
+            return checkFixedIncome(entry, row);
         case ValueGrammar::PlatformRatioPairs:
-            return checkConcentration(entry);
+            return checkConcentration(entry, row);
         case ValueGrammar::PlatformCodes:
             return checkCollateralSale(entry);
         case ValueGrammar::ProductGroups:
             return checkProductGroups(entry, context);
         case ValueGrammar::MarketCodes:
-            return checkMarketCodes(entry);
+            return checkMarketCodes(entry, context);
         case ValueGrammar::Funds:
             return checkFunds(entry, context);
         case ValueGrammar::Contracts:

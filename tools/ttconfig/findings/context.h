@@ -7,12 +7,14 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 
 #include "traderbase/base/config/internal/contractcatalogue.h"
 #include "traderbase/base/config/internal/settingkeys.h"
 #include "ttconfig/findings/limitwinners.h"
+#include "ttconfig/findings/marketnames.h"
 #include "ttconfig/findings/names.h"
 #include "ttconfig/findings/uppercaserows.h"
 #include "ttconfig/place.h"
@@ -34,6 +36,7 @@ public:
     SettingsContext(const standin::SettingsText& settings, const standin::PlatformData* data)
         : text(settings),
           platform(data),
+          markets(data),
           fees(text.findSection(ttservice::internal::keys::subscriptionFees.section)),
           bonds(text.findSection(ttservice::internal::keys::standardBondUse.section)) {}
 
@@ -48,7 +51,9 @@ public:
 
     const standin::SettingsText& text;
     const standin::PlatformData* platform;
+    const MarketNames markets;
     KnownNames names;
+    std::set<std::string> unknownMarkets;  // those that were told
     std::unordered_map<std::string_view, GroupPlace> products;
     std::uint32_t groups = 0;
     UpperCaseRows fees;

@@ -1,6 +1,6 @@
 // Limit checks: answers what is wrong with a row of the limit sections.
 // Doors: checkLimitRow(), checkFixedIncome().
-// Owns: which section has which table and which fields.
+// Owns: which section has which table.
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>
@@ -10,12 +10,11 @@
 
 #include "traderbase/base/config/internal/limitrows.h"
 #include "traderbase/base/config/internal/markets.h"
-#include "traderbase/base/config/internal/unitwords.h"
+#include "ttconfig/findings/advice.h"
+#include "ttconfig/findings/limitfields.h"
 #include "ttconfig/findings/limitquestions.h"
-#include "ttconfig/findings/listchecks.h"
-#include "ttconfig/findings/numberchecks.h"
 #include "ttconfig/findings/valuechecks.h"
-#include "ttconfig/text/nearestname.h"
+#include "ttconfig/findings/valueranges.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -24,68 +23,20 @@ namespace {
 
 using namespace ttservice::internal;
 
-struct RowShape {
-    LimitTopic topic;
-    const LimitField* fields;
-    std::size_t count;
-};
-
-template <std::size_t Count>
-RowShape shapeOf(LimitTopic topic, const LimitRowShape<Count>& shape) {
-    return {topic, shape.data(), shape.size()};
+LimitTopic topicOf(const SettingKey& row) {
+    if (row.grammar == ValueGrammar::OrderLimitRow) return LimitTopic::OrderLimits;
+    if (row.grammar == ValueGrammar::BlockTradeLimitRow) return LimitTopic::BlockTrades;
+    if (row.grammar == ValueGrammar::StockRateRow) return LimitTopic::StockRates;
+    return isRow(row, keys::connectShanghaiRates) ? LimitTopic::ShanghaiConnectRates : LimitTopic::ShenzhenConnectRates;
 }
 
-RowShape shapeOf(const SettingKey& row) {
-    if (row.grammar == ValueGrammar::OrderLimitRow) return shapeOf(LimitTopic::OrderLimits, kOrderLimitRow);
-    if (row.grammar == ValueGrammar::BlockTradeLimitRow) return shapeOf(LimitTopic::BlockTrades, kBlockTradeLimitRow);
-    if (row.grammar == ValueGrammar::StockRateRow) return shapeOf(LimitTopic::StockRates, kStockRateRow);
-    const bool isShanghai = isRow(row, keys::connectShanghaiRates);
-    return shapeOf(isShanghai ? LimitTopic::ShanghaiConnectRates : LimitTopic::ShenzhenConnectRates, kConnectRateRow);
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
 }
 
-bool hasDigit(std::string_view text) {
-    return std::any_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+bool isLetter(char c) {
+    return !isDigit(c) && c != '.';
 }
-
-bool isUsualUnit(std::string_view unit) {
-    return unit == kShares || unit == kFundUnits || unit == kBonds || unit == kLots;
-}
-
-// --- values
-
-void checkField(EntryRemarks& remarks, std::string_view field, LimitField kind, bool isLimit) {
-    switch (kind) {
-        case LimitField::Integer:
-            if (!checkLooseNumber(remarks, field, LooseKind::Integer, "the field") || !isLimit) return;
-            return checkLeast(remarks, field, 1.0, "lets no order pass; write 1 or more");
-        case LimitField::Decimal:
-            checkLooseNumber(remarks, field, LooseKind::Decimal, "the field");
-            return;
-        case LimitField::Text:
-            if (isUsualUnit(field)) return;
-            remarks.wrong(
-                RuleId::UnusualUnit, field,
-                fmt::format("is no unit word in use; write {}, {}, {} or {}", kShares, kFundUnits, kBonds, kLots));
-            return;
-    }
-}
-
-// Whether the row is stored at all.
-bool checkFields(EntryRemarks& remarks, const LimitField* fields, std::size_t count, bool isLimit) {
-    const std::size_t found = fieldCount(remarks.value());
-    if (found != count) {
-        remarks.wrong(RuleId::WrongFieldCount, remarks.value(), [&] {
-            return fmt::format("has {} field{} and not {}, so that the row is passed over", found,
-                               found == 1 ? "" : "s", count);
-        });
-        return false;
-    }
-    splitKeepEmpty(remarks.value(), ',',
-                   [&](std::string_view field) { checkField(remarks, field, *fields++, isLimit); });
-    return true;
-}
-
-// --- keys
 
 // One item of the key, with its market and item in upper case.
 class ItemCheck {
@@ -94,20 +45,82 @@ public:
         : remarks(target), context(all), key(row), topic(table) {}
 
     void check(const LimitItem& item) {
-        if (!item.hasDash) {
-            remarks.wrong(RuleId::ItemWithoutDash, item.text,
-                          "has no \"-\", so that no question finds the row; write the market, \"-\" and a code or "
-                          "category");
-            return;
-        }
-        if (causeIn(item.text)) return remarks.wrong(RuleId::UnknownCategory, item.text, "is found by no question");
+        if (!item.hasDash) return sayNoDash(item);
+        if (isOddlyWritten(item)) return;
+        marketBefore = item.market;
         const auto [market, name] = tableKey(item);
         if (checkOverwritten(item)) return;
         if (checkReach(item, market, name)) return;
+        if (checkMarket(item, market)) return;
         checkInstrument(item, market, name);
     }
 
 private:
+    // Whether there are characters in the item that stand in no market, code or category; says so.
+    bool isOddlyWritten(const LimitItem& item) {
+        if (!isPlain(item.text)) {
+            for (const std::string_view piece : {item.text, item.market, item.item}) {
+                if (!causeIn(piece)) continue;
+                sayCause(piece);
+                return true;
+            }
+        }
+        const std::size_t sign = item.text.find_first_of(";|*?");
+        if (sign == std::string_view::npos) return false;
+        if (item.text[sign] == ';' || item.text[sign] == '|') {
+            remarks.wrong(RuleId::WrongSeparator, item.text, [&] {
+                return "is one item, which no question finds" +
+                       orWrite(withSigns(item.text, ";|", ','), "items are separated by \",\"");
+            });
+        } else {
+            remarks.say(RuleId::UnreachableRow, item.text, [&] {
+                return fmt::format(
+                    "no question reaches {} here: nothing stands for several codes or markets; write a "
+                    "row for each, or the category",
+                    shownText(item.text));
+            });
+        }
+        return true;
+    }
+
+    // Of a piece with an odd character in it.
+    void sayCause(std::string_view piece) {
+        remarks.wrong(RuleId::UnknownCategory, piece, [&] {
+            const std::string ascii = inAscii(piece);
+            const std::string_view meant = isPlain(withoutBlanks(ascii)) ? withoutBlanks(ascii) : std::string_view();
+            return "is found by no question" + orWrite(meant, "write it without");
+        });
+    }
+
+    void sayNoDash(const LimitItem& item) {
+        remarks.wrong(RuleId::ItemWithoutDash, item.text, [&] {
+            std::string meant = limitItemMeant(item.text);
+            // SH-600000,600519: the market goes for the first code alone.
+            const bool isCode = meant.empty() && !marketBefore.empty() && !item.text.empty() &&
+                                std::all_of(item.text.begin(), item.text.end(), isDigit);
+            if (isCode) meant = fmt::format("{}-{}", marketBefore, item.text);
+            return "has no \"-\", so that no question finds the row" +
+                   orWrite(meant, "write the market, \"-\" and a code or category");
+        });
+    }
+
+    // Whether the market is one that nothing names; says so at the first of its rows.
+    bool checkMarket(const LimitItem& item, const std::string& market) {
+        if (context.markets.knows(market)) return false;
+        if (!std::any_of(market.begin(), market.end(), isLetter) && isNamedMarket(item.item)) {
+            remarks.say(RuleId::UnknownMarket, item.text, [&] {
+                return "the market stands in front of the \"-\"" +
+                       orWrite(fmt::format("{}-{}", item.item, item.market), "write it there");
+            });
+        } else if (context.unknownMarkets.insert(market).second) {
+            remarks.say(RuleId::UnknownMarket, item.market, [&] {
+                return fmt::format("{} is a market that {}{}", shownText(item.market), context.markets.namers(),
+                                   context.markets.didYouMean(market));
+            });
+        }
+        return true;
+    }
+
     bool checkOverwritten(const LimitItem& item) {
         const Place here = remarks.placeOf(item.text);
         const Place winner = context.winnersOf(key.section).winner(item);
@@ -131,12 +144,14 @@ private:
                             shownText(item.text), other.section));
             return true;
         }
-        const bool isOddWord = !name.empty() && codesHaveDigits(market) && !hasDigit(name) && !isCategoryWord(name);
-        const std::string why = isOddWord ? std::string() : whyUnreachable(topic, market, name);
-        if (isOddWord) {
+        const bool isOdd = isOddWord(market, name);
+        const std::string why = isOdd ? std::string() : whyUnreachable(topic, market, name);
+        if (isOdd) {
             remarks.say(RuleId::UnknownCategory, item.item, [&] {
-                return fmt::format("{} is no category, and no code of {}, so that no question finds the row{}",
-                                   shownText(item.item), market, didYouMean(name, categoryWords()));
+                const std::string_view meant = categoryMeant(name);
+                return fmt::format("{} is no category, and no code of {}, so that no question finds the row{}{}{}",
+                                   shownText(item.item), market, meant.empty() ? "" : "; did you mean ", meant,
+                                   meant.empty() ? "" : "?");
             });
         } else if (!why.empty()) {
             remarks.say(RuleId::UnreachableRow, item.text,
@@ -145,6 +160,11 @@ private:
             remarks.say(RuleId::UnreachableRow, item.text, [&] {
                 return fmt::format("no question reaches {} here: there is nothing {} the \"-\"", shownText(item.text),
                                    name.empty() ? "behind" : "in front of");
+            });
+        } else if (isOddForFutures(topic, market, name)) {
+            remarks.say(RuleId::OddForFutures, item.text, [&] {
+                return fmt::format("instruments of {} go by DEF, unless the platform gives them another type; write {}",
+                                   market, shownText(market + "-DEF"));
             });
         } else {
             return false;
@@ -177,26 +197,21 @@ private:
     SettingsContext& context;
     const SettingKey& key;
     const LimitTopic topic;
+    std::string_view marketBefore;  // of the item before
 };
 
 }  // namespace
 
 void checkLimitRow(EntryRemarks& remarks, SettingsContext& context, const SettingKey& row) {
     remarks.lookForComment(Semicolons::Comment);
-    const RowShape shape = shapeOf(row);
-    const bool isLimit = shape.topic == LimitTopic::OrderLimits || shape.topic == LimitTopic::BlockTrades;
-    if (!checkFields(remarks, shape.fields, shape.count, isLimit)) return;
-    ItemCheck items(remarks, context, row, shape.topic);
+    if (!checkLimitFields(remarks, fieldShapeOf(row), rangeOf(row))) return;
+    ItemCheck items(remarks, context, row, topicOf(row));
     forEachLimitItem(remarks.entry().key, [&items](const LimitItem& item) { items.check(item); });
 }
 
-void checkFixedIncome(EntryRemarks& remarks) {
+void checkFixedIncome(EntryRemarks& remarks, const SettingKey& row) {
     remarks.lookForComment(Semicolons::Comment);
-    if (remarks.value().empty()) return;
-    if (!checkFields(remarks, kFixedIncomeRow.data(), kFixedIncomeRow.size(), false)) return;
-    splitKeepEmpty(remarks.value(), ',', [&](std::string_view field) {
-        checkLeast(remarks, field, 0.0, "is negative, but counts; write 0 or more");
-    });
+    if (!remarks.value().empty()) checkLimitFields(remarks, fieldShapeOf(row), rangeOf(row));
 }
 
 }  // namespace ttconfig

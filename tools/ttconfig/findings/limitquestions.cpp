@@ -6,9 +6,11 @@
 #include "ttconfig/findings/limitquestions.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "traderbase/base/config/internal/categorywords.h"
 #include "traderbase/base/config/internal/markets.h"
+#include "ttconfig/text/nearestname.h"
 
 namespace ttconfig {
 
@@ -51,6 +53,14 @@ const Words& rateWords() {
 
 bool holds(const Words& list, std::string_view word) {
     return std::find(list.begin(), list.end(), word) != list.end();
+}
+
+bool hasDigit(std::string_view text) {
+    return text.find_first_of("0123456789") != std::string_view::npos;
+}
+
+bool hasFutures(std::string_view market) {
+    return isFuturesExchange(market) || isOneOf(market, markets::kIf, markets::kCffex, markets::kIne);
 }
 
 bool asksForOrderCategory(std::string_view market, std::string_view word) {
@@ -127,7 +137,31 @@ std::string whyUnreachable(LimitTopic topic, std::string_view market, std::strin
     return "instruments of this market never go by that category here; take it out";
 }
 
-bool codesHaveDigits(std::string_view market) {
+std::string_view categoryMeant(std::string_view word) {
+    // What people call them elsewhere.
+    constexpr std::pair<std::string_view, std::string_view> kOtherNames[] = {
+        {"BOND", words::kLoan},       {"TECHSTOCK", words::kTechStockLimit},
+        {"BONDS", words::kLoan},      {"DEBT", words::kLoan},
+        {"REPO", words::kRepurchase}, {"DEFAULT", words::kDef},
+        {"OTHER", words::kDef},       {"OTHERS", words::kDef},
+        {"SHARE", words::kStock},     {"SHARES", words::kStock},
+        {"EQUITY", words::kStock},    {"MONEY", words::kMoneyFund},
+        {"MMF", words::kMoneyFund},   {"CONVERTIBLEBOND", words::kLoan}};
+    for (const auto& [name, meant] : kOtherNames) {
+        if (name == word) return meant;
+    }
+    return nearestName(word, categoryWords());
+}
+
+bool isOddForFutures(LimitTopic topic, std::string_view market, std::string_view word) {
+    const bool goesByType = topic == LimitTopic::OrderLimits || topic == LimitTopic::StockRates;
+    return goesByType && hasFutures(market) && word != words::kDef && isCategoryWord(word);
+}
+
+bool isOddWord(std::string_view market, std::string_view item) {
+    if (item.empty() || hasDigit(item) || isCategoryWord(item)) return false;
+    // A word of four letters that is one slip away from a category is no future by accident.
+    if (hasFutures(market)) return item.size() > 3 && !nearestName(item, categoryWords(), 1).empty();
     return isStockExchange(market) || isOptionExchange(market) || isShanghaiConnect(market) ||
            isShenzhenConnect(market) || market == markets::kNeeq;
 }

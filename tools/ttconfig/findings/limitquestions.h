@@ -24,7 +24,16 @@ bool isOfOtherConnect(LimitTopic topic, std::string_view market);
 // Why no question reaches a row for market and item, both in upper case, in words; empty when one does.
 std::string whyUnreachable(LimitTopic topic, std::string_view market, std::string_view item);
 
-// Whether codes of the market always hold a digit, so that a word without one is no code.
-bool codesHaveDigits(std::string_view market);
+// The category that a word which is none was meant to be, such as LOAN for BOND or STOCK for STOK; empty when none is
+// near. The word in upper case.
+std::string_view categoryMeant(std::string_view word);
+
+// Whether a question about an instrument of the market comes to the category only where the platform types futures
+// as shares, bonds or funds. Market and word in upper case.
+bool isOddForFutures(LimitTopic topic, std::string_view market, std::string_view word);
+
+// Whether the item, in upper case, is neither a category nor a code: codes of the market always hold a digit, or the
+// item is a category with a slip in it.
+bool isOddWord(std::string_view market, std::string_view item);
 
 }  // namespace ttconfig

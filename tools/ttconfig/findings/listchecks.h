@@ -3,6 +3,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "ttconfig/findings/marketnames.h"
 #include "ttconfig/findings/remarks.h"
 
 namespace ttconfig {
@@ -11,7 +12,7 @@ namespace ttconfig {
 class SeenNames {
 public:
     // Says so when the name was there before.
-    void check(EntryRemarks& remarks, std::string_view name);
+    void check(EntryRemarks& remarks, std::string_view name, std::string_view consequence = "once is enough");
 
 private:
     std::unordered_map<std::string_view, Place> places;
@@ -21,7 +22,14 @@ private:
 void checkName(EntryRemarks& remarks, std::string_view name, std::string_view otherSeparators,
                std::string_view separator);
 
-// An entry of several parts that has not exactly one ":".
-void checkColons(EntryRemarks& remarks, std::string_view entry, std::string_view consequence);
+// The same for a code that is compared as it stands, without its market.
+void checkCode(EntryRemarks& remarks, std::string_view code, std::string_view otherSeparators);
+
+// A market that is compared as it stands: whether something names it; if not, it has said so.
+bool checkMarket(EntryRemarks& remarks, const MarketNames& names, std::string_view market);
+
+// An entry of several parts that has not exactly one ":" and is passed over. The advice is what to do where it is not
+// clear what was meant.
+void checkColons(EntryRemarks& remarks, std::string_view entry, std::string_view advice);
 
 }  // namespace ttconfig

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "traderbase/base/config/internal/platformswitchtable.h"
+#include "traderbase/base/config/internal/splitting.h"
 #include "ttconfig/text/nearestname.h"
 
 namespace ttconfig {
@@ -101,8 +102,20 @@ KnownNames::KnownNames() : sectionNames(sectionList()) {
     sections[kMainSection];
     for (const SettingKey& row : kSettingKeys) {
         sections[row.section].emplace(row.key, &row);
-        if (row.key != "*") byKey.emplace(row.key, &row);
+        if (row.key == "*") continue;
+        byKey.emplace(row.key, &row);
+        splitDropEmpty(row.feeds, ' ', [&](std::string_view question) {
+            const auto [known, isNew] = byQuestion.emplace(question, row.key);
+            if (!isNew) known->second = {};
+        });
     }
+    for (const PlatformSwitch& row : kPlatformSwitches)
+        byQuestion.emplace(row.predicate, row.key);
+}
+
+std::string_view KnownNames::keyOfQuestion(std::string_view name) const {
+    const auto key = byQuestion.find(name);
+    return key == byQuestion.end() ? std::string_view() : key->second;
 }
 
 const SettingKey* KnownNames::rowOf(std::string_view section, std::string_view key) const {

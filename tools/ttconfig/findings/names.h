@@ -42,6 +42,8 @@ public:
     const ttservice::internal::SettingKey* rowOf(std::string_view section, std::string_view key) const;
     // The row of a key of that name in whatever section.
     const ttservice::internal::SettingKey* rowAnywhere(std::string_view key) const;
+    // The key that a question of that name answers from; empty when there is no such question, or several keys.
+    std::string_view keyOfQuestion(std::string_view name) const;
     bool isSection(std::string_view name) const { return sections.count(name) > 0; }
     // The names to suggest.
     NameIndex& sectionIndex() { return sectionNames; }
@@ -52,6 +54,7 @@ private:
 
     std::unordered_map<std::string_view, Rows> sections;
     Rows byKey;
+    std::unordered_map<std::string_view, std::string_view> byQuestion;
     NameIndex sectionNames;
     std::unordered_map<std::string_view, NameIndex> keyNames;
 };

@@ -9,9 +9,11 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <system_error>
 
 #include "traderbase/base/config/internal/strictnumbers.h"
+#include "ttconfig/findings/advice.h"
 
 namespace ttconfig {
 
@@ -28,19 +30,30 @@ std::string_view withoutSign(std::string_view text) {
     return text;
 }
 
-bool isStrict(std::string_view field, LooseKind kind) {
-    if (kind == LooseKind::Decimal) return strictDouble(field).has_value();
+bool isStrict(std::string_view field, NumberKind kind) {
+    if (kind == NumberKind::Decimal) return strictDouble(field).has_value();
     if (strictInt(field)) return true;
-    if (kind != LooseKind::Long || !isWholeNumber(field)) return false;
+    if (kind != NumberKind::Long || !isWholeNumber(field)) return false;
     long long number = 0;
     if (field.front() == '+') field.remove_prefix(1);
     return std::from_chars(field.data(), field.data() + field.size(), number).ec == std::errc();
 }
 
-std::string readAs(std::string_view field, LooseKind kind) {
-    if (kind == LooseKind::Integer) return fmt::to_string(looseInt(field));
-    if (kind == LooseKind::Long) return fmt::to_string(looseLong(field));
-    return fmt::format("{:g}", looseDouble(field));
+// Digits with a point and an exponent, whatever their size.
+bool isDecimalText(std::string_view field) {
+    field = withoutSign(field);
+    return !field.empty() && (isDigit(field.front()) || field.front() == '.') &&
+           field.find_first_not_of("0123456789.eE+-") == std::string_view::npos;
+}
+
+// What the field reads as, in words.
+std::string readAs(std::string_view field, NumberKind kind) {
+    if (kind == NumberKind::Integer) return fmt::to_string(looseInt(field));
+    if (kind == NumberKind::Long) return fmt::to_string(looseLong(field));
+    const double number = looseDouble(field);
+    if (std::isnan(number)) return "no number at all, which no comparison fits";
+    if (std::isinf(number)) return number < 0 ? "minus infinity" : "infinity";
+    return fmt::format("{:g}", number);
 }
 
 bool beginsNumber(std::string_view field) {
@@ -70,50 +83,74 @@ bool isNumberList(std::string_view text, std::string_view separators) {
     return count >= 2;
 }
 
-bool checkLooseNumber(EntryRemarks& remarks, std::string_view field, LooseKind kind, std::string_view role) {
+std::string writeNumber(std::string_view text, NumberKind kind, std::string_view otherwise) {
+    const std::string meant = numberMeant(text, kind);
+    return meant.empty() ? std::string(otherwise) : "write " + meant;
+}
+
+bool checkLooseNumber(EntryRemarks& remarks, std::string_view field, NumberKind kind, std::string_view role) {
     if (isStrict(field, kind)) return true;
+    if (field.empty()) {
+        remarks.say(RuleId::NumberReadsAsZero, field,
+                    [&] { return fmt::format("there is no number: {} reads as 0; write one", role); });
+        return false;
+    }
     const std::string read = readAs(field, kind);
-    if (kind != LooseKind::Decimal && isWholeNumber(field)) {
+    if (kind == NumberKind::Decimal && isDecimalText(field) && std::isinf(looseDouble(field))) {
+        remarks.wrong(RuleId::NumberOutOfRange, field, [&] {
+            return fmt::format("is larger than any number: {} reads as {}; write a smaller one", role, read);
+        });
+    } else if (kind != NumberKind::Decimal && isWholeNumber(field)) {
         remarks.wrong(RuleId::NumberOutOfRange, field, [&] {
             return fmt::format("does not fit the {} bits of {}, which reads as {}; write a smaller number",
-                               kind == LooseKind::Long ? 64 : 32, role, read);
+                               kind == NumberKind::Long ? 64 : 32, role, read);
         });
     } else if (beginsNumber(field) || read != "0") {
+        const bool isWhole = kind != NumberKind::Decimal;
+        const std::string_view otherwise = isWhole               ? "write a whole number"
+                                           : beginsNumber(field) ? "write the number alone"
+                                                                 : "write a number";
         remarks.wrong(RuleId::NumberPartlyRead, field, [&] {
-            return fmt::format("is no number as a whole: {} reads as {}; write the number alone", role, read);
+            return fmt::format("is no plain {}number: {} reads as {}; {}", isWhole ? "whole " : "", role, read,
+                               writeNumber(field, kind, otherwise));
         });
     } else {
-        remarks.wrong(RuleId::NumberReadsAsZero, field,
-                      [&] { return fmt::format("is no number: {} reads as 0; write a number", role); });
+        remarks.wrong(RuleId::NumberReadsAsZero, field, [&] {
+            return fmt::format("is no number: {} reads as 0; {}", role, writeNumber(field, kind, "write a number"));
+        });
     }
     return false;
 }
 
-bool checkPlatformId(EntryRemarks& remarks, std::string_view piece, std::string_view consequence) {
+bool checkPlatformId(EntryRemarks& remarks, std::string_view piece, std::string_view becomes, std::string_view advice) {
     if (strictInt(piece)) return true;
     if (isWholeNumber(piece)) {
         remarks.wrong(RuleId::PlatformIdOutOfRange, piece,
-                      [&] { return fmt::format("does not fit 32 bits, and {}", consequence); });
+                      [&] { return fmt::format("does not fit 32 bits, and {}; {}", becomes, advice); });
     } else {
-        remarks.wrong(RuleId::BadPlatformId, piece,
-                      [&] { return fmt::format("is no platform ID, and {}", consequence); });
+        remarks.wrong(RuleId::BadPlatformId, piece, [&] {
+            const std::string meant = wholeNumberIn(piece);
+            return fmt::format("is no platform ID, and {}; {}", becomes, meant.empty() ? advice : "write " + meant);
+        });
     }
     return false;
 }
 
 void checkLooseFlag(EntryRemarks& remarks, std::string_view field, std::string_view role) {
     const auto number = strictInt(field);
-    if (!number) {
-        checkLooseNumber(remarks, field, LooseKind::Integer, role);
-    } else if (*number != 0 && *number != 1) {
-        remarks.wrong(RuleId::FlagNotZeroOrOne, field,
-                      [&] { return fmt::format("counts as no for {}; write 0 or 1", role); });
+    if (number && (*number == 0 || *number == 1)) return;
+    if (number) {
+        return remarks.wrong(RuleId::FlagNotZeroOrOne, field,
+                             [&] { return fmt::format("counts as no for {}; write 0 or 1", role); });
     }
-}
-
-void checkLeast(EntryRemarks& remarks, std::string_view field, double least, std::string_view consequence) {
-    const auto number = strictDouble(field);
-    if (number && *number < least) remarks.wrong(RuleId::ValueOutOfRange, field, consequence);
+    if (beginsNumber(field) || field.empty()) {
+        checkLooseNumber(remarks, field, NumberKind::Integer, role);
+        return;
+    }
+    remarks.wrong(RuleId::NumberReadsAsZero, field, [&] {
+        const std::string_view meant = flagMeant(field);
+        return fmt::format("is no number: {} reads as 0; write {}", role, meant.empty() ? "0 or 1" : meant);
+    });
 }
 
 }  // namespace ttconfig

@@ -3,25 +3,25 @@
 #include <string>
 #include <string_view>
 
+#include "ttconfig/findings/advice.h"
 #include "ttconfig/findings/remarks.h"
 
 namespace ttconfig {
 
 // Numbers in pieces of a value. Each answers whether the piece is a number as a whole; if not, it has said so.
 
-enum class LooseKind { Integer, Long, Decimal };
-
 // A field that is read as the C library reads numbers. role names what it is, such as "the limit".
-bool checkLooseNumber(EntryRemarks& remarks, std::string_view field, LooseKind kind, std::string_view role);
+bool checkLooseNumber(EntryRemarks& remarks, std::string_view field, NumberKind kind, std::string_view role);
 
-// A platform ID that has to be one as a whole; the consequence tells what becomes of the piece when it is not.
-bool checkPlatformId(EntryRemarks& remarks, std::string_view piece, std::string_view consequence);
+// A platform ID that has to be one as a whole. When it is not, it tells what becomes of the piece, and what to write:
+// the ID that is meant, where that is clear, or the advice.
+bool checkPlatformId(EntryRemarks& remarks, std::string_view piece, std::string_view becomes, std::string_view advice);
+
+// "write 12" for the number that a text means; otherwise what else to do.
+std::string writeNumber(std::string_view text, NumberKind kind, std::string_view otherwise);
 
 // A flag that a row holds: 1 is yes, every other number no.
 void checkLooseFlag(EntryRemarks& remarks, std::string_view field, std::string_view role);
-
-// A field that is a number: whether it is below what can be meant.
-void checkLeast(EntryRemarks& remarks, std::string_view field, double least, std::string_view consequence);
 
 // A sign and digits, of whatever length.
 bool isWholeNumber(std::string_view text);

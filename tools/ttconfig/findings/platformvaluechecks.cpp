@@ -5,11 +5,13 @@
 
 #include <fmt/format.h>
 
+#include <type_traits>
 #include <unordered_map>
 
 #include "traderbase/base/config/internal/perplatformlist.h"
 #include "ttconfig/findings/numberchecks.h"
 #include "ttconfig/findings/valuechecks.h"
+#include "ttconfig/findings/valueranges.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -28,7 +30,7 @@ template <typename Value>
 class PlatformValueCheck {
 public:
     PlatformValueCheck(EntryRemarks& target, const SettingKey& key)
-        : remarks(target), row(key), builtIn(valueWhenMissing<Value>(key)) {}
+        : remarks(target), row(key), range(rangeOf(key)), builtIn(valueWhenMissing<Value>(key)) {}
 
     void add(std::string_view text) {
         const auto item = perPlatformItem<Value>(text);
@@ -36,14 +38,12 @@ public:
             case PerPlatformItemKind::Entry:
                 return addEntry(item);
             case PerPlatformItemKind::Default:
-                checkRange(text, item.value);
+                checkValueRange(remarks, range, text);
                 return addDefault(item.text, item.value, true);
             case PerPlatformItemKind::BuiltInDefault:
                 return addDefault(item.text, builtIn, false);
             case PerPlatformItemKind::BadPlatform:
-                checkPlatformId(remarks, text.substr(0, text.find(':')),
-                                "the item is passed over; write a whole number");
-                return;
+                return sayBadPlatform(text);
             case PerPlatformItemKind::BadValue:
                 return sayBadValue(text);
         }
@@ -69,18 +69,7 @@ private:
                         known->second);
             known->second = place;
         }
-        checkRange(item.text.substr(item.text.find(':') + 1), item.value);
-    }
-
-    void checkRange(std::string_view text, Value value) {
-        if (isRow(row, keys::counterMaxCompacts) && value < Value(1)) {
-            remarks.say(RuleId::ValueOutOfRange, text, [&] {
-                return fmt::format("{} is no number of answers, but counts; write 1 or more", shown(value));
-            });
-        } else if (isRow(row, keys::specialEnableVolRate) && value < Value(0)) {
-            remarks.say(RuleId::ValueOutOfRange, text,
-                        [&] { return fmt::format("{} is no rate, but counts; write 0 or more", shown(value)); });
-        }
+        checkValueRange(remarks, range, item.text.substr(item.text.find(':') + 1));
     }
 
     void addDefault(std::string_view text, Value value, bool isWritten) {
@@ -88,9 +77,10 @@ private:
             remarks.say(
                 RuleId::DefaultOverwritten, writtenText,
                 [&] {
-                    return fmt::format("the default {} does not count: {} at {} sets it to {}", shown(written),
+                    // Several defaults and no platform are likely a list of platforms.
+                    return fmt::format("the default {} does not count: {} at {} sets it to {}{}", shown(written),
                                        isWritten ? "the later item" : "the empty item", named(remarks.placeOf(text)),
-                                       shown(value));
+                                       shown(value), seen.empty() ? "; an item for a platform is platform:value" : "");
                 },
                 remarks.placeOf(text));
         }
@@ -100,35 +90,97 @@ private:
         writtenText = text;
     }
 
+    void sayBadPlatform(std::string_view text) {
+        const std::size_t colon = text.find(':');
+        const std::string_view platform = text.substr(0, colon);
+        const std::string_view value = text.substr(colon + 1);
+        if (platform.empty()) {
+            remarks.say(RuleId::BadPlatformId, text,
+                        "there is no platform in front of the \":\", and the item is passed over; write one");
+        } else if (isNumberList(platform, kOtherSigns)) {
+            remarks.wrong(RuleId::WrongSeparator, platform, [&] {
+                std::string items;
+                for (const char c : platform) {
+                    items +=
+                        kOtherSigns.find(c) == std::string_view::npos ? std::string(1, c) : fmt::format(":{};", value);
+                }
+                items += fmt::format(":{}", value);
+                return "is no platform ID, and the item is passed over" + orWrite(items, "write an item for each");
+            });
+        } else if (UpperCaseEqual()(platform, "default") || UpperCaseEqual()(platform, "all") || platform == "*") {
+            remarks.wrong(RuleId::BadPlatformId, platform,
+                          "is no platform ID, and the item is passed over; the value of all other platforms stands "
+                          "alone, without a \":\"");
+        } else {
+            checkPlatformId(remarks, platform, kDropped, "write a whole number");
+        }
+    }
+
     void sayBadValue(std::string_view text) {
         const std::size_t colon = text.find(':');
         const bool isEntry = colon != std::string_view::npos;
         const std::string_view value = isEntry ? text.substr(colon + 1) : text;
         hasDefault = hasDefault || !isEntry;  // meant as one, so that the lack of one is not told as well
-        constexpr std::string_view kDropped = "the item is passed over";
-        if (value.find_first_of(",:") != std::string_view::npos) {
+        if (isEntry && value.empty()) {
+            remarks.say(RuleId::BadPlatformValue, text,
+                        "there is no value behind the \":\", and the item is passed over; write one");
+        } else if (const std::string items = withSigns(inAscii(text), kOtherSigns, ';');
+                   items != text && areItems(items) && numberMeant(value, kKind).empty()) {
             remarks.wrong(RuleId::WrongSeparator, text, [&] {
+                return fmt::format("is one item and says nothing: {}{}", kDropped,
+                                   orWrite(items, "items are separated by \";\""));
+            });
+        } else if (value.find(':') != std::string_view::npos) {
+            remarks.wrong(RuleId::TooManyColons, text, [&] {
                 return fmt::format(
-                    "is one item and says nothing: {}; items are "
-                    "separated by \";\"",
+                    "has more than one \":\", and {}; an item is platform:value, the next one stands "
+                    "behind a \";\"",
                     kDropped);
             });
         } else if (row.grammar == ValueGrammar::PerPlatformInteger && isWholeNumber(value)) {
             remarks.wrong(RuleId::NumberOutOfRange, value,
-                          [&] { return fmt::format("does not fit 32 bits: {}", kDropped); });
+                          [&] { return fmt::format("does not fit 32 bits: {}; write a smaller number", kDropped); });
         } else {
-            remarks.wrong(
-                RuleId::BadPlatformValue, value,
-                fmt::format("is no value of this key: {}; write {}", kDropped, isFlag() ? "0 or 1" : "a number"));
+            remarks.wrong(RuleId::BadPlatformValue, value, [&] {
+                return fmt::format("is no value of this key: {}; {}", kDropped, advice(value, isEntry));
+            });
         }
+    }
+
+    // Whether every one of them can be read.
+    static bool areItems(std::string_view items) {
+        bool areGood = true;
+        splitKeepEmpty(items, ';', [&areGood](std::string_view item) {
+            const PerPlatformItemKind kind = perPlatformItem<Value>(item).kind;
+            areGood = areGood && (kind == PerPlatformItemKind::Entry || kind == PerPlatformItemKind::Default);
+        });
+        return areGood && items.find(':') != std::string_view::npos;
+    }
+
+    // What to write instead of a value that is none.
+    std::string advice(std::string_view value, bool isEntry) const {
+        if (const std::string item = withSigns(value, "=", ':'); item != value && areItems(item)) {
+            return "write " + item;
+        }
+        const std::string_view flag = isFlag() ? flagMeant(value) : std::string_view();
+        if (!flag.empty()) return fmt::format("write {}", flag);
+        if (isFlag() && !isEntry && strictInt(value)) {
+            return fmt::format("write 0 or 1, or {}:1 for platform {}", value, value);
+        }
+        return isFlag() ? "write 0 or 1" : writeNumber(value, kKind, "write a number");
     }
 
     bool isFlag() const {
         return row.grammar == ValueGrammar::PerPlatformFlag || row.grammar == ValueGrammar::PerPlatformFlagKeepEmpty;
     }
 
+    static constexpr std::string_view kOtherSigns = ",|/ ";
+    static constexpr std::string_view kDropped = "the item is passed over";
+    static constexpr NumberKind kKind = std::is_same_v<Value, double> ? NumberKind::Decimal : NumberKind::Integer;
+
     EntryRemarks& remarks;
     const SettingKey& row;
+    const ValueRange* range;
     const Value builtIn;
     std::unordered_map<int, Place> seen;
     bool hasDefault = false;

@@ -5,9 +5,13 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <unordered_map>
+#include <vector>
 
 #include "traderbase/base/config/internal/catalogueentries.h"
+#include "traderbase/base/config/internal/limitrows.h"
+#include "ttconfig/findings/advice.h"
 #include "ttconfig/findings/listchecks.h"
 #include "ttconfig/findings/numberchecks.h"
 #include "ttconfig/findings/valuechecks.h"
@@ -20,6 +24,15 @@ namespace {
 
 using namespace ttservice::internal;
 
+// --- the tag
+
+// The value with the ":" behind the platform's number; empty where there is no such number.
+std::string tagMeant(std::string_view value) {
+    const std::size_t sign = value.find_first_of(",;=/ ");
+    if (sign == std::string_view::npos || !isWholeNumber(value.substr(0, sign))) return {};
+    return std::string(value.substr(0, sign)) + ':' + withSigns(value.substr(sign + 1), ";/ ", ',');
+}
+
 // --- groups
 
 class GroupCheck {
@@ -28,6 +41,7 @@ public:
 
     void check(std::string_view group) {
         const std::uint32_t number = context.groups++;
+        const std::size_t size = fieldCount(group);
         std::string_view first;
         bool isFirst = true;
         splitKeepEmpty(group, ',', [&](std::string_view product) {
@@ -36,6 +50,26 @@ public:
             if (!product.empty()) enter(product, number, first, isFirst);
             isFirst = false;
         });
+        ++groups;
+        if (size == 1 && !group.empty() && group.find_first_of("|/:") == std::string_view::npos) alone.push_back(group);
+    }
+
+    // A product alone goes by itself, in a group or not.
+    void end() {
+        if (alone.size() == groups && groups > 1) {
+            return remarks.say(RuleId::GroupOfOne, remarks.value(), [&] {
+                return "groups of one product change nothing" +
+                       orWrite(withSigns(remarks.value(), ";", ','), "products of a group are separated by \",\"");
+            });
+        }
+        for (const std::string_view product : alone) {
+            remarks.say(RuleId::GroupOfOne, product, [&] {
+                return fmt::format(
+                    "the group of {} alone changes nothing; write its other products behind it, with "
+                    "\",\" between them, or take it out",
+                    shownText(product));
+            });
+        }
     }
 
 private:
@@ -68,6 +102,8 @@ private:
 
     EntryRemarks& remarks;
     SettingsContext& context;
+    std::size_t groups = 0;
+    std::vector<std::string_view> alone;
 };
 
 // --- funds
@@ -76,7 +112,14 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-void checkFund(EntryRemarks& remarks, std::string_view fund, bool isAlone) {
+// The fund with its market in front and nothing between them, where both are in the text.
+std::string fundMeant(std::string_view fund) {
+    std::string meant = limitItemMeant(withSigns(fund, "-", '.'));
+    meant.erase(std::remove(meant.begin(), meant.end(), '-'), meant.end());
+    return meant;
+}
+
+void checkFund(EntryRemarks& remarks, const MarketNames& markets, std::string_view fund, bool isAlone) {
     if (isSameUpper(fund, "ALL")) {
         if (isAlone && fund == "ALL") return;
         remarks.wrong(RuleId::AllBesideFunds, fund,
@@ -85,59 +128,44 @@ void checkFund(EntryRemarks& remarks, std::string_view fund, bool isAlone) {
     } else if (fund.empty() || fund.find_first_of(";|") != std::string_view::npos) {
         checkName(remarks, fund, ";|", ",");
     } else if (isDigit(fund.front())) {
-        remarks.wrong(RuleId::FundForm, fund, "has no market, so that it is no fund; write the market in front");
-    } else if (fund.find_first_of("-:./_") != std::string_view::npos) {
-        remarks.wrong(RuleId::FundForm, fund,
-                      "is no fund: market and code have nothing between them; take the sign out");
+        remarks.wrong(RuleId::FundForm, fund, [&] {
+            return "has no market in front, so that it is no fund" + orWrite(fundMeant(fund), "write the market there");
+        });
+    } else if (fund.find_first_of("-:./_ ") != std::string_view::npos) {
+        remarks.wrong(RuleId::FundForm, fund, [&] {
+            return "is no fund: market and code have nothing between them" +
+                   orWrite(fundMeant(fund), "take the sign out");
+        });
     } else {
         remarks.text(fund);
+        const auto digit = std::find_if(fund.begin(), fund.end(), isDigit) - fund.begin();
+        checkMarket(remarks, markets, fund.substr(0, static_cast<std::size_t>(digit)));
     }
 }
 
-}  // namespace
-
-void checkTag(EntryRemarks& remarks) {
-    remarks.lookForComment(Semicolons::Comment);
-    if (remarks.value().empty()) return;
-    const TagEntry entry = tagEntry(remarks.value());
-    if (entry.outcome == EntryOutcome::KeptFormer) {
-        return remarks.wrong(RuleId::EntryWithoutColon, entry.text,
-                             "has no \":\", so that tag and times stay as they were; write tag:time,time");
+// The platform that a key is.
+void checkPlatformKey(EntryRemarks& remarks, std::string_view key) {
+    if (!isNumberList(key, ",;|/ ")) {
+        checkLooseNumber(remarks, key, NumberKind::Integer, "the platform ID");
+        return;
     }
-    const auto platform = strictInt(entry.tag);
-    if (!platform || std::to_string(*platform) != entry.tag) {
-        remarks.wrong(RuleId::TagWithoutPlatform, entry.tag,
-                      "is not how a platform's number is written, so that no platform has the tag");
-    }
-    SeenNames seen;
-    splitKeepEmpty(entry.times, ',', [&](std::string_view time) {
-        checkName(remarks, time, ";|", ",");
-        seen.check(remarks, time);
+    remarks.wrong(RuleId::WrongSeparator, key, [&] {
+        return fmt::format("is not several platforms: the platform ID reads as {}; write a line for each",
+                           looseInt(key));
     });
-    const auto used = static_cast<std::size_t>(entry.times.data() - entry.text.data()) + entry.times.size();
-    if (used == entry.text.size()) return;
-    remarks.wrong(RuleId::TooManyColons, entry.text.substr(used),
-                  "is ignored: there is one \":\", behind the tag; write the times without");
 }
 
-void checkProductGroups(EntryRemarks& remarks, SettingsContext& context) {
-    remarks.lookForComment(Semicolons::Separate);
-    remarks.text(remarks.entry().key);
-    GroupCheck groups(remarks, context);
-    splitKeepEmpty(remarks.value(), ';', [&groups](std::string_view group) { groups.check(group); });
-}
+// --- fixed prices
 
-void checkMarketCodes(EntryRemarks& remarks) {
-    remarks.lookForComment(Semicolons::Separate);
-    if (remarks.value().empty()) return;
-    std::unordered_map<std::string_view, Place> markets;
-    forEachEntry(remarks.value(), marketCodesEntry, [&](const MarketCodesEntry& entry) {
+// Entries market:code,code.
+class MarketCodesCheck {
+public:
+    MarketCodesCheck(EntryRemarks& target, const MarketNames& marketNames) : remarks(target), names(marketNames) {}
+
+    void check(const MarketCodesEntry& entry) {
         if (entry.text.empty()) return checkName(remarks, entry.text, {}, ";");
-        if (entry.outcome == EntryOutcome::MarketIsCodes) {
-            return remarks.wrong(RuleId::EntryWithoutColon, entry.text,
-                                 "has no \":\" and is taken for the market and for its codes; write market:code,code");
-        }
-        checkName(remarks, entry.market, ",|", ";");
+        if (entry.outcome == EntryOutcome::MarketIsCodes) return sayMarketIsCodes(entry.text);
+        checkMarketOf(entry);
         const auto [known, isNew] = markets.emplace(entry.market, remarks.placeOf(entry.market));
         if (!isNew) {
             remarks.say(RuleId::RepeatedItem, entry.market,
@@ -150,16 +178,89 @@ void checkMarketCodes(EntryRemarks& remarks) {
             if (code.find(':') != std::string_view::npos) {
                 return remarks.wrong(RuleId::TooManyColons, code, "is one code; markets are separated by \";\"");
             }
-            checkName(remarks, code, "|/", ",");
+            checkName(remarks, code, "|/ ", ",");
             seen.check(remarks, code);
         });
+    }
+
+private:
+    void sayMarketIsCodes(std::string_view text) {
+        remarks.wrong(RuleId::EntryWithoutColon, text, [&] {
+            const bool isCode = !markets.empty() && isDigit(text.front());
+            const std::string meant = withSigns(limitItemMeant(withSigns(text, "-", '.')), "-", ':');
+            return "has no \":\" and is taken for the market and for its codes" +
+                   orWrite(meant, isCode ? "codes are separated by \",\"" : "write market:code,code");
+        });
+    }
+
+    void checkMarketOf(const MarketCodesEntry& entry) {
+        if (entry.market.find_first_of(",|") != std::string_view::npos || entry.market.empty()) {
+            return checkName(remarks, entry.market, ",|", ";");
+        }
+        if (isNamedMarket(entry.codes) && isDigit(entry.market.front())) {
+            return remarks.say(RuleId::UnknownMarket, entry.market, [&] {
+                return "the market stands in front of the code" +
+                       orWrite(fmt::format("{}:{}", entry.codes, entry.market), "write it there");
+            });
+        }
+        remarks.text(entry.market);
+        checkMarket(remarks, names, entry.market);
+    }
+
+    EntryRemarks& remarks;
+    const MarketNames& names;
+    std::unordered_map<std::string_view, Place> markets;
+};
+
+}  // namespace
+
+void checkTag(EntryRemarks& remarks) {
+    remarks.lookForComment(Semicolons::Comment);
+    if (remarks.value().empty()) return;
+    const TagEntry entry = tagEntry(remarks.value());
+    if (entry.outcome == EntryOutcome::KeptFormer) {
+        return remarks.wrong(RuleId::EntryWithoutColon, entry.text, [&] {
+            return "has no \":\", so that tag and times stay as they were" +
+                   orWrite(tagMeant(entry.text), "write tag:time,time");
+        });
+    }
+    const auto platform = strictInt(entry.tag);
+    if (!platform || std::to_string(*platform) != entry.tag) {
+        remarks.wrong(RuleId::TagWithoutPlatform, entry.tag, [&] {
+            return fmt::format("is not how a platform's number is written, so that no platform has the tag; {}",
+                               writeNumber(entry.tag, NumberKind::Integer, "write the number of one platform"));
+        });
+    }
+    SeenNames seen;
+    splitKeepEmpty(entry.times, ',', [&](std::string_view time) {
+        checkName(remarks, time, ";|", ",");
+        seen.check(remarks, time);
     });
+    const auto used = static_cast<std::size_t>(entry.times.data() - entry.text.data()) + entry.times.size();
+    if (used == entry.text.size()) return;
+    remarks.wrong(RuleId::TooManyColons, entry.text.substr(used),
+                  "is ignored: there is one \":\", behind the tag; write the times without it");
+}
+
+void checkProductGroups(EntryRemarks& remarks, SettingsContext& context) {
+    remarks.lookForComment(Semicolons::Separate);
+    remarks.text(remarks.entry().key);
+    GroupCheck groups(remarks, context);
+    splitKeepEmpty(remarks.value(), ';', [&groups](std::string_view group) { groups.check(group); });
+    groups.end();
+}
+
+void checkMarketCodes(EntryRemarks& remarks, SettingsContext& context) {
+    remarks.lookForComment(Semicolons::Separate);
+    if (remarks.value().empty()) return;
+    MarketCodesCheck checks(remarks, context.markets);
+    forEachEntry(remarks.value(), marketCodesEntry, [&checks](const MarketCodesEntry& entry) { checks.check(entry); });
 }
 
 void checkFunds(EntryRemarks& remarks, SettingsContext& context) {
     remarks.lookForComment(Semicolons::CommentBeforeWords);
     const std::string_view key = remarks.entry().key;
-    checkLooseNumber(remarks, key, LooseKind::Integer, "the platform ID");
+    checkPlatformKey(remarks, key);
     const standin::SettingsEntry* counts = context.fundsOf(looseInt(key));
     if (counts != nullptr && counts != &remarks.entry()) {
         remarks.say(
@@ -174,7 +275,7 @@ void checkFunds(EntryRemarks& remarks, SettingsContext& context) {
     const bool isAlone = remarks.value().find(',') == std::string_view::npos;
     SeenNames seen;
     splitKeepEmpty(remarks.value(), ',', [&](std::string_view fund) {
-        checkFund(remarks, fund, isAlone);
+        checkFund(remarks, context.markets, fund, isAlone);
         seen.check(remarks, fund);
     });
 }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 
+#include "ttconfig/findings/advice.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -94,7 +95,11 @@ void EntryRemarks::text(std::string_view piece, FullWidth fullWidth) {
     if (isInValue ? plainValue : plainKey) return;
     const bool isOdd = reachesComment(piece) || causeIn(piece, fullWidth).has_value();
     // A piece with a cause never comes to the rule that is named here.
-    if (isOdd) wrong(RuleId::InvisibleCharacter, piece, "is taken as it stands; write it without");
+    if (!isOdd) return;
+    wrong(RuleId::InvisibleCharacter, piece, [&] {
+        const std::string ascii = inAscii(piece);
+        return "is taken as it stands" + orWrite(ascii != piece && isPlain(ascii) ? ascii : "", "write it without");
+    });
 }
 
 bool EntryRemarks::isQuoted() {

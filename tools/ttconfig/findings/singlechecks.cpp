@@ -1,13 +1,15 @@
 // Single value checks: answers what is wrong with a value for the whole client, a fee or a ratio.
 // Doors: checkSingleValue(), checkDecimalRow().
-// Owns: the least value that makes sense, key by key.
+// Owns: nothing.
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>
 #include <standin/numbertext.h>
 
+#include "ttconfig/findings/listchecks.h"
 #include "ttconfig/findings/numberchecks.h"
 #include "ttconfig/findings/valuechecks.h"
+#include "ttconfig/findings/valueranges.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -20,36 +22,33 @@ void checkText(EntryRemarks& remarks) {
     remarks.text(remarks.value(), FullWidth::Fine);
 }
 
-void checkBadNumber(EntryRemarks& remarks, std::string_view whenMissing) {
+void checkBadNumber(EntryRemarks& remarks, const SettingKey& row) {
     const std::string_view value = remarks.value();
-    const std::string counts = fmt::format("so the default {} counts", whenMissing);
+    const std::string counts = fmt::format("so the default {} counts", row.whenMissing);
+    const std::string meant = wholeNumberIn(value);
     if (value.empty()) {
         remarks.say(RuleId::NotANumber, value, [&] { return fmt::format("there is no value, {}; write one", counts); });
     } else if (isWholeNumber(value)) {
         remarks.wrong(RuleId::NumberOutOfRange, value,
                       [&] { return fmt::format("does not fit 32 bits, {}; write a smaller one", counts); });
-    } else if (isNumberList(value, ",;:")) {
+    } else if (meant.empty() && isNumberList(value, ",;:")) {
         remarks.wrong(RuleId::ValueAsList, value, [&] {
             return fmt::format("is a list where one value for all belongs, {}; write one number", counts);
         });
     } else {
-        remarks.wrong(RuleId::NotANumber, value,
-                      [&] { return fmt::format("is no whole number, {}; write a number", counts); });
+        const std::string_view flag = row.grammar == ValueGrammar::Flag ? flagMeant(value) : std::string_view();
+        remarks.wrong(RuleId::NotANumber, value, [&] {
+            if (!flag.empty()) return fmt::format("is no number, {}; write {}", counts, flag);
+            if (meant.empty()) return fmt::format("is no whole number, {}; write one", counts);
+            return fmt::format("is no plain whole number, {}; write {}", counts, meant);
+        });
     }
 }
 
-void checkRange(EntryRemarks& remarks, const SettingKey& row, int value) {
-    if (row.grammar == ValueGrammar::Flag) {
-        if (value == 0 || value == 1) return;
-        remarks.say(RuleId::FlagNotZeroOrOne, remarks.value(),
-                    [&] { return fmt::format("{} is off, as is every number but 1; write 0 or 1", value); });
-    } else if (isRow(row, keys::flowHistoryDays) && value < -1) {
-        remarks.say(RuleId::ValueOutOfRange, remarks.value(),
-                    [&] { return fmt::format("{} is no number of days, but counts; write -1 or more", value); });
-    } else if (isRow(row, keys::refLimit) && value < 0) {
-        remarks.say(RuleId::ValueOutOfRange, remarks.value(),
-                    [&] { return fmt::format("{} is no limit of references, but counts; write 0 or more", value); });
-    }
+void checkFlag(EntryRemarks& remarks, int value) {
+    if (value == 0 || value == 1) return;
+    remarks.say(RuleId::FlagNotZeroOrOne, remarks.value(),
+                [&] { return fmt::format("{} is off, as is every number but 1; write 0 or 1", value); });
 }
 
 // Of two keys that are one in upper case, the earlier has what the upper-case form answers.
@@ -79,29 +78,35 @@ void checkSingleValue(EntryRemarks& remarks, const SettingKey& row) {
     remarks.lookForComment(Semicolons::Comment);
     if (row.grammar == ValueGrammar::Text) return checkText(remarks);
     const auto number = strictInt(remarks.value());
-    if (number) {
-        checkRange(remarks, row, *number);
-    } else {
-        checkBadNumber(remarks, row.whenMissing);
-    }
+    if (!number) return checkBadNumber(remarks, row);
+    if (row.grammar == ValueGrammar::Flag) return checkFlag(remarks, *number);
+    checkValueRange(remarks, rangeOf(row), remarks.value());
 }
 
 void checkDecimalRow(EntryRemarks& remarks, SettingsContext& context, const SettingKey& row) {
     remarks.lookForComment(Semicolons::Comment);
     const bool isFee = isRow(row, keys::subscriptionFees);
-    remarks.text(remarks.entry().key);
+    const std::string_view key = remarks.entry().key;
+    if (key.find_first_of(",;|") == std::string_view::npos) {
+        checkCode(remarks, key, {});
+    } else {
+        remarks.wrong(RuleId::WrongSeparator, key, "is one code; write a line for each code");
+    }
     checkCollision(remarks, isFee ? context.fees : context.bonds);
     double number = 0.0;
     const std::string_view value = remarks.value();
     const std::string_view counts = isFee ? "0" : row.whenMissing;
     if (standin::readDecimal(value, number)) {
-        checkLeast(remarks, value, 0.0, "is negative, but counts; write 0 or more");
+        checkValueRange(remarks, rangeOf(row), value);
     } else if (value.empty()) {
         remarks.say(RuleId::NotANumber, value,
                     [&] { return fmt::format("there is no value, so {} counts; write one", counts); });
     } else {
-        remarks.wrong(RuleId::NotANumber, value,
-                      [&] { return fmt::format("is no number, so {} counts; write a number", counts); });
+        remarks.wrong(RuleId::NotANumber, value, [&] {
+            const std::string meant = numberMeant(value, NumberKind::Decimal);
+            if (meant.empty()) return fmt::format("is no number, so {} counts; write one", counts);
+            return fmt::format("is no plain number, so {} counts; write {}", counts, meant);
+        });
     }
 }
 

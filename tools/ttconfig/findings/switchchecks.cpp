@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <initializer_list>
 #include <unordered_map>
 
 #include "traderbase/base/config/internal/platformlist.h"
@@ -20,18 +21,22 @@ namespace {
 
 using namespace ttservice::internal;
 
-constexpr std::string_view kPassedOver = "is passed over; write whole numbers with \",\" between them";
-
-bool isYesOrNo(std::string_view value) {
-    constexpr std::string_view kWords[] = {"true", "false", "yes", "no", "on", "off"};
-    return std::any_of(std::begin(kWords), std::end(kWords),
+bool isOneOfWords(std::string_view value, std::initializer_list<std::string_view> words) {
+    return std::any_of(words.begin(), words.end(),
                        [value](std::string_view word) { return isSameUpper(word, value); });
+}
+
+// "12-15", as ranges are written elsewhere.
+bool isRange(std::string_view piece) {
+    const std::size_t sign = piece.find_first_of("-~", 1);
+    return sign != std::string_view::npos && isWholeNumber(piece.substr(0, sign)) &&
+           isWholeNumber(piece.substr(std::min(piece.find_first_not_of("-~", sign), piece.size())));
 }
 
 // A value of one piece that reads like the answer to a yes/no question; says so.
 bool isFlagLike(EntryRemarks& remarks, SettingsContext& context) {
     const std::string_view value = remarks.value();
-    if (isYesOrNo(value)) {
+    if (!flagMeant(value).empty()) {
         remarks.say(RuleId::SwitchAsFlag, value, [&] {
             return fmt::format("{} is no list of platforms, so the switch lists nobody; list the platforms",
                                shownText(value));
@@ -49,14 +54,27 @@ bool isFlagLike(EntryRemarks& remarks, SettingsContext& context) {
 }
 
 void checkBadPiece(EntryRemarks& remarks, std::string_view piece) {
+    constexpr std::string_view kOtherSigns = ",;|/.\t ";
+    const std::string ascii = inAscii(piece);
     if (piece.find(':') != std::string_view::npos) {
         remarks.wrong(RuleId::SwitchWithValues, piece,
                       "has values, which a switch does not take, and is passed over; list the platforms alone");
-    } else if (isNumberList(piece, ";|/.\t ")) {
-        remarks.wrong(RuleId::WrongSeparator, piece,
-                      "is one piece and no platform ID, and is passed over; platforms are separated by \",\"");
+    } else if (isNumberList(ascii, kOtherSigns)) {
+        remarks.wrong(RuleId::WrongSeparator, piece, [&] {
+            return "is one piece and no platform ID, and is passed over" +
+                   orWrite(withSigns(ascii, kOtherSigns, ','), "separate platforms by \",\"");
+        });
+    } else if (isRange(piece)) {
+        remarks.wrong(RuleId::BadPlatformId, piece,
+                      "is no platform ID, and is passed over: there are no ranges; list each platform");
+    } else if (isOneOfWords(piece, {"all", "any", "*", "default", "others"})) {
+        remarks.wrong(RuleId::BadPlatformId, piece,
+                      "is no platform ID, and is passed over: nothing stands for all platforms; list each of them");
+    } else if (isOneOfWords(piece, {"none", "null", "nil", "nobody", "-"})) {
+        remarks.wrong(RuleId::BadPlatformId, piece,
+                      "is no platform ID, and is passed over; leave the value empty for nobody");
     } else {
-        checkPlatformId(remarks, piece, kPassedOver);
+        checkPlatformId(remarks, piece, "is passed over", "write whole numbers with \",\" between them");
     }
 }
 

@@ -22,10 +22,10 @@ void checkPlatformValues(EntryRemarks& remarks, const ttservice::internal::Setti
 
 // Rows of the limit sections, and of the fixed-income platform.
 void checkLimitRow(EntryRemarks& remarks, SettingsContext& context, const ttservice::internal::SettingKey& row);
-void checkFixedIncome(EntryRemarks& remarks);
+void checkFixedIncome(EntryRemarks& remarks, const ttservice::internal::SettingKey& row);
 
 // The two lists of the credit section.
-void checkConcentration(EntryRemarks& remarks);
+void checkConcentration(EntryRemarks& remarks, const ttservice::internal::SettingKey& row);
 void checkCollateralSale(EntryRemarks& remarks);
 
 // Algorithm products and types.
@@ -38,7 +38,7 @@ void checkTexts(EntryRemarks& remarks, char separator);
 // Futures, ETFs and funds.
 void checkTag(EntryRemarks& remarks);
 void checkProductGroups(EntryRemarks& remarks, SettingsContext& context);
-void checkMarketCodes(EntryRemarks& remarks);
+void checkMarketCodes(EntryRemarks& remarks, SettingsContext& context);
 void checkFunds(EntryRemarks& remarks, SettingsContext& context);
 
 }  // namespace ttconfig

@@ -43,9 +43,14 @@ std::size_t distance(std::string_view from, std::string_view to) {
 }  // namespace
 
 std::string_view nearestName(std::string_view misspelt, const std::vector<std::string_view>& names) {
-    if (misspelt.size() > kLongestMisspelling) return {};
     // A third of the letters may be wrong; beyond that a suggestion would only be odd.
-    std::size_t best = misspelt.size() / 3 + 2;
+    return nearestName(misspelt, names, misspelt.size() / 3 + 1);
+}
+
+std::string_view nearestName(std::string_view misspelt, const std::vector<std::string_view>& names,
+                             std::size_t mostSlips) {
+    if (misspelt.size() > kLongestMisspelling) return {};
+    std::size_t best = mostSlips + 1;
     std::string_view nearest;
     for (const std::string_view name : names) {
         const std::size_t found = distance(misspelt, name);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,6 +9,10 @@ namespace ttconfig {
 
 // The name that a misspelt one was most likely meant to be, letter case aside; empty when none is near.
 std::string_view nearestName(std::string_view misspelt, const std::vector<std::string_view>& names);
+
+// The same with at most so many slips: letters put in, left out, replaced or swapped with their neighbour.
+std::string_view nearestName(std::string_view misspelt, const std::vector<std::string_view>& names,
+                             std::size_t mostSlips);
 
 // "; did you mean NAME?", or nothing when no name is near.
 std::string didYouMean(std::string_view misspelt, const std::vector<std::string_view>& names);

@@ -13,6 +13,7 @@
 #include "ttconfig/findings/causes.h"
 #include "ttconfig/findings/limitquestions.h"
 #include "ttconfig/findings/limitwinners.h"
+#include "ttconfig/findings/marketnames.h"
 #include "ttconfig/findings/names.h"
 #include "ttconfig/findings/rules.h"
 #include "ttconfig/findings/sarif.h"
@@ -125,6 +126,48 @@ TEST(LimitQuestions, KnowTheCategoriesThatTheRulesComeTo) {
                 << market << ' ' << word;
         }
     }
+}
+
+TEST(LimitQuestions, KnowWordsThatAreNeitherCategoriesNorCodes) {
+    EXPECT_TRUE(isOddWord("SH", "STOCKS"));
+    EXPECT_TRUE(isOddWord("SHFE", "DEFF"));
+    EXPECT_FALSE(isOddWord("SH", "STOCK"));
+    EXPECT_FALSE(isOddWord("SH", "600000"));
+    EXPECT_FALSE(isOddWord("CFFEX", "IF"));
+    EXPECT_FALSE(isOddWord("NASDAQ", "STOCKS"));
+    EXPECT_EQ(categoryMeant("BOND"), "LOAN");
+    EXPECT_EQ(categoryMeant("STOK"), "STOCK");
+    EXPECT_EQ(categoryMeant("SOMETHINGELSE"), "");
+}
+
+TEST(MarketNames, AreThoseOfTheRulesAndOfThePlatformData) {
+    using namespace ttservice::internal;
+    for (const std::string_view market : namedMarkets())
+        EXPECT_TRUE(isNamedMarket(market)) << market;
+    EXPECT_TRUE(isNamedMarket("shfe"));
+    EXPECT_FALSE(isNamedMarket("ICE"));
+    EXPECT_FALSE(isNamedMarket(""));
+    standin::PlatformData data;
+    data.setMarketNumber("ICE", 39);
+    data.addInstrument("A1", "1", {});
+    data.setBondRule("A2", "1", 1, {});
+    data.addStockType(1, "A3", "*");
+    data.addBaseType(1, "A4", "*");
+    data.addNewRulesBond("A5", "*");
+    data.addTechBoardCdr("A6", "*");
+    data.addIssueAdditional("A7", "*");
+    data.addFirstMarketTest("A8", "*");
+    data.addSecondMarketTest("A9", "*");
+    const MarketNames names(&data);
+    for (const char* market : {"ICE", "A1", "A2", "A3", "A4", "A5", "A6", "A7", "A8", "A9", "SH"})
+        EXPECT_TRUE(names.knows(market)) << market;
+    EXPECT_FALSE(names.knows("sh"));
+    EXPECT_FALSE(names.knows("A0"));
+    EXPECT_EQ(names.didYouMean("ICEE"), "; did you mean ICE?");
+    const MarketNames alone(nullptr);
+    EXPECT_FALSE(alone.knows("ICE"));
+    EXPECT_EQ(alone.didYouMean("ZS"), "; did you mean SZ?");
+    EXPECT_EQ(alone.didYouMean("XXXX"), "; check it, or name it in a --platform file");
 }
 
 TEST(LimitWinners, AreTheLastRowsInTheOrderOfALoad) {
