@@ -2,6 +2,7 @@
 
 #include <standin/platformdatafile.h>
 
+#include <algorithm>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -65,13 +66,19 @@ void fuzz::runInput(std::string_view input) {
     const std::vector<std::string> lines = tests::slowLines(std::string(text.bytes()));
     std::uint32_t before = 1;
     std::size_t count = 0;
+    // Of markets alone, data leaves less to say: it names some.
+    const auto isCounted = [](const Finding& finding) {
+        return finding.rule != ttconfig::ruleOf(ttconfig::RuleId::UnknownMarket).name;
+    };
     ttconfig::checkSettings(text, &samplePlatform(), [&](Finding&& finding) {
         checkFinding(finding, lines);
         require(finding.place.line >= before, "findings come in file order", finding.message);
         before = finding.place.line;
-        ++count;
+        if (isCounted(finding)) ++count;
     });
-    require(ttconfig::checkSettings(text).size() <= count, "without platform data there is no more to say");
+    const std::vector<Finding> without = ttconfig::checkSettings(text);
+    const auto counted = std::count_if(without.begin(), without.end(), isCounted);
+    require(static_cast<std::size_t>(counted) <= count, "without platform data there is no more to say");
 }
 
 TT_FUZZ_TARGET

@@ -92,7 +92,10 @@ std::optional<double> anyNumber(std::string_view text, NumberKind kind) {
     if (isDecimal && std::count(digits.begin(), digits.end(), ',') == 1 && digits.find('.') == std::string::npos) {
         std::replace(digits.begin(), digits.end(), ',', '.');
     }
-    return strictDouble(digits);
+    const auto number = strictDouble(digits);
+    // What is too small for any number is not meant to be 0.
+    const bool isTiny = number && *number == 0 && digits.find_first_of("123456789") < digits.find_first_of("eE");
+    return isTiny ? std::nullopt : number;
 }
 
 bool fits(double number, NumberKind kind) {

@@ -178,11 +178,15 @@ void checkContractTypes(EntryRemarks& remarks, SettingsContext& context) {
         if (outcome == EntryOutcome::SkippedEmpty) return;
         if (outcome == EntryOutcome::SkippedColons) return checkColons(remarks, entry.text, "write product:type|type");
         if (outcome == EntryOutcome::SkippedNoRecord) {
-            return remarks.wrong(RuleId::TypeWithoutContract, entry.first, [&] {
-                const std::string turned = fmt::format("{}:{}", entry.second, entry.first);
-                return "has no record in algomultcontractsetting, so that its types are passed over" +
-                       orWrite(hasRecord(catalogue, entry.second) ? turned : "", "name the product there");
-            });
+            if (hasRecord(catalogue, entry.second)) {
+                return remarks.wrong(RuleId::TypeWithoutContract, entry.text, [&] {
+                    return "is passed over: the product stands in front of its types" +
+                           orWrite(fmt::format("{}:{}", entry.second, entry.first), "write it there");
+                });
+            }
+            return remarks.wrong(RuleId::TypeWithoutContract, entry.first,
+                                 "has no record in algomultcontractsetting, so that its types are passed over; "
+                                 "name the product there");
         }
         const bool stock = catalogue.records.count(contractKey(entry.first, false)) > 0;
         const bool credit = catalogue.records.count(contractKey(entry.first, true)) > 0;

@@ -123,8 +123,8 @@ bool isTurnedRound(EntryRemarks& remarks, const FieldShape& shape) {
     if (!isUsualUnit(unit)) return false;
     const std::string meant = withUnitSecond(value);
     if (!fitsShape(meant, shape)) return false;
-    remarks.wrong(RuleId::NumberReadsAsZero, unit, [&] {
-        return "stands where a number belongs, which reads as 0" + orWrite(meant, "write the unit second");
+    remarks.wrong(RuleId::NumberReadsAsZero, value, [&] {
+        return "has its unit where a number belongs, which reads as 0" + orWrite(meant, "write the unit second");
     });
     return true;
 }

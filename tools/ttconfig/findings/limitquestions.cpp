@@ -119,8 +119,8 @@ bool isOfOtherConnect(LimitTopic topic, std::string_view market) {
 std::string whyUnreachable(LimitTopic topic, std::string_view market, std::string_view item) {
     const bool isConnect = topic == LimitTopic::ShanghaiConnectRates || topic == LimitTopic::ShenzhenConnectRates;
     if (isConnect && market == markets::kHk) {
-        return topic == LimitTopic::ShanghaiConnectRates ? "the market HK is looked up as HGT; write HGT"
-                                                         : "the market HK is looked up as SGT; write SGT";
+        return topic == LimitTopic::ShanghaiConnectRates ? "the market HK is looked up as HGT; write HGT for HK"
+                                                         : "the market HK is looked up as SGT; write SGT for HK";
     }
     if (!isCategoryWord(item)) {
         if (topic != LimitTopic::BlockTrades) return {};

@@ -78,7 +78,8 @@ bool checkMarket(EntryRemarks& remarks, const MarketNames& names, std::string_vi
     const std::string upper = utils::toUpper(std::string(market));
     remarks.say(RuleId::UnknownMarket, market, [&] {
         if (names.knows(upper)) {
-            return fmt::format("{} is no market: letter case counts here; write {}", shownText(market), upper);
+            return fmt::format("{} is no market: letter case counts here; write {}", shownText(market),
+                               visibleText(upper));
         }
         return fmt::format("{} is a market that {}{}", shownText(market), names.namers(), names.didYouMean(upper));
     });

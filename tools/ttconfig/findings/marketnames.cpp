@@ -11,6 +11,7 @@
 
 #include "traderbase/base/config/internal/markets.h"
 #include "ttconfig/text/nearestname.h"
+#include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
 
@@ -56,7 +57,7 @@ std::string_view MarketNames::namers() const {
 
 std::string MarketNames::didYouMean(std::string_view market) const {
     const std::string_view near = nearestName(market, inOrder, kMostSlips);
-    if (!near.empty()) return "; did you mean " + std::string(near) + "?";
+    if (!near.empty()) return "; did you mean " + visibleText(near) + "?";
     return hasData ? "; check it" : "; check it, or name it in a --platform file";
 }
 

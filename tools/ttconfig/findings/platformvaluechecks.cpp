@@ -98,14 +98,15 @@ private:
             remarks.say(RuleId::BadPlatformId, text,
                         "there is no platform in front of the \":\", and the item is passed over; write one");
         } else if (isNumberList(platform, kOtherSigns)) {
-            remarks.wrong(RuleId::WrongSeparator, platform, [&] {
+            remarks.wrong(RuleId::WrongSeparator, text, [&] {
                 std::string items;
                 for (const char c : platform) {
                     items +=
                         kOtherSigns.find(c) == std::string_view::npos ? std::string(1, c) : fmt::format(":{};", value);
                 }
                 items += fmt::format(":{}", value);
-                return "is no platform ID, and the item is passed over" + orWrite(items, "write an item for each");
+                return fmt::format("is one item, and its platform is none: {}{}", kDropped,
+                                   orWrite(items, "write an item for each platform"));
             });
         } else if (UpperCaseEqual()(platform, "default") || UpperCaseEqual()(platform, "all") || platform == "*") {
             remarks.wrong(RuleId::BadPlatformId, platform,

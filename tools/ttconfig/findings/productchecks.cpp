@@ -198,7 +198,7 @@ private:
             return checkName(remarks, entry.market, ",|", ";");
         }
         if (isNamedMarket(entry.codes) && isDigit(entry.market.front())) {
-            return remarks.say(RuleId::UnknownMarket, entry.market, [&] {
+            return remarks.say(RuleId::UnknownMarket, entry.text, [&] {
                 return "the market stands in front of the code" +
                        orWrite(fmt::format("{}:{}", entry.codes, entry.market), "write it there");
             });

@@ -104,9 +104,15 @@ void EntryRemarks::text(std::string_view piece, FullWidth fullWidth) {
 
 bool EntryRemarks::isQuoted() {
     const std::string_view all = row.value;
-    const bool quoted = all.size() >= 2 && all.front() == all.back() && (all.front() == '"' || all.front() == '\'');
-    if (quoted) say(RuleId::QuotedValue, all, "the quotes are part of the value; write it without them");
-    return quoted;
+    if (all.size() < 2) return false;
+    if ((all.front() == '"' || all.front() == '\'') && all.back() == all.front()) {
+        say(RuleId::QuotedValue, all, "the quotes are part of the value; write it without them");
+        return true;
+    }
+    const std::size_t bracket = std::string_view("[{(").find(all.front());
+    if (bracket == std::string_view::npos || all.back() != std::string_view("]})")[bracket]) return false;
+    say(RuleId::QuotedValue, all, "the brackets are part of the value; write it without them");
+    return true;
 }
 
 void EntryRemarks::lookForComment(Semicolons semicolons) {

@@ -70,7 +70,7 @@ public:
     // A piece that is taken as it stands: a finding only when something is wrong with its characters.
     void text(std::string_view piece, FullWidth fullWidth = FullWidth::Wrong);
 
-    // Says so, and answers true, when the whole value is in quotes.
+    // Says so, and answers true, when the whole value is in quotes or brackets.
     bool isQuoted();
     // Looks for a comment behind the value; pieces that reach into one are then told as that, once.
     void lookForComment(Semicolons semicolons);

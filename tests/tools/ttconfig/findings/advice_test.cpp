@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "tests/support/tempfile.h"
+#include "tests/tools/ttconfig/toolrun.h"
 #include "ttconfig/findings/advice.h"
 #include "ttconfig/findings/checking.h"
 
@@ -48,6 +50,8 @@ TEST(Advice, NumbersAreReadInTheWaysThatPeopleWriteThem) {
         {"nan", "", ""},
         {"inf", "", ""},
         {"1e400", "", ""},
+        {"1e-400", "", ""},
+        {"0e5", "0", "0"},
         {"3000000000", "", "3000000000"},
         {"many", "", ""},
         {"\xFF\xFE", "", ""},
@@ -90,6 +94,22 @@ TEST(Advice, ATextTooLongToBeReadIsNotShown) {
     EXPECT_EQ(orWrite("12:1", "think"), "; write \"12:1\"");
     EXPECT_EQ(orWrite("", "think"), "; think");
     EXPECT_EQ(orWrite(std::string(100, '1'), "think"), "; think");
+}
+
+// What the store answers is what the messages say that the field reads as.
+TEST(Advice, FieldsReadAsTheStoreReadsThem) {
+    const tests::TempFolder folder;
+    for (const std::string text : {"nan", "inf", "1e400", "-1e400", "0x10", "0x", "1e6", "1.5", ".5", "100万", "１２",
+                                   "12abc", "+-5", "99999999999", "-99999999999", "many", "1_000", ""}) {
+        const std::string file = folder.write("a.ini", "[StkExchangeOrderLimit]\nSH-1=" + text + ",股\n");
+        const standin::SettingsText settings{tests::fileText(file)};
+        const auto findings = checkSettings(settings);
+        ASSERT_EQ(findings.size(), 1U) << text;
+        const std::string answer =
+            tests::runTool({"ask", "getOrderLimit", "SH", "1", "0", "--settings", file}).lines().front();
+        const std::string read = " reads as " + answer.substr(0, answer.find(',')) + ";";
+        EXPECT_THAT(findings[0].message, HasSubstr(read)) << text;
+    }
 }
 
 // What a line is told to be, as its author reads it.
@@ -138,6 +158,7 @@ TEST(Advice, MessagesSayWhatToWrite) {
         {"StkExchangeRateLimit", "SH-STOCK=10%,1,1,1,1,1,1", "the field reads as 10; write 0.1"},
         {"StandardBondUseLimit", "888880=90", "such as 0.9 for 90 percent"},
         {"CreditSetting", "use_collateral_buy_Concentration_Ratio=41:0.5;0.3", "; write \"41:0.5,0.3\""},
+        {"setting", "algomultcontractsetting=P1:x,1,2,3,0\nalgocontracttypes=TWAP:P1", "; write \"P1:TWAP\""},
         {"setting", "algomultcontractsetting=P1,x,1,2,3,0", "; write \"P1:x,1,2,3,0\""},
         {"setting", "algomultcontractsetting=P1:x;1;2;3;0", "; write \"P1:x,1,2,3,0\""},
         {"setting", "t0algotypes=T0GRID=Grid", "; write \"T0GRID:Grid\""},

@@ -91,6 +91,9 @@ TEST(CheckRules, TellOneThingOfEachMistake) {
         {"setting", "needmaxamount=12, 15 # desk", {"comment-behind-value"}},
         {"setting", "needmaxamount=12, 15,16 # desk", {"blank-in-list", "comment-behind-value"}},
         {"setting", "needmaxamount=x,12,y", {"bad-platform-id", "bad-platform-id"}},
+        {"setting", "needmaxamount=[12,15]", {"quoted-value"}},
+        {"setting", "renewalpts={41:1,47:2}", {"quoted-value"}},
+        {"setting", "needmaxamount=[12,15}", {"bad-platform-id", "bad-platform-id"}},
         {"setting", "needmaxamount=１２", {"full-width-character"}},
         // Single values.
         {"setting", "isshowmaxcanorder=", {"not-a-number"}},
