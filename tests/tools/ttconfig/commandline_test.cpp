@@ -77,6 +77,18 @@ TEST(CommandLine, TellsItsVersionAndTheLibrarys) {
     EXPECT_EQ(run.exitCode, 0);
 }
 
+TEST(CommandLine, TakesAnEmptyValueBehindTheEqualSign) {
+    // A name that is empty is the name of no file; the word behind it is not taken for one.
+    const ToolRun file = runTool({"ask", "--settings=", "getRefLimit"});
+    EXPECT_EQ(file.exitCode, 3);
+    EXPECT_THAT(file.err, HasSubstr("settings file"));
+    EXPECT_EQ(runTool({"check", "--explain=", "x.ini"}).exitCode, 2);
+    EXPECT_EQ(runTool({"switches", "--format="}).exitCode, 2);
+    // An option without a value, and words behind "--", are what they were.
+    EXPECT_EQ(runTool({"ask", "--test=", "getRefLimit"}).exitCode, 2);
+    EXPECT_EQ(runTool({"ask", "getMaxPermission", "--", "--settings="}).exitCode, 0);
+}
+
 TEST(CommandLine, TellsTheExitCodes) {
     const std::string help = runTool({"--help"}).out;
     for (const char* code : {"0", "1", "2", "3", "4"})

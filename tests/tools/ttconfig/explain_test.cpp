@@ -131,6 +131,41 @@ TEST(Explain, SaysWhatIsWrongWithTheQuestionByExitCode2) {
     }
 }
 
+TEST(Explain, TakesAnEmptyTextForWhatIsWanted) {
+    for (const std::vector<std::string>& wanted : {std::vector<std::string>{"--why-not", ""}, {"--why-not="}}) {
+        std::vector<std::string> question = {"getAlgoTypes"};
+        question.insert(question.end(), wanted.begin(), wanted.end());
+        const ToolRun run = explain(question);
+        EXPECT_EQ(run.exitCode, 0) << run.err;
+        EXPECT_THAT(run.out,
+                    HasSubstr("The smallest edit that makes it \"\":\nsettings.ini:19\n- samrtalgotypes=B;A;B\n"));
+    }
+}
+
+TEST(Explain, SaysInItsHelpWhenTheExitCodeIs1) {
+    EXPECT_THAT(runTool({"explain", "--help"}).out, HasSubstr("The exit code is 1 when"));
+    EXPECT_EQ(explain({"getDelayPushTime", "--why-not", "31"}).exitCode, 1);
+}
+
+TEST(Explain, WarnsOfAnOverrideThatNoSwitchHas) {
+    const struct {
+        std::vector<std::string> question;
+        const char* said;
+    } rows[] = {
+        {{"isNeedMaxAmountPts", "12", "--override", "needmaxamout=true"},
+         "ttconfig: --override \"needmaxamout\": no switch has this key; did you mean needmaxamount?\n"},
+        {{"isSomePt", "mine", "12", "--override", "other=true"},
+         "ttconfig: --override \"other\": no switch has this key\n"},
+        {{"isSomePt", "mine", "12", "--override", "mine=true"}, ""},
+        {{"getRefLimit", "--override", "needmaxamount=false"}, ""},
+    };
+    for (const auto& row : rows) {
+        const ToolRun run = explain(row.question);
+        EXPECT_EQ(run.exitCode, 0);
+        EXPECT_EQ(run.err, row.said);
+    }
+}
+
 TEST(Explain, LeavesTheFileAsItIs) {
     const std::string before = tests::fileText(kFolder + "/settings.ini");
     explain({"isNeedMaxAmountPts", "15", "--why-not", "true"});

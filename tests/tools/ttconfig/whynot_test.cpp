@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -75,6 +76,77 @@ TEST(WhyNot, TellsTheSmallestEdit) {
          "false",
          "2 -isshowmaxcanorder=1 +isshowmaxcanorder=0",
          "[setting]\nisshowmaxcanorder=0\n"},
+        // whole lists: pieces that stay stay as they are written
+        {"[setting]\nk=8,x,+15,9\n",
+         "getPts",
+         {"k"},
+         "8,12,9",
+         "2 -k=8,x,+15,9 +k=8,x,+12,9",
+         "[setting]\nk=8,x,+12,9\n"},
+        {"[setting]\nk=8\n", "getPts", {"k"}, "[8,8]", "2 -k=8 +k=8,8", "[setting]\nk=8,8\n"},
+        {"[setting]\na=1\nk=1,2,3,4,5,6\n",
+         "getAllpts",
+         {},
+         "a:[1],b:[1,2,3,4,5,6]",
+         "3 -k=1,2,3,4,5,6 +b=1,2,3,4,5,6",
+         "[setting]\na=1\nb=1,2,3,4,5,6\n"},
+        {"[setting]\nsamrtalgotypes=B;A;B\n",
+         "getAlgoTypes",
+         {},
+         "A,B,C",
+         "2 -samrtalgotypes=B;A;B +samrtalgotypes=B;A;B;C",
+         "[setting]\nsamrtalgotypes=B;A;B;C\n"},
+        {"[setting]\nt0algotypes=a:b;x;c:d\n",
+         "getT0Strategy",
+         {},
+         "[a,b],[e,f],[c,d]",
+         "2 -t0algotypes=a:b;x;c:d +t0algotypes=a:b;x;e:f;c:d",
+         "[setting]\nt0algotypes=a:b;x;e:f;c:d\n"},
+        {"[setting]\netfbrokerclienttag=12\n",
+         "getETFBrokerCLientQueryTimes",
+         {},
+         "93000",
+         "2 -etfbrokerclienttag=12 +etfbrokerclienttag=12:93000",
+         "[setting]\netfbrokerclienttag=12:93000\n"},
+        // whole records: fields that say it stay as they are written
+        {"[setting]\nshfixincomelimit=+1,2,03,4,5,6,7\n",
+         "getSHFixIncomeLimit",
+         {2},
+         "@:1,doubleValue:1.0,intValue1:2,intValue2:3,intValue3:4,intValue4:5,intValue5:60,intValue6:7",
+         "2 -shfixincomelimit=+1,2,03,4,5,6,7 +shfixincomelimit=+1,2,03,4,5,60,7",
+         "[setting]\nshfixincomelimit=+1,2,03,4,5,60,7\n"},
+        {"[setting]\nalgomultcontractsetting=P1:x,1.50,7,3,1;P2:;P1:y,1,1,1,0\n",
+         "getContractInfo",
+         {"P1", true},
+         R"({"@":7,"intValue":3,"doubleValue":1.5,"longValue":8,"productId":"P1","textValue":"x","isCredit":true})",
+         "2 -algomultcontractsetting=P1:x,1.50,7,3,1;P2:;P1:y,1,1,1,0 "
+         "+algomultcontractsetting=P1:x,1.50,8,3,1;P2:;P1:y,1,1,1,0",
+         "[setting]\nalgomultcontractsetting=P1:x,1.50,8,3,1;P2:;P1:y,1,1,1,0\n"},
+        {"[setting]\nalgomultcontractsetting=P1:x,1,7,3,1;P2:;P1:y,1,1,1,0\n",
+         "getContractInfo",
+         {3},
+         "",
+         "2 -algomultcontractsetting=P1:x,1,7,3,1;P2:;P1:y,1,1,1,0 +algomultcontractsetting=P2:;P1:y,1,1,1,0",
+         "[setting]\nalgomultcontractsetting=P2:;P1:y,1,1,1,0\n"},
+        {"[StkExchangeRateLimit]\nSH-600000=1,2,3,4,5,6\n",
+         "getRateLimitPtr",
+         {"SH", "600000"},
+         "fields:[1.0,2.0,3.0,4.0,5.0,6.0,7]",
+         "2 -SH-600000=1,2,3,4,5,6 +SH-600000=1,2,3,4,5,6,7",
+         "[StkExchangeRateLimit]\nSH-600000=1,2,3,4,5,6,7\n"},
+        {"[StkExchangeRateLimit]\nSH-1=1,2,3,4,5,6,7\n",
+         "getRateLimitPtr",
+         {"SH", "2"},
+         "1,2,3,4,5,6,7",
+         "2 -SH-1=1,2,3,4,5,6,7 +SH-1,SH-2=1,2,3,4,5,6,7",
+         "[StkExchangeRateLimit]\nSH-1,SH-2=1,2,3,4,5,6,7\n"},
+        // a line in front of one that would take longer to change
+        {"[setting]\nk=1,2,3,4,5,6,7,8,9\n",
+         "getPts",
+         {"k"},
+         "77",
+         "2 +k=77",
+         "[setting]\nk=77\nk=1,2,3,4,5,6,7,8,9\n"},
         // rows
         {"[StandardBondUseLimit]\nabc=0.7\n",
          "getStandardBondUseLimit",
@@ -160,17 +232,44 @@ TEST(Wanted, MatchesAnswersAsTheToolShowsThem) {
         {{100, "a"}, "100,a", true},
         {{100, "a"}, "[100,\"a\"]", true},
         {{100, "a"}, "[100, \"b\"]", false},
+        {{1.0, "1.0"}, "1,1.0", true},
+        {{1.0, "1.0"}, "1.0,1", false},
+        {{1.0, 2}, "1,2,3", false},
         {record, "0.5,1", true},
         {record, "[0.5,1]", true},
         {record, R"({"fields":[0.5,1]})", true},
         {record, R"({"@":9,"fields":[0.5,1]})", true},
         {record, "0.5,2", false},
+        {record, "@:3,fields:[0.5,1]", true},
+        {record, "fields:[0.5,1]", true},
+        {{{"@", 1}, {"a", 1}, {"b", "x"}}, "1,x", true},
+        {{{"@", 1}, {"a", 1}, {"b", "x"}}, R"({"b":"x","a":1})", true},
+        {{{"@", 1}, {"a", std::nan("")}}, R"({"@":1,"a":null})", true},
+        {{{"@", 1}, {"a", "\xFF"}}, "{\"a\":\"\xEF\xBF\xBD\"}", true},
         {"", "", true},
         {Answer::array(), "", true},
         {Answer::array(), "[]", true},
     };
     for (const auto& row : rows)
         EXPECT_EQ(Wanted(row.wanted).matches(row.answer), row.matches) << row.answer << " " << row.wanted;
+}
+
+TEST(Wanted, ReadsListsAndRecordsAsTheyAreShown) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"a,b", R"(["a","b"])"},
+        {"", "[]"},
+        {"[a,b],[,]", R"([["a","b"],["",""]])"},
+        {"@:1,fields:[0.5,1]", R"({"fields":["0.5","1"]})"},
+        {"P_stock:{@:1,productId:P,isCredit:true},Q_stock:{}",
+         R"({"P_stock":{"productId":"P","isCredit":"true"},"Q_stock":[]})"},
+        {R"([[1, "x"]])", R"([[1,"x"]])"},
+        {"none", "null"},
+        {"12", "null"},
+        {"[[[", "[[[[]]]]"},
+        {"]", "[]"},
+    };
+    for (const auto& [written, read] : rows)
+        EXPECT_EQ(Wanted(written).structure().dump(), read) << written;
 }
 
 }  // namespace

@@ -29,9 +29,13 @@ constexpr const char* kExplainHelp =
     "Shows the answer, the reason for it, the line of the settings file that decided, and what lost against it, in "
     "the\n"
     "order in which it was considered. The arguments are written as those of ask.\n\n"
+    "--why-not takes what ask prints, as text or as JSON; --why-not= is the empty text. Every edit that is shown was\n"
+    "carried out in memory and read again; the file stays as it is. The exit code is 1 when no edit of one line makes\n"
+    "VALUE the answer, else 0.\n\n"
     "Examples:\n"
     "  ttconfig explain isNeedMaxAmountPts 12 --settings settings.ini\n"
     "  ttconfig explain isNeedMaxAmountPts 13 --why-not true --settings settings.ini\n"
+    "  ttconfig explain getAlgoTypes --why-not TWAP,VWAP --settings settings.ini\n"
     "  ttconfig explain needHoldMargin 12 --override needholdmargin=true --settings settings.ini";
 
 // The call and, for the help text, its arguments: those are what is left over.

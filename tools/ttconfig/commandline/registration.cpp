@@ -47,6 +47,33 @@ std::vector<std::string> askedWords(const CLI::App& app) {
     return words;
 }
 
+// Whether some subcommand has an option of that name with a value.
+bool takesValue(const CLI::App& app, const std::string& name) {
+    const auto hasIt = [&name](const CLI::App* each) {
+        const CLI::Option* option = each->get_option_no_throw(name);
+        return option != nullptr && option->get_items_expected_max() > 0;
+    };
+    const auto parts = app.get_subcommands(nullptr);
+    return hasIt(&app) ||
+           std::any_of(parts.begin(), parts.end(), [&name](const CLI::App* part) { return takesValue(*part, name); });
+}
+
+// "--name=" gives the option an empty value. CLI11 would take the next word for it.
+std::vector<std::string> withEmptyValues(const CLI::App& app, const std::vector<std::string>& words) {
+    std::vector<std::string> all;
+    for (const std::string& word : words) {
+        const bool isLong = word.size() > 3 && word.compare(0, 2, "--") == 0 && word.find('=') == word.size() - 1;
+        const std::string name = isLong ? word.substr(0, word.size() - 1) : std::string();
+        if (isLong && takesValue(app, name)) {
+            all.push_back(name);
+            all.emplace_back();
+        } else {
+            all.push_back(word);
+        }
+    }
+    return all;
+}
+
 void append(const std::vector<std::string>& more, std::vector<std::string>& words) {
     words.insert(words.end(), more.begin(), more.end());
 }
@@ -94,6 +121,7 @@ void Registration::parse(std::vector<std::string> words) {
     const auto mark = std::find(words.begin(), words.end(), "--");
     const std::vector<std::string> literal(mark == words.end() ? mark : mark + 1, words.end());
     words.erase(mark, words.end());
+    words = withEmptyValues(root, words);
     std::reverse(words.begin(), words.end());
     root.parse(std::move(words));
     collect(literal);

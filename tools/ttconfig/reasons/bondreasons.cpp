@@ -5,6 +5,7 @@
 
 #include "traderbase/base/config/internal/fixedincome.h"
 #include "ttconfig/reasons/creditfacts.h"
+#include "ttconfig/reasons/fieldedits.h"
 #include "ttconfig/reasons/numberrowreasons.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/showntext.h"
@@ -53,13 +54,14 @@ void suggestFixedIncome(const Question& question, const Wanted& wanted, Edits& e
     const internal::SettingKey* key = keyOfType(question.number(0));
     if (key == nullptr) return;
     if (wanted.isNone()) {
+        edits.setValue(*key, "");
         edits.removeLine(*key);
         return;
     }
-    std::string value;
-    for (const std::string& item : wanted.items())
-        value += (value.empty() ? "" : ",") + item;
-    edits.setValue(*key, value);
+    const std::vector<std::string> fields = wanted.values();
+    if (fields.size() != internal::kFixedIncomeRow.size()) return;
+    const WantedPieces row = wantedFields(internal::kFixedIncomeRow.data(), fields);
+    suggestPieces(question.settings(), key->section, key->key, row, edits);
 }
 
 }  // namespace

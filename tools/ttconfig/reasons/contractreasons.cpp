@@ -3,9 +3,8 @@
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
-#include "ttconfig/reasons/explainedcalls.h"
+#include "ttconfig/reasons/contractedits.h"
 #include "ttconfig/reasons/telling.h"
-#include "ttconfig/text/answertext.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -16,22 +15,12 @@ namespace internal = ttservice::internal;
 namespace keys = ttservice::internal::keys;
 using ContractPtr = boost::shared_ptr<ttservice::ContractInfo>;
 
-constexpr int kStockAccount = 2;
-constexpr int kCreditAccount = 3;
-
 std::string entryName(std::string_view entry) {
     return "the entry " + shownText(entry);
 }
 
 const char* accountName(bool isCredit) {
     return isCredit ? "credit accounts" : "stock accounts";
-}
-
-std::string joined(const std::vector<std::string>& pieces, const char* separator) {
-    std::string text;
-    for (std::size_t i = 0; i < pieces.size(); ++i)
-        text += (i == 0 ? "" : separator) + pieces[i];
-    return text;
 }
 
 // --- one product
@@ -170,96 +159,6 @@ Explanation explainProductOfType(const Question& question) {
     return explanation;
 }
 
-// --- edits
-
-// A record as it is written in the settings file.
-std::string contractText(const Answer& record, const std::string& productId, bool isCredit) {
-    const auto field = [&record](const char* name, const char* otherwise) {
-        const bool isThere = record.is_object() && record.contains(name);
-        return isThere ? answerText(record.at(name)) : std::string(otherwise);
-    };
-    return productId + ":" + field("textValue", "") + "," + field("doubleValue", "0") + "," + field("longValue", "0") +
-           "," + field("intValue", "0") + "," + (isCredit ? "1" : "0");
-}
-
-void suggestAppended(const Question& question, const internal::SettingKey& key, const std::string& entry,
-                     Edits& edits) {
-    const standin::SettingsEntry* row = entryOf(question, key);
-    const bool isAlone = row == nullptr || row->value.empty();
-    edits.setValue(key, isAlone ? entry : std::string(row->value) + ";" + entry);
-}
-
-void suggestContract(const Question& question, const Wanted& wanted, Edits& edits) {
-    const std::string& productId = question.text(0);
-    const std::string key = keyOf(productId, question.flag(1));
-    const ContractFacts& facts = question.facts.contracts();
-    const standin::SettingsEntry* row = entryOf(question, keys::contracts);
-    if (wanted.isNone()) {
-        if (row == nullptr) return;
-        std::vector<std::string> kept;
-        for (const ContractFact& fact : facts.contracts) {
-            if (fact.key != key) kept.emplace_back(fact.entry.text);
-        }
-        edits.setValue(*row, joined(kept, ";"));
-        return;
-    }
-    if (!wanted.json()) return;
-    const std::string entry = contractText(*wanted.json(), productId, question.flag(1));
-    suggestAppended(question, keys::contracts, entry, edits);
-    for (const ContractFact& fact : facts.contracts) {
-        if (fact.key == key) edits.replacePiece(*row, fact.entry.text, entry);
-    }
-}
-
-void suggestContracts(const Question& /*question*/, const Wanted& wanted, Edits& edits) {
-    if (!wanted.json() || !wanted.json()->is_structured()) return;
-    std::vector<std::string> entries;
-    for (const Answer& record : *wanted.json()) {
-        if (!record.is_object() || !record.contains("productId") || !record.contains("isCredit")) return;
-        entries.push_back(
-            contractText(record, answerText(record.at("productId")), record.at("isCredit") == Answer(true)));
-    }
-    edits.reaching("products for the other kind of account");
-    edits.setValue(keys::contracts, joined(entries, ";"));
-    edits.removeLine(keys::contracts);
-}
-
-// The value without the type in any entry.
-std::string valueWithoutType(std::string_view value, std::string_view type) {
-    std::vector<std::string> entries;
-    internal::forEachEntry(value, internal::pairEntry, [&](const internal::PairEntry& entry) {
-        if (!internal::isStored(entry.outcome)) {
-            entries.emplace_back(entry.text);
-            return;
-        }
-        std::vector<std::string> types;
-        internal::splitKeepEmpty(entry.second, '|', [&](std::string_view each) {
-            if (each != type) types.emplace_back(each);
-        });
-        if (!types.empty()) entries.push_back(std::string(entry.first) + ":" + joined(types, "|"));
-    });
-    return joined(entries, ";");
-}
-
-void suggestProductOfType(const Question& question, const Wanted& wanted, Edits& edits) {
-    const std::string& type = question.text(0);
-    const standin::SettingsEntry* row = entryOf(question, keys::contractTypes);
-    edits.reaching("the type for the other kind of account");
-    if (wanted.text().empty()) {
-        if (row != nullptr) edits.setValue(*row, valueWithoutType(row->value, type));
-        return;
-    }
-    suggestAppended(question, keys::contractTypes, wanted.text() + ":" + type, edits);
-    if (row == nullptr) return;
-    internal::forEachEntry(row->value, internal::pairEntry, [&](const internal::PairEntry& entry) {
-        if (!internal::isStored(entry.outcome) || entry.first != wanted.text()) return;
-        edits.replacePiece(*row, entry.text, std::string(entry.text) + "|" + type);
-    });
-    for (const ContractTypeFact& fact : question.facts.contracts().types) {
-        if (fact.type == type) edits.replacePiece(*row, fact.entry.first, wanted.text());
-    }
-}
-
 }  // namespace
 
 void addContractReasons(ExplainedCalls& calls) {
@@ -269,9 +168,9 @@ void addContractReasons(ExplainedCalls& calls) {
                                   },
                                   [](const Question& question, const Wanted& wanted, Edits& edits) {
                                       question.arguments.size() == 2 ? suggestContract(question, wanted, edits)
-                                                                     : suggestContracts(question, wanted, edits);
+                                                                     : suggestContractsOf(question, wanted, edits);
                                   }});
-    calls.add("getAllContractInfo", {explainAllContracts, suggestContracts});
+    calls.add("getAllContractInfo", {explainAllContracts, suggestAllContracts});
     calls.add("getProductIdbyAlgoName", {explainProductOfType, suggestProductOfType});
 }
 

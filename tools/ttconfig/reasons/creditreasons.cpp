@@ -7,6 +7,8 @@
 
 #include "traderbase/base/config/internal/strictnumbers.h"
 #include "ttconfig/reasons/explainedcalls.h"
+#include "ttconfig/reasons/fieldtexts.h"
+#include "ttconfig/reasons/pieceedits.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/showntext.h"
 
@@ -40,18 +42,6 @@ void suggestEntry(const Question& question, const SettingKey& key, const std::st
     const std::string value(row->value);
     edits.setValue(*row, value + ";" + entry);
     if (value.back() == ';') edits.setValue(*row, value + entry);
-}
-
-// The value without the entries of the platform.
-template <typename Facts>
-void suggestWithoutPlatform(const Facts& facts, int platform, Edits& edits) {
-    std::vector<std::string> kept;
-    for (const auto& item : facts.items) {
-        if (item.entry.kind != CreditEntryKind::Entry || item.entry.platform != platform) {
-            kept.emplace_back(item.entry.text);
-        }
-    }
-    edits.setValue(*facts.entry, joined(kept, ";"));
 }
 
 // --- concentration ratios
@@ -102,24 +92,63 @@ Explanation explainConcentration(const Question& question) {
     return explanation;
 }
 
-void suggestConcentration(const Question& question, const Wanted& wanted, Edits& edits) {
+std::string newRatios(const std::vector<std::string>& ratios) {
+    return writtenLike({}, FieldKind::Decimal, ratios[0]) + "," + writtenLike({}, FieldKind::Decimal, ratios[1]);
+}
+
+// Entries that were meant for the platform and have too few numbers.
+void suggestMeantRatios(const Question& question, int platform, const std::vector<std::string>& ratios, Edits& edits) {
     const ConcentrationFacts& facts = question.facts.concentrations();
+    edits.reaching({});
+    for (const ConcentrationFact& item : facts.items) {
+        if (item.entry.kind != CreditEntryKind::TooFewFields || item.entry.platform != platform) continue;
+        edits.replacePiece(*facts.entry, item.entry.payload, newRatios(ratios));
+    }
+}
+
+// The entry with the platform and the ratios, further numbers of the old one as they are.
+std::string writtenRatios(int platform, const std::vector<std::string>& ratios, std::string_view old) {
+    const internal::ConcentrationEntry entry = internal::concentrationEntry(old);
+    const bool isOld = entry.kind == CreditEntryKind::Entry && entry.platform == platform;
+    if (!isOld) return std::to_string(platform) + ":" + newRatios(ratios);
+    std::string text(old.substr(0, old.size() - entry.payload.size()));
+    std::size_t number = 0;
+    internal::splitKeepEmpty(entry.payload, ',', [&](std::string_view field) {
+        text.append(number == 0 ? "" : ",");
+        text += number < ratios.size() ? writtenLike(field, FieldKind::Decimal, ratios[number]) : std::string(field);
+        ++number;
+    });
+    return text;
+}
+
+void suggestConcentration(const Question& question, const Wanted& wanted, Edits& edits) {
     const int platform = question.number(0);
     const std::vector<std::string> items = wanted.items();
-    const auto found = facts.byPlatform.find(platform);
-    if (!items.empty() && items.front() == "false") {
-        if (found == facts.byPlatform.end()) return;
-        suggestWithoutPlatform(facts, platform, edits);
-        edits.reaching("every platform that the line is about");
-        edits.removeLine(*facts.entry);
-    }
-    if (items.size() != 3 || items.front() != "true") return;
-    const std::string entry = std::to_string(platform) + ":" + items[1] + "," + items[2];
-    suggestEntry(question, keys::concentrationRatio, entry, edits);
-    for (const ConcentrationFact& item : facts.items) {
-        if (item.entry.kind == CreditEntryKind::NoPlatform || item.entry.platform != platform) continue;
-        edits.replacePiece(*facts.entry, item.entry.text, entry);
-    }
+    if (items.size() != 3) return;
+    const bool isListed = items[0] == "true";
+    const std::vector<std::string> ratios(items.begin() + 1, items.end());
+    const auto entryOfPlatform = [platform](std::string_view piece) {
+        const auto entry = internal::concentrationEntry(piece);
+        const bool isOfIt = entry.kind == CreditEntryKind::Entry && entry.platform == platform;
+        return isOfIt ? std::optional(entry) : std::nullopt;
+    };
+    WantedPieces pieces;
+    pieces.separator = ';';
+    pieces.order = WantedPieces::Order::LastOfName;
+    pieces.count = isListed ? 1 : 0;
+    pieces.counts = [entryOfPlatform](std::string_view piece) { return entryOfPlatform(piece).has_value(); };
+    pieces.names = [](std::size_t, std::string_view) { return true; };
+    pieces.says = [entryOfPlatform, ratios](std::size_t, std::string_view piece) {
+        const auto entry = entryOfPlatform(piece);
+        return says(entry->ratios[0], FieldKind::Decimal, ratios[0]) &&
+               says(entry->ratios[1], FieldKind::Decimal, ratios[1]);
+    };
+    pieces.written = [platform, ratios](std::size_t, std::string_view old) {
+        return writtenRatios(platform, ratios, old);
+    };
+    pieces.others = "other platforms";
+    suggestPieces(question.settings(), keys::concentrationRatio.section, keys::concentrationRatio.key, pieces, edits);
+    suggestMeantRatios(question, platform, ratios, edits);
 }
 
 // --- codes whose sale repays debt

@@ -111,6 +111,7 @@ void Edits::setValue(const ttservice::internal::SettingKey& key, std::string_vie
 void Edits::setValue(std::string_view section, std::string_view key, std::string_view value) {
     if (const SettingsEntry* entry = text.findEntry(section, key)) {
         setValue(*entry, value);
+        addFirst(section, key, value);
     } else {
         addLast(section, key, value);
     }
@@ -144,8 +145,10 @@ void Edits::addLast(std::string_view section, std::string_view key, std::string_
 }
 
 std::vector<Edit> Edits::inOrder() && {
-    std::stable_sort(drafts.begin(), drafts.end(),
-                     [](const Edit& left, const Edit& right) { return left.changedBytes() < right.changedBytes(); });
+    std::stable_sort(drafts.begin(), drafts.end(), [](const Edit& left, const Edit& right) {
+        return std::pair(left.changedBytes(), !left.reach.empty()) <
+               std::pair(right.changedBytes(), !right.reach.empty());
+    });
     return std::move(drafts);
 }
 

@@ -42,7 +42,8 @@ class Edits {
 public:
     explicit Edits(const standin::SettingsText& settingsText) : text(settingsText) {}
 
-    // The value of the entry; of the key, whose line is added where there is none.
+    // The value of the entry; of the key, whose line is added where there is none, and is tried out in front of one
+    // that is there as well: of a repeated key the first value counts.
     void setValue(const standin::SettingsEntry& entry, std::string_view value);
     void setValue(const ttservice::internal::SettingKey& key, std::string_view value);
     void setValue(std::string_view section, std::string_view key, std::string_view value);
@@ -61,7 +62,7 @@ public:
     // What the edits that follow change beside the answer. A literal: it is not copied.
     void reaching(std::string_view what) { reach = what; }
 
-    // Those that change the fewest bytes first.
+    // Those that change the fewest bytes first, and of these the ones that change nothing beside the answer.
     std::vector<Edit> inOrder() &&;
 
 private:

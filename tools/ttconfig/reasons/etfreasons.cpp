@@ -5,6 +5,7 @@
 
 #include "traderbase/base/config/internal/catalogueentries.h"
 #include "ttconfig/reasons/explainedcalls.h"
+#include "ttconfig/reasons/pieceedits.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/showntext.h"
 
@@ -90,13 +91,21 @@ void suggestTag(const Question& question, const Wanted& wanted, Edits& edits) {
 }
 
 void suggestTimes(const Question& question, const Wanted& wanted, Edits& edits) {
-    std::string times;
-    const std::vector<std::string> items = wanted.items();
-    for (std::size_t i = 0; i < items.size(); ++i)
-        times += (i == 0 ? "" : ",") + items[i];
-    suggestClient(question, std::string(EtfClient(question).entry.tag), times, edits);
+    const std::vector<std::string> times = wanted.items();
+    WantedPieces pieces;
+    pieces.count = times.size();
+    pieces.counts = [](std::string_view) { return true; };
+    pieces.says = [times](std::size_t number, std::string_view piece) { return piece == times[number]; };
+    pieces.written = [times](std::size_t number, std::string_view) { return times[number]; };
+    const EtfClient client(question);
+    if (client.isSet()) suggestPieces(*client.row, client.entry.times, pieces, edits);
     edits.reaching("the tag as well");
-    if (items.empty()) edits.removeLine(etfBrokerClient);
+    edits.setValue(etfBrokerClient, ":" + wholeValue(pieces));
+    // A value without times may be the tag of those that are wanted.
+    if (client.row != nullptr) edits.setValue(*client.row, std::string(client.row->value) + ":" + wholeValue(pieces));
+    if (!times.empty()) return;
+    edits.setValue(etfBrokerClient, client.entry.tag);
+    edits.removeLine(etfBrokerClient);
 }
 
 void suggestCanQuery(const Question& question, const Wanted& wanted, Edits& edits) {

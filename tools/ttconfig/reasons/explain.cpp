@@ -5,12 +5,18 @@
 
 #include "ttconfig/reasons/explain.h"
 
+#include <algorithm>
+#include <iostream>
+#include <string_view>
+
 #include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/platformswitchtable.h"
 #include "ttconfig/fault.h"
 #include "ttconfig/quietload.h"
 #include "ttconfig/reasons/explaintext.h"
 #include "ttconfig/startup.h"
 #include "ttconfig/text/answertext.h"
+#include "ttconfig/text/nearestname.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -46,6 +52,21 @@ void requireSameKind(const std::string& call, const Answer& answer, const std::s
     throw Fault(kExitUsage, "--why-not " + shownText(written) + ": the answer of " + call + " is " + kind);
 }
 
+// An override of a key that no switch has answers isSomePt for that key, and nothing else.
+void warnOfUnknownOverrides(const CommandLine& commandLine) {
+    std::vector<std::string_view> known;
+    for (const auto& row : ttservice::internal::kPlatformSwitches)
+        known.push_back(row.key);
+    const std::vector<std::string>& words = commandLine.words;
+    for (const auto& [key, value] : commandLine.overrides) {
+        const bool isSwitch = std::find(known.begin(), known.end(), key) != known.end();
+        const bool isAsked = words.size() > 1 && words[0] == "isSomePt" && words[1] == key;
+        if (isSwitch || isAsked) continue;
+        std::cerr << "ttconfig: --override " << shownText(key) << ": no switch has this key" << didYouMean(key, known)
+                  << "\n";
+    }
+}
+
 // The store has loaded the same file. That both say the same is tested; a program that explains away what a client
 // really does would be worse than none.
 void requireStoreAgrees(const std::string& call, const Arguments& arguments, const Answer& answer) {
@@ -64,6 +85,7 @@ int runExplain(const CommandLine& commandLine, Output& output) {
         const QuietLoad quiet;
         carryOut(commandLine.shared);
     }
+    warnOfUnknownOverrides(commandLine);
     for (const auto& [key, value] : commandLine.overrides)
         ttservice::ConfigCollector::instance()->addLocalConfig(key, value);
     const std::string file = commandLine.shared.settings.value_or("");

@@ -83,7 +83,7 @@ std::string editText(const Page& shown, const Edit& edit, const Colours& colours
 
 std::string whyNotText(const Page& shown, const Colours& colours) {
     const WhyNot& whyNot = *shown.whyNot;
-    const std::string wanted = shownBytes(cutText(*shown.wanted, kShownLine));
+    const std::string wanted = shown.wanted->empty() ? "\"\"" : shownBytes(cutText(*shown.wanted, kShownLine));
     if (whyNot.isSoAlready) return "\nIt is " + wanted + " already.\n";
     if (!whyNot.edit) return "\nNo edit of the settings file makes it " + wanted + ": " + whyNot.whyNone + ".\n";
     std::string text = "\nThe smallest edit that makes it " + wanted;

@@ -6,6 +6,7 @@
 #include "ttconfig/reasons/limitedits.h"
 
 #include "traderbase/base/config/internal/volumelimit.h"
+#include "ttconfig/reasons/fieldedits.h"
 
 namespace ttconfig {
 
@@ -16,6 +17,9 @@ namespace internal = ttservice::internal;
 constexpr std::string_view kOthersOfRow = "everything else that the row names";
 constexpr std::string_view kOthersOfCategory = "every other instrument of the category";
 
+// So many rows that say what is wanted are tried for naming one more item.
+constexpr std::size_t kMostRowsNaming = 20;
+
 std::string joined(const std::vector<std::string>& items) {
     std::string text;
     for (std::size_t i = 0; i < items.size(); ++i)
@@ -23,20 +27,15 @@ std::string joined(const std::vector<std::string>& items) {
     return text;
 }
 
-// The value of a row that gives what is wanted: the row's fields with those in their place, fields that no row has said
-// as they are without one.
-std::string rowValue(const LimitLookup& asked, std::string_view value, const std::vector<std::string>& wanted) {
-    std::vector<std::string> fields;
-    if (internal::fieldCount(value) == asked.fieldCount) {
-        internal::splitKeepEmpty(value, ',', [&fields](std::string_view field) { fields.emplace_back(field); });
-    } else {
-        const std::string quantity = std::to_string(internal::kLimitWithoutRow);
-        fields = {quantity, internal::volumeLimitWithoutRow().second, quantity};
-        fields.resize(asked.fieldCount, "0");
-    }
-    for (std::size_t i = 0; i < wanted.size() && asked.firstField + i < fields.size(); ++i)
-        fields[asked.firstField + i] = wanted[i];
-    return joined(fields);
+// The fields of a row that gives what is wanted: fields that the answer does not have are as they are without a row
+// where no row says them.
+WantedPieces fieldsOf(const LimitLookup& asked, const std::vector<std::string>& wanted) {
+    const std::string quantity = std::to_string(internal::kLimitWithoutRow);
+    std::vector<WantedField> fields = {{quantity, true}, {internal::volumeLimitWithoutRow().second, true}};
+    fields.resize(asked.fieldCount, {quantity, true});
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        fields[asked.firstField + i] = {wanted[i]};
+    return wantedFields(asked.shape, std::move(fields));
 }
 
 // The key without the items that name this place of the table.
@@ -49,42 +48,54 @@ std::string keyWithout(const LimitEntry& entry) {
     return joined(kept);
 }
 
-std::string_view reachOfRow(const LimitEntry& entry, bool isCategory) {
-    const bool isAlone = entry.row->key.find(',') == std::string_view::npos;
+std::string_view reachOfRow(std::string_view key, bool isCategory) {
+    const bool isAlone = key.find(',') == std::string_view::npos;
     if (isCategory) return kOthersOfCategory;
     return isAlone ? std::string_view() : kOthersOfRow;
 }
 
+void suggestFields(const standin::SettingsEntry& row, bool isCategory, WantedPieces fields, Edits& edits) {
+    fields.reach = reachOfRow(row.key, isCategory);
+    suggestPieces(row, row.value, fields, edits);
+}
+
 // The row that counts: another value, not this item, not at all.
-void suggestRow(const LimitLookup& asked, std::string_view item, const std::vector<std::string>& wanted, Edits& edits) {
+void suggestRow(const LimitLookup& asked, std::string_view item, const WantedPieces* fields, Edits& edits) {
     const bool isCategory = item == asked.category.word;
     const LimitEntry* entry = asked.table.find(asked.market, item);
     if (entry == nullptr) return;
-    edits.reaching(reachOfRow(*entry, isCategory));
-    if (!wanted.empty()) edits.setValue(*entry->row, rowValue(asked, entry->row->value, wanted));
+    if (fields != nullptr) suggestFields(*entry->row, isCategory, *fields, edits);
+    edits.reaching(reachOfRow(entry->row->key, isCategory));
     edits.removeLine(*entry->row);
     const std::string key = keyWithout(*entry);
     edits.reaching(isCategory ? kOthersOfCategory : std::string_view());
     if (!key.empty()) edits.setKey(*entry->row, key);
 }
 
-void suggestNewRow(const LimitLookup& asked, std::string_view item, const std::vector<std::string>& wanted,
-                   Edits& edits) {
+// A new row, and the item named by a row that says it already.
+void suggestNewRow(const LimitLookup& asked, std::string_view item, const WantedPieces& fields, Edits& edits) {
     edits.reaching(item == asked.category.word ? kOthersOfCategory : std::string_view());
     const std::string key = asked.market + "-" + std::string(item);
     for (const internal::SettingKey* section : asked.sections)
-        edits.addLast(section->section, key, rowValue(asked, {}, wanted));
+        edits.addLast(section->section, key, wholeValue(fields));
+    std::size_t named = 0;
+    const standin::SettingsEntry* before = nullptr;
+    for (const LimitEntry& entry : asked.table.entries) {
+        if (entry.row == before || named == kMostRowsNaming) continue;
+        before = entry.row;
+        if (!saysAll(fields, entry.row->value)) continue;
+        edits.setKey(*entry.row, std::string(entry.row->key) + "," + key);
+        ++named;
+    }
 }
 
 // Rows that would name the item if they had the right number of fields.
-void suggestPassedOver(const LimitLookup& asked, std::string_view item, const std::vector<std::string>& wanted,
-                       Edits& edits) {
+void suggestPassedOver(const LimitLookup& asked, std::string_view item, const WantedPieces& fields, Edits& edits) {
     for (const PassedOverRow& passed : asked.table.passedOver) {
         if (passed.row->repeated) continue;
         internal::forEachLimitItem(passed.row->key, [&](const internal::LimitItem& written) {
             if (internal::tableKey(written) != internal::MarketItem(asked.market, item)) return;
-            edits.reaching(passed.row->key == written.text ? std::string_view() : kOthersOfRow);
-            edits.setValue(*passed.row, rowValue(asked, {}, wanted));
+            suggestFields(*passed.row, item == asked.category.word, fields, edits);
         });
     }
 }
@@ -92,13 +103,15 @@ void suggestPassedOver(const LimitLookup& asked, std::string_view item, const st
 }  // namespace
 
 void suggestLimit(const LimitLookup& asked, const Wanted& wanted, Edits& edits) {
-    const std::vector<std::string> fields = wanted.items();
+    const std::vector<std::string> values = wanted.values();
+    const bool fits = !values.empty() && asked.firstField + values.size() <= asked.fieldCount;
+    const WantedPieces fields = fieldsOf(asked, fits ? values : std::vector<std::string>());
     std::vector<std::string> items;
     if (asked.looksForCode) items.push_back(asked.code);
     if (items.empty() || items.front() != asked.category.word) items.push_back(asked.categoryWord());
     for (const std::string& item : items) {
-        suggestRow(asked, item, fields, edits);
-        if (fields.empty()) continue;
+        suggestRow(asked, item, fits ? &fields : nullptr, edits);
+        if (!fits) continue;
         suggestNewRow(asked, item, fields, edits);
         suggestPassedOver(asked, item, fields, edits);
     }

@@ -19,13 +19,20 @@ struct LimitLookup {
     std::string code;
     ttservice::internal::LimitCategory category;
     std::vector<const ttservice::internal::SettingKey*>
-        sections{};  // of the table, in the order in which they are read
+        sections{};                                          // of the table, in the order in which they are read
+    const ttservice::internal::LimitField* shape = nullptr;  // of the rows
     std::size_t fieldCount = 0;
     bool looksForCode = true;    // before it looks for the category
     bool insertsDefault = true;  // where there is no row
     Answer (*valueOf)(std::string_view value) = nullptr;
     Answer valueWithoutRow = nullptr;
     std::size_t firstField = 0;  // of the answer, among those of the row
+
+    template <std::size_t Count>
+    void setShape(const ttservice::internal::LimitRowShape<Count>& rowShape) {
+        shape = rowShape.data();
+        fieldCount = Count;
+    }
 
     std::string categoryWord() const { return std::string(category.word); }
     // "SH-STOCK"

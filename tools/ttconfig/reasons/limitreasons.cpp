@@ -180,7 +180,7 @@ LimitLookup orderLimitQuestion(const Question& question) {
     LimitLookup limit{question, question.facts.orderLimits(), asked.market, asked.code,
                       internal::orderLimitCategory(asked.market, asked.code, priceType)};
     limit.sections = {&keys::orderLimits, &keys::connectShanghaiOrderLimits, &keys::connectShenzhenOrderLimits};
-    limit.fieldCount = internal::kOrderLimitRow.size();
+    limit.setShape(internal::kOrderLimitRow);
     limit.valueOf = orderLimitOf;
     limit.valueWithoutRow = answerOf(internal::volumeLimitWithoutRow());
     return limit;
@@ -189,7 +189,7 @@ LimitLookup orderLimitQuestion(const Question& question) {
 LimitLookup blockTradeQuestion(const Question& question, const AskedInstrument& asked, LimitCategory category) {
     LimitLookup limit{question, question.facts.blockTrades(), asked.market, asked.code, category};
     limit.sections = {&keys::blockTradeLimits};
-    limit.fieldCount = internal::kBlockTradeLimitRow.size();
+    limit.setShape(internal::kBlockTradeLimitRow);
     limit.looksForCode = false;
     limit.insertsDefault = false;
     return limit;
@@ -220,7 +220,7 @@ LimitLookup stockRateQuestion(const Question& question) {
     LimitLookup limit{question, question.facts.stockRates(), asked.market, asked.code,
                       internal::stockRateCategory(asked.market, asked.code)};
     limit.sections = {&keys::stockRates};
-    limit.fieldCount = internal::kStockRateRow.size();
+    limit.setShape(internal::kStockRateRow);
     limit.valueOf = stockRateOf;
     limit.valueWithoutRow = rateRecord({0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0});
     return limit;
@@ -233,7 +233,7 @@ LimitLookup connectRateQuestion(const Question& question, const LimitTable& tabl
     if (asked.market == markets::kHk) asked.market = ownMarket;
     LimitLookup limit{question, table, asked.market, asked.code, internal::shenzhenConnectRateCategory()};
     limit.sections = {&key};
-    limit.fieldCount = internal::kConnectRateRow.size();
+    limit.setShape(internal::kConnectRateRow);
     limit.valueOf = connectRateOf;
     limit.valueWithoutRow = rateRecord(std::vector<Answer>(internal::kConnectRateRow.size(), 0.0));
     return limit;

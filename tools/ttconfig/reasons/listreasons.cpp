@@ -3,11 +3,11 @@
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
-#include <algorithm>
 #include <set>
 
 #include "traderbase/base/config/internal/catalogueentries.h"
 #include "ttconfig/reasons/explainedcalls.h"
+#include "ttconfig/reasons/pieceedits.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/showntext.h"
@@ -58,21 +58,24 @@ Explanation explainTypes(const Question& question, const TypeList& list) {
     return explanation;
 }
 
-// Types that are not wanted out, missing ones behind the others.
+void suggestOneReading(const Question& question, const TypeList& list, const std::vector<std::string>& types,
+                       Edits& edits) {
+    WantedPieces pieces;
+    pieces.separator = list.separator;
+    pieces.order = WantedPieces::Order::LastOfName;
+    pieces.count = types.size();
+    pieces.counts = [](std::string_view) { return true; };
+    pieces.says = [types](std::size_t number, std::string_view piece) { return piece == types[number]; };
+    pieces.names = pieces.says;
+    pieces.written = [types](std::size_t number, std::string_view) { return types[number]; };
+    suggestPieces(question.settings(), list.key.section, list.key.key, pieces, edits);
+}
+
+// What is shown as text may be one type with a "," in it.
 void suggestTypes(const Question& question, const TypeList& list, const Wanted& wanted, Edits& edits) {
-    std::vector<std::string> missing = wanted.items();
-    edits.setValue(list.key, joined(missing, list.separator));
-    const standin::SettingsEntry* row = entryOf(question, list.key);
-    if (row == nullptr) return;
-    const std::set<std::string> all(missing.begin(), missing.end());
-    std::vector<std::string> kept;
-    internal::splitKeepEmpty(row->value, list.separator, [&](std::string_view type) {
-        if (all.count(std::string(type)) != 0) kept.emplace_back(type);
-        missing.erase(std::remove(missing.begin(), missing.end(), type), missing.end());
-    });
-    kept.insert(kept.end(), missing.begin(), missing.end());
-    edits.setValue(*row, joined(kept, list.separator));
-    edits.removeLine(*row);
+    const std::vector<std::string> types = wanted.items();
+    suggestOneReading(question, list, types, edits);
+    if (!wanted.json() && types.size() > 1) suggestOneReading(question, list, {wanted.text()}, edits);
 }
 
 ExplainedCall typesCall(const TypeList& list) {
@@ -148,16 +151,24 @@ Explanation explainStrategies(const Question& question) {
     return explanation;
 }
 
-void suggestStrategies(const Question& /*question*/, const Wanted& wanted, Edits& edits) {
-    std::vector<std::string> pairs;
-    if (wanted.json() && wanted.json()->is_array()) {
-        for (const Answer& pair : *wanted.json()) {
-            if (!pair.is_array() || pair.size() != 2) return;
-            pairs.push_back(answerText(pair[0]) + ":" + answerText(pair[1]));
-        }
+void suggestStrategies(const Question& question, const Wanted& wanted, Edits& edits) {
+    std::vector<std::pair<std::string, std::string>> pairs;
+    for (const Answer& pair : wanted.structure()) {
+        if (!pair.is_array() || pair.size() != 2) return;
+        pairs.emplace_back(answerText(pair[0]), answerText(pair[1]));
     }
-    edits.setValue(keys::t0Strategies, joined(pairs, ';'));
-    if (pairs.empty()) edits.removeLine(keys::t0Strategies);
+    WantedPieces pieces;
+    pieces.separator = ';';
+    pieces.count = pairs.size();
+    pieces.counts = [](std::string_view piece) { return internal::isStored(internal::pairEntry(piece).outcome); };
+    pieces.says = [pairs](std::size_t number, std::string_view piece) {
+        const internal::PairEntry entry = internal::pairEntry(piece);
+        return entry.first == pairs[number].first && entry.second == pairs[number].second;
+    };
+    pieces.written = [pairs](std::size_t number, std::string_view) {
+        return pairs[number].first + ":" + pairs[number].second;
+    };
+    suggestPieces(question.settings(), keys::t0Strategies.section, keys::t0Strategies.key, pieces, edits);
 }
 
 }  // namespace

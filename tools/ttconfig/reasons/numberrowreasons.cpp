@@ -7,6 +7,7 @@
 
 #include <boost/algorithm/string/case_conv.hpp>
 
+#include "ttconfig/reasons/fieldtexts.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/showntext.h"
@@ -76,12 +77,12 @@ Explanation explainNumberRow(const NumberQuestion& asked) {
 }
 
 void suggestNumberRow(const NumberQuestion& asked, const Wanted& wanted, Edits& edits) {
-    const std::string number = wanted.text();
+    const std::string number = writtenLike({}, FieldKind::StrictDecimal, wanted.text());
     if (const NumberRow* found = asked.find()) {
         if (found->isUpperCase || boost::algorithm::to_upper_copy(asked.code()) != asked.code()) {
             edits.reaching("the code in the other letter case");
         }
-        edits.setValue(*found->row, number);
+        edits.setValue(*found->row, writtenLike(found->row->value, FieldKind::StrictDecimal, number));
         edits.removeLine(*found->row);
         edits.reaching({});
     }

@@ -4,6 +4,7 @@
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
 #include "ttconfig/reasons/explainedcalls.h"
+#include "ttconfig/reasons/fieldtexts.h"
 #include "ttconfig/reasons/platformvaluefacts.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/answertext.h"
@@ -195,28 +196,34 @@ void suggestUnnaming(const ValueQuestion<Value>& asked, Edits& edits) {
     edits.setValue(*asked.values.entry, joined(kept));
 }
 
-// An item of that text, new or in place of one for the platform.
 template <typename Value>
-void suggestItem(const ValueQuestion<Value>& asked, const std::string& item, Edits& edits) {
+constexpr FieldKind kFieldKind = std::is_floating_point_v<Value> ? FieldKind::StrictDecimal : FieldKind::StrictInteger;
+
+// An item with that value: new, or in place of one that is or was meant to be for the platform.
+template <typename Value>
+void suggestItem(const ValueQuestion<Value>& asked, const std::string& value, Edits& edits) {
+    const std::string item = std::to_string(asked.platform) + ":" + writtenLike({}, kFieldKind<Value>, value);
     if (asked.values.entry == nullptr) {
         edits.setValue(asked.key, item);
         return;
     }
     const standin::SettingsEntry& entry = *asked.values.entry;
-    const std::string value(entry.value);
-    edits.setValue(entry, value.empty() ? item : value + ";" + item);
-    if (!value.empty()) edits.setValue(entry, item + ";" + value);
-    if (!value.empty() && value.back() == ';') edits.setValue(entry, value + item);
+    const std::string all(entry.value);
+    edits.setValue(entry, all.empty() ? item : all + ";" + item);
+    if (!all.empty()) edits.setValue(entry, item + ";" + all);
+    if (!all.empty() && all.back() == ';') edits.setValue(entry, all + item);
     for (const auto& each : asked.values.items) {
         const bool isOfPlatform = each.read.kind == PerPlatformItemKind::Entry && each.read.platform == asked.platform;
-        if (isOfPlatform || isMeantFor(each.read, asked.platform)) {
-            edits.replacePiece(entry, each.read.text, item);
-        }
+        if (!isOfPlatform && !isMeantFor(each.read, asked.platform)) continue;
+        edits.replacePiece(entry, each.read.text, item);
+        const std::string_view old = each.read.text.substr(each.read.text.find(':') + 1);
+        if (isOfPlatform) edits.replacePiece(entry, old, writtenLike(old, kFieldKind<Value>, value));
     }
 }
 
 template <typename Value>
-void suggestDefault(const ValueQuestion<Value>& asked, const std::string& text, Edits& edits) {
+void suggestDefault(const ValueQuestion<Value>& asked, const std::string& value, Edits& edits) {
+    const std::string text = writtenLike({}, kFieldKind<Value>, value);
     edits.reaching("every platform that the value does not name");
     if (asked.values.entry == nullptr) {
         edits.setValue(asked.key, text);
@@ -224,11 +231,13 @@ void suggestDefault(const ValueQuestion<Value>& asked, const std::string& text, 
     }
     const standin::SettingsEntry& entry = *asked.values.entry;
     if (asked.values.byDefault) {
-        edits.replacePiece(entry, asked.values.items[*asked.values.byDefault].read.text, text);
+        const std::string_view old = asked.values.items[*asked.values.byDefault].read.text;
+        edits.replacePiece(entry, old, writtenLike(old, kFieldKind<Value>, value));
     }
     edits.setValue(entry, std::string(entry.value) + ";" + text);
     edits.setValue(entry, text + ";" + std::string(entry.value));
     edits.reaching("every platform that the line is about");
+    edits.setValue(entry, text);
     edits.removeLine(entry);
 }
 
@@ -236,7 +245,7 @@ template <typename Value>
 void suggestValue(const ValueQuestion<Value>& asked, const Wanted& wanted, Edits& edits) {
     const auto flag = wanted.flag();
     const std::string text = flag ? (*flag ? "1" : "0") : wanted.text();
-    suggestItem(asked, std::to_string(asked.platform) + ":" + text, edits);
+    suggestItem(asked, text, edits);
     if (asked.values.entry != nullptr) suggestUnnaming(asked, edits);
     suggestDefault(asked, text, edits);
 }
@@ -246,7 +255,7 @@ void suggestNamed(const ValueQuestion<Value>& asked, const Wanted& wanted, Edits
     const auto flag = wanted.flag();
     if (!flag) return;
     if (*flag) {
-        suggestItem(asked, std::to_string(asked.platform) + ":0", edits);
+        suggestItem(asked, "0", edits);
     } else if (asked.values.entry != nullptr) {
         suggestUnnaming(asked, edits);
         edits.reaching("every platform that the line is about");

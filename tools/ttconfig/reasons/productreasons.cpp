@@ -109,7 +109,10 @@ void suggestCombination(const Question& question, const Wanted& wanted, Edits& e
     for (const SettingsEntry& row : section->entries) {
         if (row.repeated) continue;
         if (wanted.text() == product) {
+            edits.reaching({});
             edits.setValue(row, valueWithoutMember(row.value, product));
+            edits.reaching("every group of the line");
+            edits.removeLine(row);
         } else {
             suggestGroups(row, product, wanted.text(), edits);
         }

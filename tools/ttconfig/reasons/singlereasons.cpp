@@ -6,6 +6,7 @@
 #include <standin/numbertext.h>
 
 #include "ttconfig/reasons/explainedcalls.h"
+#include "ttconfig/reasons/fieldtexts.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/showntext.h"
 
@@ -73,7 +74,10 @@ ExplainedCall flagCall(const SettingKey& key) {
 
 ExplainedCall numberCall(const SettingKey& key) {
     return {[&key](const Question& question) { return explainNumber<int>(question, key, asItIs); },
-            [&key](const Question&, const Wanted& wanted, Edits& edits) {
+            [&key](const Question& question, const Wanted& wanted, Edits& edits) {
+                if (const auto* entry = entryOf(question, key)) {
+                    edits.setValue(*entry, writtenLike(entry->value, FieldKind::StrictInteger, wanted.text()));
+                }
                 edits.setValue(key, wanted.text());
                 edits.removeLine(key);
             }};

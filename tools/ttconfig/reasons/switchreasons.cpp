@@ -7,8 +7,11 @@
 #include "traderbase/base/config/internal/platformswitchtable.h"
 #include "traderbase/base/config/internal/strictnumbers.h"
 #include "ttconfig/reasons/explainedcalls.h"
+#include "ttconfig/reasons/fieldtexts.h"
+#include "ttconfig/reasons/pieceedits.h"
 #include "ttconfig/reasons/switchfacts.h"
 #include "ttconfig/reasons/telling.h"
+#include "ttconfig/text/answertext.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -111,6 +114,8 @@ void suggestUnlisting(const SwitchQuestion& asked, const standin::SettingsEntry&
         if (internal::strictInt(piece) != asked.platform) kept.emplace_back(piece);
     });
     edits.setValue(entry, joined(kept));
+    // Blanks at the end of a value would be cut off, and a piece that ends in one might be an ID then.
+    edits.setValue(entry, joined(kept) + ",");
 }
 
 void suggestSwitch(const SwitchQuestion& asked, const Wanted& wanted, Edits& edits) {
@@ -154,9 +159,22 @@ Explanation explainGetPts(const Question& question) {
     return explanation;
 }
 
+// The IDs of a list, as pieces of its value.
+WantedPieces wantedPlatforms(const std::vector<std::string>& ids) {
+    WantedPieces pieces;
+    pieces.count = ids.size();
+    pieces.counts = [](std::string_view piece) { return internal::strictInt(piece).has_value(); };
+    pieces.says = [ids](std::size_t number, std::string_view piece) {
+        return says(piece, FieldKind::StrictInteger, ids[number]);
+    };
+    pieces.written = [ids](std::size_t number, std::string_view old) {
+        return writtenLike(old, FieldKind::StrictInteger, ids[number]);
+    };
+    return pieces;
+}
+
 void suggestGetPts(const Question& question, const Wanted& wanted, Edits& edits) {
-    edits.setValue(kSection, question.text(0), joined(wanted.items()));
-    if (const auto* entry = question.settings().findEntry(kSection, question.text(0))) edits.removeLine(*entry);
+    suggestPieces(question.settings(), kSection, question.text(0), wantedPlatforms(wanted.items()), edits);
 }
 
 std::map<std::string, std::vector<int>> allLists(const standin::SettingsText& text) {
@@ -185,19 +203,40 @@ Explanation explainAllPts(const Question& question) {
     return explanation;
 }
 
-// One key at a time: more than one that differs is more than one edit.
-void suggestAllPts(const Question& question, const Wanted& wanted, Edits& edits) {
-    if (!wanted.json() || !wanted.json()->is_object()) return;
-    const Answer lists = answerOf(allLists(question.settings()));
-    for (const auto& [key, ids] : wanted.json()->items()) {
-        if (!ids.is_array() || (lists.contains(key) && lists.at(key) == ids)) continue;
-        edits.setValue(kSection, key, joined(Wanted(ids.dump()).items()));
-        return;
-    }
+// A key that only one of two answers has, or that has another list there.
+struct OtherList {
+    std::string key;
+    std::vector<std::string> ids;
+};
+
+std::vector<OtherList> otherLists(const Answer& lists, const Answer& than) {
+    std::vector<OtherList> others;
     for (const auto& [key, ids] : lists.items()) {
-        if (wanted.json()->contains(key)) continue;
-        if (const auto* entry = question.settings().findEntry(kSection, key)) edits.removeLine(*entry);
-        return;
+        const bool isSame = than.contains(key) && answerText(than.at(key)) == answerText(ids);
+        if (!isSame) others.push_back({key, Wanted(ids.dump()).items()});
+    }
+    return others;
+}
+
+// One edit changes the list of one key, or of two where a line gets another name.
+constexpr std::size_t kMostOtherLists = 2;
+
+void suggestAllPts(const Question& question, const Wanted& wanted, Edits& edits) {
+    const standin::SettingsText& text = question.settings();
+    const Answer lists = wanted.structure();
+    if (!lists.is_object() && !lists.empty()) return;
+    const Answer now = answerOf(allLists(text));
+    const std::vector<OtherList> come = otherLists(lists, now);
+    const std::vector<OtherList> go = otherLists(now, lists);
+    if (come.size() > kMostOtherLists || go.size() > kMostOtherLists) return;
+    for (const OtherList& list : come)
+        suggestPieces(text, kSection, list.key, wantedPlatforms(list.ids), edits);
+    for (const OtherList& list : go) {
+        const auto* entry = text.findEntry(kSection, list.key);
+        if (entry == nullptr) continue;
+        edits.removeLine(*entry);
+        for (const OtherList& other : come)
+            edits.setKey(*entry, other.key);
     }
 }
 

@@ -5,9 +5,11 @@
 
 #include "ttconfig/reasons/wanted.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "traderbase/base/config/internal/splitting.h"
+#include "traderbase/base/config/internal/strictnumbers.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/nesting.h"
 
@@ -22,15 +24,92 @@ std::optional<Answer> asJson(const std::string& text) {
     return value;
 }
 
-// The numbers of a record that holds nothing else.
-const Answer* numbersOf(const Answer& answer) {
-    return answer.is_object() && answer.size() == 1 && answer.contains("fields") ? &answer.at("fields") : nullptr;
+// The values of a record, without their names.
+Answer valuesOf(const Answer& record) {
+    if (!record.is_object()) return record;
+    if (record.size() == 1 && record.contains("fields")) return record.at("fields");
+    Answer values = Answer::array();
+    for (const auto& [name, value] : record.items())
+        values.push_back(value);
+    return values;
 }
 
-// Objects are compared whatever the order of their members.
-bool isSame(const Answer& answer, const Answer& wanted) {
-    return Argument(answer) == Argument(wanted);
+std::vector<std::string> textsOf(const Answer& items) {
+    std::vector<std::string> texts;
+    for (const Answer& item : items)
+        texts.push_back(answerText(item));
+    return texts;
 }
+
+// Objects are compared whatever the order of their members, and as they are printed: numbers that are none and bytes
+// that are not UTF-8 are not what they were.
+bool isSame(const Answer& answer, const Answer& wanted) {
+    return Argument::parse(answerJson(answer)) == Argument(wanted);
+}
+
+// Whether a list or a record of texts, as it was read, is the answer. A number may be written in another way.
+bool isShown(const Answer& answer, const Answer& read) {
+    if (!read.is_structured()) {
+        if (!answer.is_number() || !read.is_string()) return answerText(answer) == answerText(read);
+        return ttservice::internal::strictDouble(read.get_ref<const std::string&>()) == answer.get<double>();
+    }
+    if (!answer.is_structured() || answer.size() != read.size()) return false;
+    if (answer.empty()) return true;
+    if (answer.is_object() != read.is_object()) return false;
+    return std::equal(answer.items().begin(), answer.items().end(), read.items().begin(),
+                      [](const auto& left, const auto& right) {
+                          return left.key() == right.key() && isShown(left.value(), right.value());
+                      });
+}
+
+// Reads lists and records of texts that are written as answerText() writes them.
+class ShownAnswer {
+public:
+    explicit ShownAnswer(std::string_view text) : rest(text) {}
+
+    // The items up to the end, or up to a bracket that closes them.
+    Answer items() {
+        Answer list = Answer::array();
+        Answer record = Answer::object();
+        bool isMore = !isAtEnd();
+        while (isMore) {
+            const std::string_view text = upTo(",:[]{}");
+            if (take(':')) {
+                record.get_ref<Answer::object_t&>().push_back({std::string(text), value(upTo(",[]{}"))});
+            } else {
+                list.push_back(value(text));
+            }
+            isMore = take(',');
+        }
+        return list.empty() && !record.empty() ? record : list;
+    }
+
+private:
+    bool isAtEnd() const { return rest.empty() || rest.front() == ']' || rest.front() == '}'; }
+
+    bool take(char byte) {
+        const bool isThere = !rest.empty() && rest.front() == byte;
+        if (isThere) rest.remove_prefix(1);
+        return isThere;
+    }
+
+    // What stands in front of the next of these bytes.
+    std::string_view upTo(const char* bytes) {
+        const std::string_view text = rest.substr(0, rest.find_first_of(bytes));
+        rest.remove_prefix(text.size());
+        return text;
+    }
+
+    // The list or record that begins here; without one the text that has been read.
+    Answer value(std::string_view text) {
+        if (!take('[') && !take('{')) return std::string(text);
+        Answer inner = items();
+        if (!rest.empty()) rest.remove_prefix(1);
+        return inner;
+    }
+
+    std::string_view rest;
+};
 
 }  // namespace
 
@@ -56,11 +135,13 @@ Wanted::Wanted(std::string text) : written(std::move(text)), value(asJson(writte
 
 bool Wanted::matches(const Answer& answer) const {
     const Answer plain = withoutRecordNumbers(answer);
-    if (answerText(plain) == written) return true;
-    const Answer* numbers = numbersOf(plain);
-    if (numbers != nullptr && answerText(*numbers) == written) return true;
-    if (!value) return false;
-    return isSame(plain, *value) || (numbers != nullptr && isSame(*numbers, *value));
+    const Answer values = valuesOf(plain);
+    for (const Answer* shown : {&answer, &plain, &values}) {
+        if (answerText(*shown) == written) return true;
+    }
+    if (value) return isSame(plain, *value) || isSame(values, *value);
+    const Answer read = structure();
+    return isShown(plain, read) || isShown(values, read);
 }
 
 std::optional<bool> Wanted::flag() const {
@@ -73,17 +154,23 @@ std::string Wanted::text() const {
 }
 
 std::vector<std::string> Wanted::items() const {
+    if (value && value->is_array()) return textsOf(*value);
     std::vector<std::string> all;
-    if (value && value->is_structured()) {
-        const Answer* numbers = numbersOf(*value);
-        for (const Answer& item : numbers == nullptr ? *value : *numbers)
-            all.push_back(answerText(item));
-        return all;
-    }
     const std::string whole = text();
     if (whole.empty()) return all;
     ttservice::internal::splitKeepEmpty(whole, ',', [&all](std::string_view item) { all.emplace_back(item); });
     return all;
+}
+
+Answer Wanted::structure() const {
+    if (value) return value->is_structured() ? *value : Answer();
+    if (isNone() || isNestedTooDeep(written)) return {};
+    return withoutRecordNumbers(ShownAnswer(written).items());
+}
+
+std::vector<std::string> Wanted::values() const {
+    const Answer read = structure();
+    return read.is_object() ? textsOf(valuesOf(read)) : items();
 }
 
 }  // namespace ttconfig

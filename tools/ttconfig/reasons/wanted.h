@@ -10,7 +10,7 @@
 namespace ttconfig {
 
 // An answer that somebody expected: as the tool shows answers, as text or as JSON. Record numbers ("@") do not count,
-// and a record of numbers may be written as the numbers alone.
+// and a record may be written as its values alone.
 class Wanted {
 public:
     explicit Wanted(std::string text);
@@ -23,6 +23,11 @@ public:
     std::string text() const;
     // It as the items of a list; of anything but JSON the pieces between ",".
     std::vector<std::string> items() const;
+    // It as a list or a record, also where it is written as the tool shows these as text, and all in it is text then;
+    // null where it is neither.
+    Answer structure() const;
+    // The values of the record that it is, in the order in which the tool shows them, or its items.
+    std::vector<std::string> values() const;
     // It as JSON; none for a text that is no JSON.
     const std::optional<Answer>& json() const { return value; }
     bool isNone() const { return value ? value->is_null() : written == "none"; }

@@ -44,7 +44,8 @@ std::string whyNone(Reason reason) {
         case Reason::Script:
             return "the market-time script decides; the settings file plays no part";
         case Reason::UnitRule:
-            return "a rule about the instrument decides, and no setting that it asks leads to that answer";
+            return "a rule about the instrument decides, and none of the settings that it asks leads to that answer by "
+                   "itself";
         default:
             return "no change of one line that was tried makes it so";
     }
