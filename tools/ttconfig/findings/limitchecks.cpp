@@ -189,7 +189,8 @@ private:
         if (context.platform == nullptr || !isStockExchange(market)) return;
         if (isCategoryWord(code) || isKnown(market, code)) return;
         remarks.say(RuleId::UnknownInstrument, item.text, [&] {
-            return fmt::format("the platform data knows no instrument {} of {}; check the code", code, market);
+            return fmt::format("the platform data knows no instrument {} of {}; check the code", shownText(code),
+                               market);
         });
     }
 

@@ -189,7 +189,7 @@ TEST(Check, PlatformDataTellsWhichCodesItDoesNotKnow) {
     const ToolRun run = runTool({"check", file, "--platform", data});
     EXPECT_EQ(run.exitCode, 1);
     ASSERT_EQ(run.lines().size(), 1U);
-    EXPECT_THAT(run.out, HasSubstr(":2:11: note: the platform data knows no instrument 610000 of SH"));
+    EXPECT_THAT(run.out, HasSubstr(":2:11: note: the platform data knows no instrument \"610000\" of SH"));
 }
 
 // As text, so many of a rule; a last line says how many more there are.
