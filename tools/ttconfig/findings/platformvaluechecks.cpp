@@ -13,6 +13,7 @@
 #include "ttconfig/findings/valuechecks.h"
 #include "ttconfig/findings/valueranges.h"
 #include "ttconfig/text/showntext.h"
+#include "ttconfig/text/uppercase.h"
 
 namespace ttconfig {
 
@@ -108,7 +109,7 @@ private:
                 return fmt::format("is one item, and its platform is none: {}{}", kDropped,
                                    orWrite(items, "write an item for each platform"));
             });
-        } else if (UpperCaseEqual()(platform, "default") || UpperCaseEqual()(platform, "all") || platform == "*") {
+        } else if (isSameUpper(platform, "default") || isSameUpper(platform, "all") || platform == "*") {
             remarks.wrong(RuleId::BadPlatformId, platform,
                           "is no platform ID, and the item is passed over; the value of all other platforms stands "
                           "alone, without a \":\"");
