@@ -168,7 +168,7 @@ std::string limitItemMeant(std::string_view text) {
 }
 
 std::string_view codeBehindMarket(std::string_view text) {
-    const std::size_t sign = text.find_first_of("-._:/");
+    const std::size_t sign = text.find_first_of("-:");
     if (sign == std::string_view::npos || !isNamedMarket(text.substr(0, sign))) return {};
     return text.substr(sign + 1);
 }

@@ -24,7 +24,7 @@ std::string wholeNumberIn(std::string_view text);
 // empty where no known market is in it.
 std::string limitItemMeant(std::string_view text);
 
-// The code of a text that is a known market, a sign such as "-" and a code; empty for any other text.
+// The code of a text that is a known market, "-" or ":", and a code; empty for any other text.
 std::string_view codeBehindMarket(std::string_view text);
 
 // The text without the blanks around it.

@@ -108,9 +108,10 @@ private:
     bool checkMarket(const LimitItem& item, const std::string& market) {
         if (context.markets.knows(market)) return false;
         if (!std::any_of(market.begin(), market.end(), isLetter) && isNamedMarket(item.item)) {
-            remarks.say(RuleId::UnknownMarket, item.text, [&] {
-                return "the market stands in front of the \"-\"" +
-                       orWrite(fmt::format("{}-{}", item.item, item.market), "write it there");
+            remarks.say(RuleId::UnreachableRow, item.text, [&] {
+                return fmt::format("no question reaches {} here: the market stands in front of the \"-\"{}",
+                                   shownText(item.text),
+                                   orWrite(fmt::format("{}-{}", item.item, item.market), "write it there"));
             });
         } else if (context.unknownMarkets.insert(market).second) {
             remarks.say(RuleId::UnknownMarket, item.market, [&] {

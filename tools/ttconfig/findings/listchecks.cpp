@@ -76,13 +76,16 @@ void checkCode(EntryRemarks& remarks, std::string_view code, std::string_view ot
 bool checkMarket(EntryRemarks& remarks, const MarketNames& names, std::string_view market) {
     if (names.knows(market) || causeIn(market)) return true;
     const std::string upper = utils::toUpper(std::string(market));
-    remarks.say(RuleId::UnknownMarket, market, [&] {
-        if (names.knows(upper)) {
-            return fmt::format("{} is no market: letter case counts here; write {}", shownText(market),
+    if (names.knows(upper)) {
+        remarks.say(RuleId::UnreachableRow, market, [&] {
+            return fmt::format("no question reaches a market {} here: letter case counts; write {}", shownText(market),
                                visibleText(upper));
-        }
-        return fmt::format("{} is a market that {}{}", shownText(market), names.namers(), names.didYouMean(upper));
-    });
+        });
+    } else {
+        remarks.say(RuleId::UnknownMarket, market, [&] {
+            return fmt::format("{} is a market that {}{}", shownText(market), names.namers(), names.didYouMean(upper));
+        });
+    }
     return false;
 }
 

@@ -198,9 +198,10 @@ private:
             return checkName(remarks, entry.market, ",|", ";");
         }
         if (isNamedMarket(entry.codes) && isDigit(entry.market.front())) {
-            return remarks.say(RuleId::UnknownMarket, entry.text, [&] {
-                return "the market stands in front of the code" +
-                       orWrite(fmt::format("{}:{}", entry.codes, entry.market), "write it there");
+            return remarks.say(RuleId::UnreachableRow, entry.text, [&] {
+                return fmt::format("no question reaches {} here: the market stands in front of the code{}",
+                                   shownText(entry.text),
+                                   orWrite(fmt::format("{}:{}", entry.codes, entry.market), "write it there"));
             });
         }
         remarks.text(entry.market);

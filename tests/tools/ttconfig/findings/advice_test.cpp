@@ -112,6 +112,22 @@ TEST(Advice, FieldsReadAsTheStoreReadsThem) {
     }
 }
 
+// Where a message ends with a text to write, that text in place of what the finding is about is right.
+void expectCleanWhenWritten(const std::string& bytes, const Finding& finding) {
+    const std::string mark = "; write \"";
+    const std::size_t at = finding.message.rfind(mark);
+    const bool isOfCharacter = finding.rule == "full-width-character" || finding.rule == "blank-in-list";
+    if (at == std::string::npos || finding.message.back() != '"' || isOfCharacter) return;
+    const std::string instead = finding.message.substr(at + mark.size(), finding.message.size() - at - mark.size() - 1);
+    std::size_t start = 0;
+    for (std::uint32_t line = 1; line < finding.place.line; ++line)
+        start = bytes.find('\n', start) + 1;
+    std::string written = bytes;
+    written.replace(start + finding.place.column - 1, finding.length, instead);
+    for (const Finding& left : checkSettings(standin::SettingsText(written)))
+        ADD_FAILURE() << written << left.rule << ": " << left.message;
+}
+
 // What a line is told to be, as its author reads it.
 TEST(Advice, MessagesSayWhatToWrite) {
     const struct {
@@ -169,13 +185,14 @@ TEST(Advice, MessagesSayWhatToWrite) {
         {"specialCombCompacts", "SHFE=cu;bc", "; write \"cu,bc\""},
         {"monetaryFundUseSloBalanceFirst", "41=SSE-511880", "; write \"SSE511880\""},
         {"MonetaryFundSetting", "fix_price_by_nontrade_monetaryfund=SSE519888", "; write \"SSE:519888\""},
-        {"MonetaryFundSetting", "fix_price_by_nontrade_monetaryfund=sse:519888", "letter case counts here; write SSE"},
+        {"MonetaryFundSetting", "fix_price_by_nontrade_monetaryfund=sse:519888", "letter case counts; write SSE"},
     };
     for (const auto& row : rows) {
         const standin::SettingsText text{std::string("[") + row.section + "]\n" + row.line + '\n'};
         const auto findings = checkSettings(text);
         ASSERT_FALSE(findings.empty()) << row.line;
         EXPECT_THAT(findings.front().message, HasSubstr(row.advice)) << row.line;
+        expectCleanWhenWritten(std::string(text.bytes()), findings.front());
     }
 }
 
