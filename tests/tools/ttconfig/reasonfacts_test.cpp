@@ -82,13 +82,16 @@ TEST(LimitTable, KnowsWhatEachEntryOverwrote) {
         std::string("[StkExchangeOrderLimit]\nSH-1,sh-1=1,a\nSH-2=5\n"
                     "[HGTExchangeOrderLimit]\nSH-1=2,b\nSH-1=3,c\n"));
     const ttconfig::LimitTable table = ttconfig::orderLimitTable(text);
-    std::vector<Place> places;
-    for (const auto* entry = table.find("SH", "1"); entry != nullptr; entry = table.formerOf(*entry))
-        places.push_back(entry->place());
-    EXPECT_THAT(places, ElementsAre(Place{5, 1}, Place{2, 6}, Place{2, 1}));
-    EXPECT_EQ(table.entries.back().section->name, "HGTExchangeOrderLimit");
-    EXPECT_EQ(table.entries.back().row->value, "2,b");
-    EXPECT_EQ(table.find("SH", "2"), nullptr);
+    const ttconfig::LimitEntries entries = table.entriesOf("SH", "1");
+    ASSERT_TRUE(entries.last);
+    EXPECT_EQ(entries.last->place(), (Place{5, 1}));
+    EXPECT_EQ(entries.last->section->name, "HGTExchangeOrderLimit");
+    EXPECT_EQ(entries.last->row->value, "2,b");
+    ASSERT_EQ(entries.former.size(), 2U);
+    EXPECT_EQ(entries.former[0].place(), (Place{2, 6}));
+    EXPECT_EQ(entries.former[1].place(), (Place{2, 1}));
+    EXPECT_EQ(entries.furtherFormer, 0U);
+    EXPECT_FALSE(table.find("SH", "2"));
     EXPECT_EQ(table.passedOver.size(), 2U);
 }
 

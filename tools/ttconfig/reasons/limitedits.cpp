@@ -20,13 +20,6 @@ constexpr std::string_view kOthersOfCategory = "every other instrument of the ca
 // So many rows that say what is wanted are tried for naming one more item.
 constexpr std::size_t kMostRowsNaming = 20;
 
-std::string joined(const std::vector<std::string>& items) {
-    std::string text;
-    for (std::size_t i = 0; i < items.size(); ++i)
-        text += (i == 0 ? "" : ",") + items[i];
-    return text;
-}
-
 // The fields of a row that gives what is wanted: fields that the answer does not have are as they are without a row
 // where no row says them.
 WantedPieces fieldsOf(const LimitLookup& asked, const std::vector<std::string>& wanted) {
@@ -39,13 +32,12 @@ WantedPieces fieldsOf(const LimitLookup& asked, const std::vector<std::string>& 
 }
 
 // The key without the items that name this place of the table.
-std::string keyWithout(const LimitEntry& entry) {
-    const internal::MarketItem place = internal::tableKey(entry.item);
-    std::vector<std::string> kept;
-    internal::forEachLimitItem(entry.row->key, [&](const internal::LimitItem& item) {
-        if (internal::tableKey(item) != place) kept.emplace_back(item.text);
+std::string keyWithout(const LimitLookup& asked, std::string_view key, std::string_view item) {
+    std::string kept;
+    internal::forEachLimitItem(key, [&](const internal::LimitItem& written) {
+        if (!isNamed(written, asked.market, item)) kept.append(kept.empty() ? "" : ",").append(written.text);
     });
-    return joined(kept);
+    return kept;
 }
 
 std::string_view reachOfRow(std::string_view key, bool isCategory) {
@@ -62,12 +54,12 @@ void suggestFields(const standin::SettingsEntry& row, bool isCategory, WantedPie
 // The row that counts: another value, not this item, not at all.
 void suggestRow(const LimitLookup& asked, std::string_view item, const WantedPieces* fields, Edits& edits) {
     const bool isCategory = item == asked.category.word;
-    const LimitEntry* entry = asked.table.find(asked.market, item);
-    if (entry == nullptr) return;
+    const auto entry = asked.table.find(asked.market, item);
+    if (!entry) return;
     if (fields != nullptr) suggestFields(*entry->row, isCategory, *fields, edits);
     edits.reaching(reachOfRow(entry->row->key, isCategory));
     edits.removeLine(*entry->row);
-    const std::string key = keyWithout(*entry);
+    const std::string key = keyWithout(asked, entry->row->key, item);
     edits.reaching(isCategory ? kOthersOfCategory : std::string_view());
     if (!key.empty()) edits.setKey(*entry->row, key);
 }
@@ -79,22 +71,20 @@ void suggestNewRow(const LimitLookup& asked, std::string_view item, const Wanted
     for (const internal::SettingKey* section : asked.sections)
         edits.addLast(section->section, key, wholeValue(fields));
     std::size_t named = 0;
-    const standin::SettingsEntry* before = nullptr;
-    for (const LimitEntry& entry : asked.table.entries) {
-        if (entry.row == before || named == kMostRowsNaming) continue;
-        before = entry.row;
-        if (!saysAll(fields, entry.row->value)) continue;
-        edits.setKey(*entry.row, std::string(entry.row->key) + "," + key);
+    for (const LimitRow& each : asked.table.rows) {
+        if (named == kMostRowsNaming) break;
+        if (!saysAll(fields, each.row->value)) continue;
+        edits.setKey(*each.row, std::string(each.row->key) + "," + key);
         ++named;
     }
 }
 
 // Rows that would name the item if they had the right number of fields.
 void suggestPassedOver(const LimitLookup& asked, std::string_view item, const WantedPieces& fields, Edits& edits) {
-    for (const PassedOverRow& passed : asked.table.passedOver) {
+    for (const LimitRow& passed : asked.table.passedOver) {
         if (passed.row->repeated) continue;
         internal::forEachLimitItem(passed.row->key, [&](const internal::LimitItem& written) {
-            if (internal::tableKey(written) != internal::MarketItem(asked.market, item)) return;
+            if (!isNamed(written, asked.market, item)) return;
             suggestFields(*passed.row, item == asked.category.word, fields, edits);
         });
     }

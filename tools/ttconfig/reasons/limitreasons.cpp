@@ -76,9 +76,9 @@ Answer connectRateOf(std::string_view value) {
 
 // A candidate for each row that names the item and was passed over.
 void addPassedOver(const LimitLookup& asked, const std::string& item, Reason reason, Explanation& explanation) {
-    for (const PassedOverRow& passed : asked.table.passedOver) {
+    for (const LimitRow& passed : asked.table.passedOver) {
         internal::forEachLimitItem(passed.row->key, [&](const internal::LimitItem& written) {
-            if (internal::tableKey(written) != internal::MarketItem(asked.market, item)) return;
+            if (!isNamed(written, asked.market, item)) return;
             lose(explanation,
                  {reason, asked.nameOf(item), placeInKey(*passed.row, written.text),
                   passed.row->repeated ? std::string("of a repeated key the first value counts")
@@ -89,23 +89,24 @@ void addPassedOver(const LimitLookup& asked, const std::string& item, Reason rea
 }
 
 // Rows that named the item before the one that counts.
-void addFormers(const LimitLookup& asked, const LimitEntry& winner, Reason reason, const std::string& item,
+void addFormers(const LimitLookup& asked, const LimitEntries& entries, Reason reason, const std::string& item,
                 Explanation& explanation) {
-    for (const LimitEntry* former = asked.table.formerOf(winner); former != nullptr;
-         former = asked.table.formerOf(*former)) {
-        lose(explanation,
-             {reason, asked.nameOf(item), former->place(), "overwritten by line " + std::to_string(winner.row->line)});
+    for (const LimitEntry& former : entries.former) {
+        lose(explanation, {reason, asked.nameOf(item), former.place(),
+                           "overwritten by line " + std::to_string(entries.last->row->line)});
     }
+    explanation.furtherLost += entries.furtherFormer;
 }
 
-Explanation byRow(const LimitLookup& asked, const LimitEntry& entry, Reason reason, const std::string& item) {
+Explanation byRow(const LimitLookup& asked, const LimitEntries& entries, Reason reason, const std::string& item) {
+    const LimitEntry& entry = *entries.last;
     Explanation explanation;
     explanation.answer = asked.valueOf(entry.row->value);
     explanation.reason = reason;
     explanation.rule = asked.nameOf(item) + " in [" + std::string(entry.section->name) + "]" + asked.describe(reason);
     explanation.place = entry.place();
     addPassedOver(asked, item, reason, explanation);
-    addFormers(asked, entry, reason, item, explanation);
+    addFormers(asked, entries, reason, item, explanation);
     return explanation;
 }
 
@@ -125,15 +126,15 @@ Explanation withoutRow(const LimitLookup& asked) {
 }
 
 Explanation byCategory(const LimitLookup& asked) {
-    const LimitEntry* entry = asked.table.find(asked.market, asked.category.word);
-    return entry == nullptr ? withoutRow(asked) : byRow(asked, *entry, Reason::CategoryRow, asked.categoryWord());
+    const LimitEntries entries = asked.table.entriesOf(asked.market, asked.category.word);
+    return entries.last ? byRow(asked, entries, Reason::CategoryRow, asked.categoryWord()) : withoutRow(asked);
 }
 
 // The code's own row is not looked for, but may be there.
 Explanation byCategoryAlone(const LimitLookup& asked) {
     Explanation explanation = byCategory(asked);
-    const LimitEntry* own = asked.table.find(asked.market, asked.code);
-    if (own != nullptr && asked.code != asked.category.word) {
+    const auto own = asked.table.find(asked.market, asked.code);
+    if (own && asked.code != asked.category.word) {
         explanation.lost.insert(explanation.lost.begin(), {Reason::CodeRow, asked.nameOf(asked.code), own->place(),
                                                            "rows of codes are not looked for here"});
     }
@@ -142,10 +143,11 @@ Explanation byCategoryAlone(const LimitLookup& asked) {
 
 Explanation explainLimit(const LimitLookup& asked) {
     if (!asked.looksForCode) return byCategoryAlone(asked);
-    if (const LimitEntry* entry = asked.table.find(asked.market, asked.code)) {
-        Explanation explanation = byRow(asked, *entry, Reason::CodeRow, asked.code);
-        const LimitEntry* category = asked.table.find(asked.market, asked.category.word);
-        if (category != nullptr && category != entry) {
+    const LimitEntries entries = asked.table.entriesOf(asked.market, asked.code);
+    if (entries.last) {
+        Explanation explanation = byRow(asked, entries, Reason::CodeRow, asked.code);
+        const auto category = asked.table.find(asked.market, asked.category.word);
+        if (category && asked.category.word != asked.code) {
             lose(explanation, {Reason::CategoryRow, asked.nameOf(asked.categoryWord()), category->place(),
                                wouldBe(withoutRecordNumbers(asked.valueOf(category->row->value)))});
         }

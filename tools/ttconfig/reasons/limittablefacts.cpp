@@ -1,9 +1,18 @@
-// Limit tables: answers which item of which row each place of a limit table has its value from.
+// Limit tables: answers which item of which row a place of a limit table has its value from.
 // Doors: orderLimitTable() and its sisters.
 // Owns: nothing; the rows' grammar is the library's.
 // Covered by tests/tools/ttconfig/reasonfacts_test.cpp.
 
 #include "ttconfig/reasons/limittablefacts.h"
+
+#include <ttplatform/text.h>
+
+#include <algorithm>
+#include <deque>
+#include <iterator>
+#include <string>
+
+#include "ttconfig/reasons/explainer.h"
 
 namespace ttconfig {
 
@@ -14,11 +23,12 @@ using standin::SettingsEntry;
 using standin::SettingsSection;
 using standin::SettingsText;
 
-void enterItem(const SettingsSection& section, const SettingsEntry& row, const LimitItem& item, LimitTable& table) {
-    const auto number = static_cast<std::uint32_t>(table.entries.size());
-    const auto [place, isNew] = table.byItem.emplace(tableKey(item), number);
-    table.entries.push_back({&section, &row, item, isNew ? kNoLimitEntry : place->second});
-    place->second = number;
+// Whether a text comes to that one in upper case. Most texts have no letter to change, and are compared as they are.
+bool comesTo(std::string_view written, std::string_view upper) {
+    const bool isUpper = std::none_of(written.begin(), written.end(), [](char c) {
+        return (c >= 'a' && c <= 'z') || (static_cast<unsigned char>(c) & 0x80U) != 0;
+    });
+    return isUpper ? written == upper : utils::toUpper(std::string(written)) == upper;
 }
 
 // Later rows win; of a repeated key the first value counts.
@@ -30,9 +40,9 @@ void enterRows(const SettingsText& text, const SettingKey& topic, const LimitRow
     for (const SettingsEntry& row : section->entries) {
         if (row.repeated || fieldCount(row.value) != Count) {
             table.passedOver.push_back({section, &row});
-            continue;
+        } else {
+            table.rows.push_back({section, &row});
         }
-        forEachLimitItem(row.key, [&](const LimitItem& item) { enterItem(*section, row, item, table); });
     }
 }
 
@@ -44,6 +54,28 @@ LimitTable tableOf(const SettingsText& text, const SettingKey& topic, const Limi
 }
 
 }  // namespace
+
+bool isNamed(const LimitItem& item, std::string_view market, std::string_view code) {
+    return comesTo(item.item, code) && comesTo(item.market, market);
+}
+
+LimitEntries LimitTable::entriesOf(std::string_view market, std::string_view item) const {
+    std::deque<LimitEntry> found;
+    LimitEntries entries;
+    for (const LimitRow& each : rows) {
+        forEachLimitItem(each.row->key, [&](const LimitItem& written) {
+            if (!isNamed(written, market, item)) return;
+            found.push_back({each.section, each.row, written});
+            if (found.size() <= kMostLost) return;
+            found.pop_front();
+            ++entries.furtherFormer;
+        });
+    }
+    if (found.empty()) return entries;
+    entries.last = found.back();
+    entries.former.assign(std::next(found.rbegin()), found.rend());
+    return entries;
+}
 
 LimitTable orderLimitTable(const SettingsText& text) {
     LimitTable table;

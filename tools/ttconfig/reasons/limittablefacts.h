@@ -3,8 +3,7 @@
 #include <standin/settingstext.h>
 
 #include <cstddef>
-#include <cstdint>
-#include <limits>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -14,40 +13,43 @@
 
 namespace ttconfig {
 
-// One item of a row of a limit section, as it was entered into its table.
+// A row of a limit section.
+struct LimitRow {
+    const standin::SettingsSection* section;
+    const standin::SettingsEntry* row;
+};
+
+// One item of a row, as it is entered into its table.
 struct LimitEntry {
     const standin::SettingsSection* section;
     const standin::SettingsEntry* row;
     ttservice::internal::LimitItem item;
-    std::uint32_t former;  // the entry that it overwrote, kNoLimitEntry when it is the first
 
     Place place() const { return placeInKey(*row, item.text); }
 };
 
-inline constexpr std::uint32_t kNoLimitEntry = std::numeric_limits<std::uint32_t>::max();
-
-// A row that a load passes over: its key was there before in its section, or it has the wrong number of fields.
-struct PassedOverRow {
-    const standin::SettingsSection* section;
-    const standin::SettingsEntry* row;
+// Everything that was entered for one place of a table.
+struct LimitEntries {
+    std::optional<LimitEntry> last;  // the one that counts
+    std::vector<LimitEntry> former;  // overwritten ones, the latest first
+    std::size_t furtherFormer = 0;   // how many there are beside those
 };
 
-// A limit table as a load leaves it, before any question has put defaults in.
+// A limit table as a load leaves it, before any question has put defaults in. A row may name a million instruments, so
+// only rows are held, and items are looked at when they are asked for.
 struct LimitTable {
-    std::vector<LimitEntry> entries;  // in the order in which they were entered, overwritten ones included
-    ttservice::internal::MarketItemTable<std::uint32_t> byItem;  // the entry that counts; market and item in upper case
+    std::vector<LimitRow> rows;        // in the order in which they are entered
+    std::vector<LimitRow> passedOver;  // those whose key was there before, or that have the wrong number of fields
 
-    std::vector<PassedOverRow> passedOver;
-
-    // The entry that counts; null when no row names market and item, both given in upper case.
-    const LimitEntry* find(std::string_view market, std::string_view item) const {
-        const auto* number = ttservice::internal::findRow(byItem, market, item);
-        return number == nullptr ? nullptr : &entries[*number];
-    }
-    const LimitEntry* formerOf(const LimitEntry& entry) const {
-        return entry.former == kNoLimitEntry ? nullptr : &entries[entry.former];
+    // Market and item in upper case.
+    LimitEntries entriesOf(std::string_view market, std::string_view item) const;
+    std::optional<LimitEntry> find(std::string_view market, std::string_view item) const {
+        return entriesOf(market, item).last;
     }
 };
+
+// Whether the item names that place of a table; market and code in upper case.
+bool isNamed(const ttservice::internal::LimitItem& item, std::string_view market, std::string_view code);
 
 LimitTable orderLimitTable(const standin::SettingsText& text);  // of the three sections
 LimitTable blockTradeTable(const standin::SettingsText& text);

@@ -51,16 +51,18 @@ struct PlatformValues {
 
 namespace detail {
 
-template <typename Value>
-void addItem(PlatformValues<Value>& values, std::string_view text) {
+constexpr bool isDefault(ttservice::internal::PerPlatformItemKind kind) {
     using ttservice::internal::PerPlatformItemKind;
-    const auto item = ttservice::internal::perPlatformItem<Value>(text);
+    return kind == PerPlatformItemKind::Default || kind == PerPlatformItemKind::BuiltInDefault;
+}
+
+template <typename Value>
+void addItem(PlatformValues<Value>& values, const PlatformValueItem<Value>& item) {
+    using ttservice::internal::PerPlatformItemKind;
     const std::size_t number = values.items.size();
-    values.items.push_back({item, placeInValue(*values.entry, text)});
-    if (item.kind == PerPlatformItemKind::Entry) values.byPlatform[item.platform] = number;
-    const bool isDefault =
-        item.kind == PerPlatformItemKind::Default || item.kind == PerPlatformItemKind::BuiltInDefault;
-    if (isDefault) values.byDefault = number;
+    values.items.push_back(item);
+    if (item.read.kind == PerPlatformItemKind::Entry) values.byPlatform[item.read.platform] = number;
+    if (isDefault(item.read.kind)) values.byDefault = number;
 }
 
 }  // namespace detail
@@ -71,20 +73,29 @@ constexpr bool everySemicolonCounts(ttservice::internal::ValueGrammar grammar) {
     return grammar == ValueGrammar::PerPlatformFlagKeepEmpty || grammar == ValueGrammar::PerPlatformDecimalKeepEmpty;
 }
 
-// Value is the type that the key's grammar has: bool, int or double.
+// Hands each item of the entry's value to the sink, as the key's grammar has it. Value is the grammar's type: bool, int
+// or double. A value of a million items is gone through, and not held.
+template <typename Value, typename Sink>
+void forEachPlatformItem(const standin::SettingsEntry& entry, const ttservice::internal::SettingKey& key, Sink&& sink) {
+    namespace internal = ttservice::internal;
+    const auto read = [&](std::string_view text) {
+        sink(PlatformValueItem<Value>{internal::perPlatformItem<Value>(text), placeInValue(entry, text)});
+    };
+    if (everySemicolonCounts(key.grammar)) {
+        internal::splitKeepEmpty(entry.value, ';', read);
+    } else {
+        internal::splitSqueezed(entry.value, ';', read);
+    }
+}
+
 template <typename Value>
 PlatformValues<Value> platformValues(const standin::SettingsText& text, const ttservice::internal::SettingKey& key) {
-    namespace internal = ttservice::internal;
     PlatformValues<Value> values;
-    values.builtIn = internal::valueWhenMissing<Value>(key);
+    values.builtIn = ttservice::internal::valueWhenMissing<Value>(key);
     values.entry = text.findEntry(key.section, key.key);
     if (values.entry == nullptr) return values;
-    const auto add = [&values](std::string_view item) { detail::addItem(values, item); };
-    if (everySemicolonCounts(key.grammar)) {
-        internal::splitKeepEmpty(values.entry->value, ';', add);
-    } else {
-        internal::splitSqueezed(values.entry->value, ';', add);
-    }
+    forEachPlatformItem<Value>(*values.entry, key,
+                               [&values](const PlatformValueItem<Value>& item) { detail::addItem(values, item); });
     return values;
 }
 

@@ -32,26 +32,47 @@ Answer isNotZero(int value) {
     return value != 0;
 }
 
-// A question about one platform.
+bool isDefaultKind(PerPlatformItemKind kind) {
+    return kind == PerPlatformItemKind::Default || kind == PerPlatformItemKind::BuiltInDefault;
+}
+
+// A question about one platform, and the items that count for it.
 template <typename Value>
 struct ValueQuestion {
+    using Item = PlatformValueItem<Value>;
+
     const Question& question;
     const SettingKey& key;
     int platform;
     AnswerFor<Value> answer;
-    PlatformValues<Value> values;
+    const standin::SettingsEntry* entry;
+    std::optional<Item> own;        // the last one of the platform
+    std::optional<Item> byDefault;  // the last one that says the default
 
     ValueQuestion(const Question& asked, const SettingKey& settingKey, AnswerFor<Value> answerFor)
         : question(asked),
           key(settingKey),
           platform(asked.number(0)),
           answer(answerFor),
-          values(platformValues<Value>(asked.settings(), settingKey)) {}
-};
+          entry(entryOf(asked, settingKey)) {
+        forEachItem([this](const Item& item) {
+            if (item.read.kind == PerPlatformItemKind::Entry && item.read.platform == platform) own = item;
+            if (isDefaultKind(item.read.kind)) byDefault = item;
+        });
+    }
 
-bool isDefaultKind(PerPlatformItemKind kind) {
-    return kind == PerPlatformItemKind::Default || kind == PerPlatformItemKind::BuiltInDefault;
-}
+    template <typename Sink>
+    void forEachItem(Sink&& sink) const {
+        if (entry != nullptr) forEachPlatformItem<Value>(*entry, key, sink);
+    }
+
+    Value defaultValue() const {
+        const Value builtIn = internal::valueWhenMissing<Value>(key);
+        if (entry == nullptr) return builtIn;
+        if (!byDefault) return Value();
+        return byDefault->read.kind == PerPlatformItemKind::BuiltInDefault ? builtIn : byDefault->read.value;
+    }
+};
 
 // Whether a bad item was meant for the platform.
 template <typename Value>
@@ -69,49 +90,53 @@ std::string itemName(std::string_view text) {
 // Items of the platform that do not count.
 template <typename Value>
 void addPlatformItems(const ValueQuestion<Value>& asked, Explanation& explanation) {
-    for (const auto& item : asked.values.items) {
-        if (isMeantFor(item.read, asked.platform)) {
-            lose(explanation,
-                 {Reason::PerPlatformValue, itemName(item.read.text), item.place,
-                  item.read.kind == PerPlatformItemKind::BadPlatform ? "does not start with a platform ID: passed over"
-                                                                     : "has no value of the key's kind: passed over"});
-        } else if (item.read.kind == PerPlatformItemKind::Entry && item.read.platform == asked.platform &&
-                   asked.values.find(asked.platform) != &item) {
-            lose(explanation,
-                 {Reason::PerPlatformValue, itemName(item.read.text), item.place, "overwritten by a later item"});
+    asked.forEachItem([&](const PlatformValueItem<Value>& item) {
+        const auto& read = item.read;
+        if (isMeantFor(read, asked.platform)) {
+            lose(explanation, [&] {
+                return Candidate{Reason::PerPlatformValue, itemName(read.text), item.place,
+                                 read.kind == PerPlatformItemKind::BadPlatform
+                                     ? "does not start with a platform ID: passed over"
+                                     : "has no value of the key's kind: passed over"};
+            });
+        } else if (read.kind == PerPlatformItemKind::Entry && read.platform == asked.platform &&
+                   asked.own->place != item.place) {
+            lose(explanation, [&] {
+                return Candidate{Reason::PerPlatformValue, itemName(read.text), item.place,
+                                 "overwritten by a later item"};
+            });
         }
-    }
+    });
 }
 
 // Default items that do not count; the one that would count if the platform had no item of its own says so.
 template <typename Value>
-void addDefaultItems(const ValueQuestion<Value>& asked, bool isDecided, Explanation& explanation) {
-    const PlatformValues<Value>& values = asked.values;
-    for (std::size_t i = 0; i < values.items.size(); ++i) {
-        const auto& item = values.items[i];
+void addDefaultItems(const ValueQuestion<Value>& asked, Explanation& explanation) {
+    asked.forEachItem([&](const PlatformValueItem<Value>& item) {
+        const auto& read = item.read;
         const bool isBadDefault =
-            item.read.kind == PerPlatformItemKind::BadValue && item.read.text.find(':') == std::string_view::npos;
-        if (!isDefaultKind(item.read.kind) && !isBadDefault) continue;
-        const bool counts = values.byDefault == i;
-        if (counts && !isDecided) continue;
-        const Reason reason =
-            item.read.kind == PerPlatformItemKind::BuiltInDefault ? Reason::BuiltInDefault : Reason::DefaultItem;
-        lose(explanation, {reason, itemName(item.read.text), item.place,
-                           isBadDefault ? "is no value of the key's kind: passed over"
-                           : counts     ? wouldBe(asked.answer(values.defaultValue()))
-                                        : "overwritten by a later default"});
-    }
+            read.kind == PerPlatformItemKind::BadValue && read.text.find(':') == std::string_view::npos;
+        if (!isDefaultKind(read.kind) && !isBadDefault) return;
+        const bool counts = asked.byDefault && asked.byDefault->place == item.place;
+        if (counts && !asked.own) return;
+        lose(explanation, [&] {
+            const bool isBuiltIn = read.kind == PerPlatformItemKind::BuiltInDefault;
+            return Candidate{isBuiltIn ? Reason::BuiltInDefault : Reason::DefaultItem, itemName(read.text), item.place,
+                             isBadDefault ? "is no value of the key's kind: passed over"
+                             : counts     ? wouldBe(asked.answer(asked.defaultValue()))
+                                          : "overwritten by a later default"};
+        });
+    });
 }
 
 template <typename Value>
 Explanation explainDefault(const ValueQuestion<Value>& asked) {
-    const PlatformValues<Value>& values = asked.values;
-    const Value value = values.defaultValue();
+    const Value value = asked.defaultValue();
     const std::string others = "for every platform that " + nameOf(asked.key) + " does not name";
     Explanation explanation;
     explanation.answer = asked.answer(value);
     const std::string shown = answerText(Answer(value));
-    if (values.entry == nullptr) {
+    if (asked.entry == nullptr) {
         explanation.reason = Reason::BuiltInDefault;
         explanation.rule = "without " + nameOf(asked.key) + " it is " + shown;
         explanation.lost.push_back(missingKey(asked.key));
@@ -119,13 +144,13 @@ Explanation explainDefault(const ValueQuestion<Value>& asked) {
     }
     lose(explanation,
          {Reason::PerPlatformValue, "an item for " + platformName(asked.platform), std::nullopt, "there is none"});
-    if (!values.byDefault) {
+    if (!asked.byDefault) {
         explanation.reason = Reason::ConstructedValue;
         explanation.rule = "no item of " + nameOf(asked.key) + " says a default: a new store has " + shown;
-        explanation.place = valuePlace(*values.entry);
+        explanation.place = valuePlace(*asked.entry);
         return explanation;
     }
-    const auto& item = values.items[*values.byDefault];
+    const auto& item = *asked.byDefault;
     const bool isBuiltIn = item.read.kind == PerPlatformItemKind::BuiltInDefault;
     explanation.reason = isBuiltIn ? Reason::BuiltInDefault : Reason::DefaultItem;
     explanation.rule =
@@ -136,18 +161,17 @@ Explanation explainDefault(const ValueQuestion<Value>& asked) {
 
 template <typename Value>
 Explanation explainValue(const ValueQuestion<Value>& asked) {
-    const auto* item = asked.values.find(asked.platform);
     Explanation explanation;
-    if (item != nullptr) {
-        explanation.answer = asked.answer(item->read.value);
+    if (asked.own) {
+        explanation.answer = asked.answer(asked.own->read.value);
         explanation.reason = Reason::PerPlatformValue;
         explanation.rule = nameOf(asked.key) + " has an item for " + platformName(asked.platform);
-        explanation.place = item->place;
+        explanation.place = asked.own->place;
     } else {
         explanation = explainDefault(asked);
     }
     addPlatformItems(asked, explanation);
-    addDefaultItems(asked, item != nullptr, explanation);
+    addDefaultItems(asked, explanation);
     addRepeats(asked.question, asked.key, explanation);
     return explanation;
 }
@@ -156,17 +180,15 @@ Explanation explainValue(const ValueQuestion<Value>& asked) {
 
 template <typename Value>
 Explanation explainNamed(const ValueQuestion<Value>& asked) {
-    const standin::SettingsEntry* entry = asked.values.entry;
-    if (entry == nullptr) return decided(false, Reason::KeyAbsent, "there is no key " + nameOf(asked.key));
-    const auto* item = asked.values.find(asked.platform);
+    if (asked.entry == nullptr) return decided(false, Reason::KeyAbsent, "there is no key " + nameOf(asked.key));
     Explanation explanation =
-        item != nullptr
+        asked.own
             ? decided(
                   true, Reason::Listed,
                   nameOf(asked.key) + " has an item for " + platformName(asked.platform) + "; its value plays no part",
-                  item->place)
+                  asked.own->place)
             : decided(false, Reason::NotListed, nameOf(asked.key) + " has no item for " + platformName(asked.platform),
-                      valuePlace(*entry));
+                      valuePlace(*asked.entry));
     addPlatformItems(asked, explanation);
     addRepeats(asked.question, asked.key, explanation);
     return explanation;
@@ -174,26 +196,18 @@ Explanation explainNamed(const ValueQuestion<Value>& asked) {
 
 // --- edits
 
-std::vector<std::string_view> itemsOf(std::string_view value) {
-    return value.empty() ? std::vector<std::string_view>() : internal::pieces(value, ';');
-}
-
-std::string joined(const std::vector<std::string_view>& items) {
-    std::string text;
-    for (std::size_t i = 0; i < items.size(); ++i)
-        text.append(i == 0 ? "" : ";").append(items[i]);
-    return text;
-}
-
 // Items of the platform out of the value.
 template <typename Value>
 void suggestUnnaming(const ValueQuestion<Value>& asked, Edits& edits) {
-    std::vector<std::string_view> kept;
-    for (const std::string_view text : itemsOf(asked.values.entry->value)) {
+    std::string kept;
+    bool isFirst = true;
+    internal::splitKeepEmpty(asked.entry->value, ';', [&](std::string_view text) {
         const auto item = internal::perPlatformItem<Value>(text);
-        if (item.kind != PerPlatformItemKind::Entry || item.platform != asked.platform) kept.push_back(text);
-    }
-    edits.setValue(*asked.values.entry, joined(kept));
+        if (item.kind == PerPlatformItemKind::Entry && item.platform == asked.platform) return;
+        kept.append(isFirst ? "" : ";").append(text);
+        isFirst = false;
+    });
+    edits.setValue(*asked.entry, kept);
 }
 
 template <typename Value>
@@ -203,35 +217,35 @@ constexpr FieldKind kFieldKind = std::is_floating_point_v<Value> ? FieldKind::St
 template <typename Value>
 void suggestItem(const ValueQuestion<Value>& asked, const std::string& value, Edits& edits) {
     const std::string item = std::to_string(asked.platform) + ":" + writtenLike({}, kFieldKind<Value>, value);
-    if (asked.values.entry == nullptr) {
+    if (asked.entry == nullptr) {
         edits.setValue(asked.key, item);
         return;
     }
-    const standin::SettingsEntry& entry = *asked.values.entry;
+    const standin::SettingsEntry& entry = *asked.entry;
     const std::string all(entry.value);
     edits.setValue(entry, all.empty() ? item : all + ";" + item);
     if (!all.empty()) edits.setValue(entry, item + ";" + all);
     if (!all.empty() && all.back() == ';') edits.setValue(entry, all + item);
-    for (const auto& each : asked.values.items) {
+    asked.forEachItem([&](const PlatformValueItem<Value>& each) {
         const bool isOfPlatform = each.read.kind == PerPlatformItemKind::Entry && each.read.platform == asked.platform;
-        if (!isOfPlatform && !isMeantFor(each.read, asked.platform)) continue;
+        if (!isOfPlatform && !isMeantFor(each.read, asked.platform)) return;
         edits.replacePiece(entry, each.read.text, item);
         const std::string_view old = each.read.text.substr(each.read.text.find(':') + 1);
         if (isOfPlatform) edits.replacePiece(entry, old, writtenLike(old, kFieldKind<Value>, value));
-    }
+    });
 }
 
 template <typename Value>
 void suggestDefault(const ValueQuestion<Value>& asked, const std::string& value, Edits& edits) {
     const std::string text = writtenLike({}, kFieldKind<Value>, value);
     edits.reaching("every platform that the value does not name");
-    if (asked.values.entry == nullptr) {
+    if (asked.entry == nullptr) {
         edits.setValue(asked.key, text);
         return;
     }
-    const standin::SettingsEntry& entry = *asked.values.entry;
-    if (asked.values.byDefault) {
-        const std::string_view old = asked.values.items[*asked.values.byDefault].read.text;
+    const standin::SettingsEntry& entry = *asked.entry;
+    if (asked.byDefault) {
+        const std::string_view old = asked.byDefault->read.text;
         edits.replacePiece(entry, old, writtenLike(old, kFieldKind<Value>, value));
     }
     edits.setValue(entry, std::string(entry.value) + ";" + text);
@@ -246,7 +260,7 @@ void suggestValue(const ValueQuestion<Value>& asked, const Wanted& wanted, Edits
     const auto flag = wanted.flag();
     const std::string text = flag ? (*flag ? "1" : "0") : wanted.text();
     suggestItem(asked, text, edits);
-    if (asked.values.entry != nullptr) suggestUnnaming(asked, edits);
+    if (asked.entry != nullptr) suggestUnnaming(asked, edits);
     suggestDefault(asked, text, edits);
 }
 
@@ -256,10 +270,10 @@ void suggestNamed(const ValueQuestion<Value>& asked, const Wanted& wanted, Edits
     if (!flag) return;
     if (*flag) {
         suggestItem(asked, "0", edits);
-    } else if (asked.values.entry != nullptr) {
+    } else if (asked.entry != nullptr) {
         suggestUnnaming(asked, edits);
         edits.reaching("every platform that the line is about");
-        edits.removeLine(*asked.values.entry);
+        edits.removeLine(*asked.entry);
     }
 }
 

@@ -1,13 +1,11 @@
 // Switch lists: answers which platforms a key lists, and where.
-// Doors: switchList().
+// Doors: switchList(), platformsOf(); forEachListed() in the header.
 // Owns: nothing; the list's grammar is the library's.
 // Covered by tests/tools/ttconfig/reasonfacts_test.cpp.
 
 #include "ttconfig/reasons/switchfacts.h"
 
 #include <algorithm>
-
-#include "traderbase/base/config/internal/platformlist.h"
 
 namespace ttconfig {
 
@@ -17,26 +15,19 @@ const ListedPlatform* SwitchList::find(int platform) const {
     return found == pieces.end() ? nullptr : &*found;
 }
 
-std::vector<int> SwitchList::platforms() const {
+std::vector<int> platformsOf(const standin::SettingsEntry& entry) {
     std::vector<int> all;
-    all.reserve(pieces.size());
-    for (const ListedPlatform& piece : pieces) {
+    forEachListed(entry, [&all](const ListedPlatform& piece) {
         if (piece.platform) all.push_back(*piece.platform);
-    }
+    });
     return all;
 }
 
-SwitchList switchList(const standin::SettingsEntry& entry) {
-    SwitchList list{&entry, {}};
-    ttservice::internal::forEachPlatformPiece(entry.value, [&](std::string_view piece, std::optional<int> platform) {
-        list.pieces.push_back({piece, platform, placeInValue(entry, piece)});
-    });
-    return list;
-}
-
 SwitchList switchList(const standin::SettingsText& text, std::string_view key) {
-    const standin::SettingsEntry* entry = text.findEntry("setting", key);
-    return entry == nullptr ? SwitchList() : switchList(*entry);
+    SwitchList list{text.findEntry("setting", key), {}};
+    if (list.entry == nullptr) return list;
+    forEachListed(*list.entry, [&list](const ListedPlatform& piece) { list.pieces.push_back(piece); });
+    return list;
 }
 
 }  // namespace ttconfig

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "traderbase/base/config/internal/platformlist.h"
 #include "ttconfig/place.h"
 
 namespace ttconfig {
@@ -17,6 +18,9 @@ struct ListedPlatform {
     Place place;
 };
 
+// The IDs of a list, as getPts answers them.
+std::vector<int> platformsOf(const standin::SettingsEntry& entry);
+
 // The list of a switch, or of any other key of the main section: all of them are read as one.
 struct SwitchList {
     const standin::SettingsEntry* entry = nullptr;  // the one that counts; null when the key is missing
@@ -24,11 +28,18 @@ struct SwitchList {
 
     // The first piece that names the platform; null when none does.
     const ListedPlatform* find(int platform) const;
-    // The IDs, as getPts answers them.
-    std::vector<int> platforms() const;
+    std::vector<int> platforms() const { return entry == nullptr ? std::vector<int>() : platformsOf(*entry); }
 };
 
 SwitchList switchList(const standin::SettingsText& text, std::string_view key);
-SwitchList switchList(const standin::SettingsEntry& entry);
+
+// Hands each piece of the entry's value to the sink. A list of a million pieces is gone through, and not held.
+template <typename Sink>
+void forEachListed(const standin::SettingsEntry& entry, Sink&& sink) {
+    ttservice::internal::forEachPlatformPiece(
+        entry.value, [&](std::string_view piece, std::optional<int> platform) {
+            sink(ListedPlatform{piece, platform, placeInValue(entry, piece)});
+        });
+}
 
 }  // namespace ttconfig

@@ -36,38 +36,52 @@ struct SwitchQuestion {
     }
 };
 
+// The first piece that names the platform.
+std::optional<ListedPlatform> findListed(const SwitchQuestion& asked, const standin::SettingsEntry& entry) {
+    std::optional<ListedPlatform> found;
+    forEachListed(entry, [&](const ListedPlatform& piece) {
+        if (!found && piece.platform == asked.platform) found = piece;
+    });
+    return found;
+}
+
+Candidate badPiece(const ListedPlatform& piece) {
+    return {Reason::Listed, "the piece " + shownText(piece.piece), piece.place, "is no platform ID: passed over"};
+}
+
 // Pieces that name the platform, and pieces that look as if they did.
-void addPieces(const SwitchQuestion& asked, const SwitchList& list, const ListedPlatform* winner,
-               Explanation& explanation) {
-    for (const ListedPlatform& piece : list.pieces) {
-        if (&piece == winner) continue;
+void addPieces(const SwitchQuestion& asked, const standin::SettingsEntry& entry,
+               const std::optional<ListedPlatform>& winner, Explanation& explanation) {
+    forEachListed(entry, [&](const ListedPlatform& piece) {
+        if (winner && winner->place == piece.place) return;
         if (piece.platform == asked.platform) {
-            lose(explanation,
-                 {Reason::Listed, platformName(asked.platform) + " once more", piece.place, "changes nothing"});
+            lose(explanation, [&] {
+                return Candidate{Reason::Listed, platformName(asked.platform) + " once more", piece.place,
+                                 "changes nothing"};
+            });
         } else if (!piece.platform && internal::looseInt(piece.piece) == asked.platform) {
-            lose(explanation, {Reason::Listed, "the piece " + shownText(piece.piece), piece.place,
-                               "is no platform ID: passed over"});
+            lose(explanation, [&] { return badPiece(piece); });
         }
-    }
+    });
 }
 
 Explanation explainList(const SwitchQuestion& asked) {
-    const SwitchList list = switchList(asked.question.settings(), asked.key);
+    const standin::SettingsEntry* entry = asked.question.settings().findEntry(kSection, asked.key);
     const std::string name = nameOf(kSection, asked.key);
-    if (list.entry == nullptr) {
+    if (entry == nullptr) {
         return decided(asked.answer(false), Reason::KeyAbsent, "there is no key " + name + asked.inverted());
     }
     Explanation explanation;
-    const ListedPlatform* found = list.find(asked.platform);
-    if (found != nullptr) {
+    const auto found = findListed(asked, *entry);
+    if (found) {
         explanation = decided(asked.answer(true), Reason::Listed,
                               name + " lists " + platformName(asked.platform) + asked.inverted(), found->place);
     } else {
         explanation = decided(asked.answer(false), Reason::NotListed,
                               name + " does not list " + platformName(asked.platform) + asked.inverted(),
-                              valuePlace(*list.entry));
+                              valuePlace(*entry));
     }
-    addPieces(asked, list, found, explanation);
+    addPieces(asked, *entry, found, explanation);
     addRepeats(asked.question, kSection, asked.key, explanation);
     return explanation;
 }
@@ -87,13 +101,6 @@ Explanation explainSwitch(const SwitchQuestion& asked) {
     return explanation;
 }
 
-std::string joined(const std::vector<std::string>& pieces) {
-    std::string text;
-    for (std::size_t i = 0; i < pieces.size(); ++i)
-        text += (i == 0 ? "" : ",") + pieces[i];
-    return text;
-}
-
 // The platform in front of the list, behind it, or in place of a piece that was meant to be it.
 void suggestListing(const SwitchQuestion& asked, const standin::SettingsEntry& entry, Edits& edits) {
     const std::string id = std::to_string(asked.platform);
@@ -102,20 +109,23 @@ void suggestListing(const SwitchQuestion& asked, const standin::SettingsEntry& e
     edits.setValue(entry, value + "," + id);
     edits.setValue(entry, id + "," + value);
     if (!value.empty() && value.back() == ',') edits.setValue(entry, value + id);
-    for (const ListedPlatform& piece : switchList(entry).pieces) {
-        if (piece.platform || internal::looseInt(piece.piece) != asked.platform) continue;
-        edits.replacePiece(entry, piece.piece, id);
-    }
+    forEachListed(entry, [&](const ListedPlatform& piece) {
+        const bool isMeant = !piece.platform && internal::looseInt(piece.piece) == asked.platform;
+        if (isMeant) edits.replacePiece(entry, piece.piece, id);
+    });
 }
 
 void suggestUnlisting(const SwitchQuestion& asked, const standin::SettingsEntry& entry, Edits& edits) {
-    std::vector<std::string> kept;
+    std::string kept;
+    bool isFirst = true;
     internal::splitKeepEmpty(entry.value, ',', [&](std::string_view piece) {
-        if (internal::strictInt(piece) != asked.platform) kept.emplace_back(piece);
+        if (internal::strictInt(piece) == asked.platform) return;
+        kept.append(isFirst ? "" : ",").append(piece);
+        isFirst = false;
     });
-    edits.setValue(entry, joined(kept));
+    edits.setValue(entry, kept);
     // Blanks at the end of a value would be cut off, and a piece that ends in one might be an ID then.
-    edits.setValue(entry, joined(kept) + ",");
+    edits.setValue(entry, kept + ",");
 }
 
 void suggestSwitch(const SwitchQuestion& asked, const Wanted& wanted, Edits& edits) {
@@ -143,18 +153,14 @@ ExplainedCall switchCall(SwitchQuestion (*asked)(const Question&)) {
 
 Explanation explainGetPts(const Question& question) {
     const std::string& key = question.text(0);
-    const SwitchList list = switchList(question.settings(), key);
+    const standin::SettingsEntry* entry = question.settings().findEntry(kSection, key);
     const std::string name = nameOf(kSection, key);
-    if (list.entry == nullptr) {
-        return decided(std::vector<int>(), Reason::KeyAbsent, "there is no key " + name);
-    }
+    if (entry == nullptr) return decided(std::vector<int>(), Reason::KeyAbsent, "there is no key " + name);
     Explanation explanation =
-        decided(list.platforms(), Reason::FileValue, name + " as a platform list", valuePlace(*list.entry));
-    for (const ListedPlatform& piece : list.pieces) {
-        if (piece.platform) continue;
-        lose(explanation,
-             {Reason::Listed, "the piece " + shownText(piece.piece), piece.place, "is no platform ID: passed over"});
-    }
+        decided(platformsOf(*entry), Reason::FileValue, name + " as a platform list", valuePlace(*entry));
+    forEachListed(*entry, [&](const ListedPlatform& piece) {
+        if (!piece.platform) lose(explanation, [&] { return badPiece(piece); });
+    });
     addRepeats(question, kSection, key, explanation);
     return explanation;
 }
@@ -182,7 +188,7 @@ std::map<std::string, std::vector<int>> allLists(const standin::SettingsText& te
     const standin::SettingsSection* section = text.findSection(kSection);
     if (section == nullptr) return lists;
     for (const standin::SettingsEntry& entry : section->entries) {
-        if (!entry.repeated) lists.emplace(entry.key, switchList(entry).platforms());
+        if (!entry.repeated) lists.emplace(entry.key, platformsOf(entry));
     }
     return lists;
 }

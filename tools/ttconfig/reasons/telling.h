@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "traderbase/base/config/internal/settingkeys.h"
 #include "ttconfig/calls/storerecords.h"
@@ -37,6 +38,16 @@ Explanation decided(const Value& value, Reason reason, std::string rule, std::op
 
 // Enters a candidate behind the others, or only counts it where there are enough of them.
 void lose(Explanation& explanation, Candidate candidate);
+
+// The same of a candidate that is only made where it is entered: of a value there may be a million of them.
+template <typename Make, typename = std::enable_if_t<std::is_invocable_r_v<Candidate, Make>>>
+void lose(Explanation& explanation, Make&& make) {
+    if (explanation.lost.size() < kMostLost) {
+        explanation.lost.push_back(make());
+    } else {
+        ++explanation.furtherLost;
+    }
+}
 
 // The later entries of the key, none of which is ever read.
 void addRepeats(const Question& question, std::string_view section, std::string_view key, Explanation& explanation);
