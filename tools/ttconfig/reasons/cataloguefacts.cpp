@@ -29,9 +29,7 @@ void addContracts(const SettingsEntry& row, ContractFacts& facts) {
     forEachEntry(row.value, contractEntry, [&](const ContractEntry& entry) {
         ContractFact fact{entry, placeInValue(row, entry.text), {}};
         if (isStored(entry.outcome)) {
-            // Fields that are not there leave the flag off.
-            const bool isCredit = looseInt(entry.fields.back()) == 1;
-            fact.key = textOf(contractKey(entry.productId, isCredit));
+            fact.key = textOf(contractKey(entry.productId, isForCredit(entry)));
             facts.byKey[fact.key] = facts.contracts.size();
         }
         facts.contracts.push_back(std::move(fact));
@@ -50,10 +48,7 @@ void addType(const SettingsEntry& row, const PairEntry& entry, std::string_view 
 
 void addTypes(const SettingsEntry& row, ContractFacts& facts) {
     enterContractTypes(row.value, facts.catalogue);
-    forEachEntry(row.value, pairEntry, [&](const PairEntry& entry) {
-        if (!isStored(entry.outcome)) return;
-        splitKeepEmpty(entry.second, '|', [&](std::string_view type) { addType(row, entry, type, facts); });
-    });
+    forEachType(row, [&](const PairEntry& entry, std::string_view type) { addType(row, entry, type, facts); });
 }
 
 NumberRows numberRows(const SettingsText& text, const SettingKey& topic, double whenUnreadable) {
@@ -72,6 +67,10 @@ NumberRows numberRows(const SettingsText& text, const SettingKey& topic, double 
 }
 
 }  // namespace
+
+bool isForCredit(const ContractEntry& entry) {
+    return looseInt(entry.fields.back()) == 1;
+}
 
 ContractFacts contractFacts(const SettingsText& text) {
     ContractFacts facts;

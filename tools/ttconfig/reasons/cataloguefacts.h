@@ -14,6 +14,19 @@
 
 namespace ttconfig {
 
+// Whether a stored entry is for credit accounts; one without fields is for stock accounts.
+bool isForCredit(const ttservice::internal::ContractEntry& entry);
+
+// Hands each type of each pair of the contract types to the sink, with the pair that names it.
+template <typename Sink>
+void forEachType(const standin::SettingsEntry& row, Sink&& sink) {
+    using ttservice::internal::PairEntry;
+    ttservice::internal::forEachEntry(row.value, ttservice::internal::pairEntry, [&](const PairEntry& entry) {
+        if (!ttservice::internal::isStored(entry.outcome)) return;
+        ttservice::internal::splitKeepEmpty(entry.second, '|', [&](std::string_view type) { sink(entry, type); });
+    });
+}
+
 // An entry of the contracts, and under which key of the table it was stored.
 struct ContractFact {
     ttservice::internal::ContractEntry entry;

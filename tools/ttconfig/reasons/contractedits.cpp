@@ -54,13 +54,9 @@ struct WantedContract {
     }
 };
 
-bool isCreditEntry(const internal::ContractEntry& entry) {
-    return internal::looseInt(entry.fields[kCreditField]) == 1;
-}
-
 bool isNamed(const WantedContract& contract, const internal::ContractEntry& entry) {
     return internal::isStored(entry.outcome) && entry.productId == contract.productId &&
-           isCreditEntry(entry) == contract.isCredit;
+           isForCredit(entry) == contract.isCredit;
 }
 
 bool isSaid(const WantedContract& contract, const internal::ContractEntry& entry) {
@@ -80,8 +76,7 @@ std::string writtenContract(const WantedContract& contract, std::string_view old
     std::string text = bare;
     for (std::size_t i = 0; i < kCreditField; ++i)
         text += writtenLike(entry.fields[i], kContractFields[i].kind, contract.fields[i]) + ",";
-    const bool staysCredit =
-        entry.outcome == internal::EntryOutcome::Stored && isCreditEntry(entry) == contract.isCredit;
+    const bool staysCredit = entry.outcome == internal::EntryOutcome::Stored && isForCredit(entry) == contract.isCredit;
     return text + (staysCredit ? std::string(entry.fields[kCreditField]) : contract.isCredit ? "1" : "0");
 }
 
@@ -176,7 +171,7 @@ void suggestContract(const Question& question, const Wanted& wanted, Edits& edit
     const std::string& productId = question.text(0);
     const bool isCredit = question.flag(1);
     const auto isAsked = [productId, isCredit](const internal::ContractEntry& entry) {
-        return entry.productId == productId && isCreditEntry(entry) == isCredit;
+        return entry.productId == productId && isForCredit(entry) == isCredit;
     };
     std::vector<WantedContract> contracts;
     const Answer record = wanted.structure();
@@ -188,7 +183,7 @@ void suggestContract(const Question& question, const Wanted& wanted, Edits& edit
 void suggestContractsOf(const Question& question, const Wanted& wanted, Edits& edits) {
     const bool isCredit = question.number(0) == kCreditAccount;
     suggestContracts(
-        question, wanted, [isCredit](const auto& entry) { return isCreditEntry(entry) == isCredit; }, edits);
+        question, wanted, [isCredit](const auto& entry) { return isForCredit(entry) == isCredit; }, edits);
 }
 
 void suggestAllContracts(const Question& question, const Wanted& wanted, Edits& edits) {
@@ -214,9 +209,9 @@ void suggestProductOfType(const Question& question, const Wanted& wanted, Edits&
         if (!internal::isStored(entry.outcome) || entry.first != wanted.text()) return;
         edits.replacePiece(*row, entry.text, std::string(entry.text) + "|" + type);
     });
-    for (const ContractTypeFact& fact : question.facts.contracts().types) {
-        if (fact.type == type) edits.replacePiece(*row, fact.entry.first, wanted.text());
-    }
+    forEachType(*row, [&](const internal::PairEntry& entry, std::string_view each) {
+        if (each == type) edits.replacePiece(*row, entry.first, wanted.text());
+    });
 }
 
 }  // namespace ttconfig

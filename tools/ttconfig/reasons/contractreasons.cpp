@@ -3,6 +3,9 @@
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
+#include <optional>
+#include <unordered_map>
+
 #include "ttconfig/reasons/contractedits.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/showntext.h"
@@ -23,69 +26,105 @@ const char* accountName(bool isCredit) {
     return isCredit ? "credit accounts" : "stock accounts";
 }
 
-// --- one product
-
-std::string keyOf(const std::string& productId, bool isCredit) {
-    return productId + (isCredit ? "_credit" : "_stock");
+std::string outcomeOf(const internal::ContractEntry& entry) {
+    return std::string(internal::describe(entry.outcome));
 }
 
-// Entries of the product that do not answer.
-void addContracts(const ContractFacts& facts, const std::string& key, const std::string& productId,
-                  Explanation& explanation) {
-    const auto winner = facts.byKey.find(key);
-    for (std::size_t i = 0; i < facts.contracts.size(); ++i) {
-        const ContractFact& fact = facts.contracts[i];
-        if (winner != facts.byKey.end() && winner->second == i) continue;
-        // A skipped entry has no product ID of its own, but may start with it.
-        const bool isOfProduct = fact.key.empty()
-                                     ? !productId.empty() && fact.entry.text.substr(0, productId.size()) == productId
-                                     : fact.entry.productId == productId;
-        if (!isOfProduct) continue;
-        const std::string outcome = fact.key.empty()  ? std::string(internal::describe(fact.entry.outcome))
-                                    : fact.key == key ? "replaced by a later entry"
-                                                      : "is for the other kind of account";
-        lose(explanation, {Reason::Row, entryName(fact.entry.text), fact.place, outcome});
+// Values of a million entries are gone through, and not held.
+template <typename Sink>
+void forEachContract(const standin::SettingsEntry& row, Sink&& sink) {
+    internal::forEachEntry(row.value, internal::contractEntry, sink);
+}
+
+// --- one product
+
+struct Product {
+    const std::string& id;
+    bool isCredit;
+
+    bool isSaidBy(const internal::ContractEntry& entry) const {
+        return internal::isStored(entry.outcome) && entry.productId == id && isForCredit(entry) == isCredit;
     }
+    // An entry that is passed over has no product ID of its own, but may start with it.
+    bool isMeantBy(const internal::ContractEntry& entry) const {
+        if (internal::isStored(entry.outcome)) return entry.productId == id;
+        return !id.empty() && entry.text.substr(0, id.size()) == id;
+    }
+};
+
+// Entries of the product that do not answer.
+void addContracts(const standin::SettingsEntry& row, const Product& product,
+                  const std::optional<internal::ContractEntry>& winner, Explanation& explanation) {
+    forEachContract(row, [&](const internal::ContractEntry& entry) {
+        if (!product.isMeantBy(entry) || (winner && winner->text.data() == entry.text.data())) return;
+        lose(explanation, [&] {
+            return Candidate{Reason::Row, entryName(entry.text), placeInValue(row, entry.text),
+                             !internal::isStored(entry.outcome) ? outcomeOf(entry)
+                             : product.isSaidBy(entry)          ? "replaced by a later entry"
+                                                                : "is for the other kind of account"};
+        });
+    });
+}
+
+// The record that the entry makes.
+ContractPtr recordOf(const internal::ContractEntry& entry) {
+    internal::ContractCatalogue catalogue;
+    internal::enterContracts(entry.text, catalogue);
+    return catalogue.records.begin()->second;
 }
 
 Explanation explainContract(const Question& question) {
-    const std::string& productId = question.text(0);
-    const bool isCredit = question.flag(1);
-    const ContractFacts& facts = question.facts.contracts();
+    const Product product{question.text(0), question.flag(1)};
     const standin::SettingsEntry* row = entryOf(question, keys::contracts);
     if (row == nullptr) {
         return decided(ContractPtr(), Reason::KeyAbsent, "there is no key " + nameOf(keys::contracts));
     }
-    const std::string key = keyOf(productId, isCredit);
-    const auto found = facts.byKey.find(key);
-    const std::string what = "product " + shownText(productId) + " for " + accountName(isCredit);
+    std::optional<internal::ContractEntry> found;
+    forEachContract(*row, [&](const internal::ContractEntry& entry) {
+        if (product.isSaidBy(entry)) found = entry;
+    });
+    const std::string what = "product " + shownText(product.id) + " for " + accountName(product.isCredit);
     Explanation explanation;
-    if (found == facts.byKey.end()) {
+    if (found) {
+        explanation =
+            decided(recordOf(*found), Reason::Row, nameOf(keys::contracts) + " has " + what + ": " + outcomeOf(*found),
+                    placeInValue(*row, found->text));
+    } else {
         explanation =
             decided(ContractPtr(), Reason::NotListed, nameOf(keys::contracts) + " has no " + what, valuePlace(*row));
-    } else {
-        const ContractFact& fact = facts.contracts[found->second];
-        explanation = decided(
-            facts.catalogue.records.find(key)->second, Reason::Row,
-            nameOf(keys::contracts) + " has " + what + ": " + std::string(internal::describe(fact.entry.outcome)),
-            fact.place);
     }
-    addContracts(facts, key, productId, explanation);
+    addContracts(*row, product, found, explanation);
     addRepeats(question, keys::contracts, explanation);
     return explanation;
 }
 
 // --- all products
 
-void addAllContracts(const ContractFacts& facts, Explanation& explanation) {
-    for (std::size_t i = 0; i < facts.contracts.size(); ++i) {
-        const ContractFact& fact = facts.contracts[i];
-        if (!fact.key.empty() && facts.byKey.at(fact.key) == i) continue;
-        if (fact.entry.outcome == internal::EntryOutcome::SkippedEmpty) continue;
-        lose(explanation,
-             {Reason::Row, entryName(fact.entry.text), fact.place,
-              fact.key.empty() ? std::string(internal::describe(fact.entry.outcome)) : "replaced by a later entry"});
-    }
+internal::ContractCatalogue catalogueOf(const Question& question) {
+    internal::ContractCatalogue catalogue;
+    const standin::SettingsEntry* row = entryOf(question, keys::contracts);
+    if (row != nullptr) internal::enterContracts(row->value, catalogue);
+    return catalogue;
+}
+
+void addAllContracts(const standin::SettingsEntry& row, Explanation& explanation) {
+    using Products = std::unordered_map<std::string_view, const char*>;
+    Products lastOfStock;
+    Products lastOfCredit;
+    forEachContract(row, [&](const internal::ContractEntry& entry) {
+        if (!internal::isStored(entry.outcome)) return;
+        (isForCredit(entry) ? lastOfCredit : lastOfStock)[entry.productId] = entry.text.data();
+    });
+    forEachContract(row, [&](const internal::ContractEntry& entry) {
+        if (entry.outcome == internal::EntryOutcome::SkippedEmpty) return;
+        const bool isStored = internal::isStored(entry.outcome);
+        const Products& last = isForCredit(entry) ? lastOfCredit : lastOfStock;
+        if (isStored && last.at(entry.productId) == entry.text.data()) return;
+        lose(explanation, [&] {
+            return Candidate{Reason::Row, entryName(entry.text), placeInValue(row, entry.text),
+                             isStored ? "replaced by a later entry" : outcomeOf(entry)};
+        });
+    });
 }
 
 template <typename Contracts>
@@ -93,14 +132,14 @@ Explanation explainContracts(const Question& question, const Contracts& contract
     const standin::SettingsEntry* row = entryOf(question, keys::contracts);
     if (row == nullptr) return decided(contracts, Reason::KeyAbsent, "there is no key " + nameOf(keys::contracts));
     Explanation explanation = decided(contracts, Reason::FileValue, nameOf(keys::contracts) + rule, valuePlace(*row));
-    addAllContracts(question.facts.contracts(), explanation);
+    addAllContracts(*row, explanation);
     addRepeats(question, keys::contracts, explanation);
     return explanation;
 }
 
 Explanation explainAllContracts(const Question& question) {
-    const auto& records = question.facts.contracts().catalogue.records;
-    const std::map<std::string, ContractPtr> all(records.begin(), records.end());
+    const internal::ContractCatalogue catalogue = catalogueOf(question);
+    const std::map<std::string, ContractPtr> all(catalogue.records.begin(), catalogue.records.end());
     return explainContracts(question, all, ", all its products");
 }
 
@@ -113,7 +152,8 @@ Explanation explainContractsOf(const Question& question) {
             "none");
     }
     std::vector<ContractPtr> kept;
-    for (const auto& [key, record] : question.facts.contracts().catalogue.records) {
+    const internal::ContractCatalogue catalogue = catalogueOf(question);
+    for (const auto& [key, record] : catalogue.records) {
         if (record->isCredit == (kind == kCreditAccount)) kept.push_back(record);
     }
     return explainContracts(question, kept, std::string(", its products for ") + accountName(kind == kCreditAccount));
@@ -121,40 +161,54 @@ Explanation explainContractsOf(const Question& question) {
 
 // --- the product of a type
 
-void addTypes(const ContractFacts& facts, const std::string& type, bool isCredit, std::optional<std::size_t> winner,
-              Explanation& explanation) {
-    for (std::size_t i = 0; i < facts.types.size(); ++i) {
-        const ContractTypeFact& fact = facts.types[i];
-        if (fact.type != type || winner == i) continue;
-        const bool isEntered = isCredit ? fact.isCredit : fact.isStock;
-        lose(explanation, {Reason::Row, "product " + shownText(fact.entry.first), fact.place,
-                           isEntered ? std::string("replaced by a later entry")
-                                     : std::string("has no record for ") + accountName(isCredit)});
+// The products that name the type, and whether each has a record for that kind of account.
+using KnownProducts = std::map<std::string_view, bool>;
+
+KnownProducts productsOfType(const Question& question, const standin::SettingsEntry& row) {
+    KnownProducts products;
+    forEachType(row, [&](const internal::PairEntry& entry, std::string_view type) {
+        if (type == question.text(0)) products.emplace(entry.first, false);
+    });
+    if (const standin::SettingsEntry* contracts = entryOf(question, keys::contracts)) {
+        forEachContract(*contracts, [&](const internal::ContractEntry& entry) {
+            if (!internal::isStored(entry.outcome) || isForCredit(entry) != question.flag(1)) return;
+            const auto known = products.find(entry.productId);
+            if (known != products.end()) known->second = true;
+        });
     }
+    return products;
 }
 
 Explanation explainProductOfType(const Question& question) {
     const std::string& type = question.text(0);
     const bool isCredit = question.flag(1);
-    const ContractFacts& facts = question.facts.contracts();
     const standin::SettingsEntry* row = entryOf(question, keys::contractTypes);
     if (row == nullptr) {
         return decided(std::string(), Reason::KeyAbsent, "there is no key " + nameOf(keys::contractTypes));
     }
-    const auto& byType = isCredit ? facts.creditByType : facts.stockByType;
-    const auto found = byType.find(type);
+    const KnownProducts products = productsOfType(question, *row);
+    std::string_view winner;
+    std::string_view product;
+    forEachType(*row, [&](const internal::PairEntry& entry, std::string_view each) {
+        if (each != type || !products.at(entry.first)) return;
+        winner = each;
+        product = entry.first;
+    });
+    const bool isFound = winner.data() != nullptr;
     const std::string what = "the type " + shownText(type) + " for " + accountName(isCredit);
-    Explanation explanation;
-    if (found == byType.end()) {
-        explanation = decided(std::string(), Reason::NotListed,
-                              nameOf(keys::contractTypes) + " has no known product with " + what, valuePlace(*row));
-        addTypes(facts, type, isCredit, std::nullopt, explanation);
-    } else {
-        const ContractTypeFact& fact = facts.types[found->second];
-        explanation = decided(std::string(fact.entry.first), Reason::Row,
-                              nameOf(keys::contractTypes) + " gives " + what, fact.place);
-        addTypes(facts, type, isCredit, found->second, explanation);
-    }
+    Explanation explanation =
+        isFound ? decided(std::string(product), Reason::Row, nameOf(keys::contractTypes) + " gives " + what,
+                          placeInValue(*row, winner))
+                : decided(std::string(), Reason::NotListed,
+                          nameOf(keys::contractTypes) + " has no known product with " + what, valuePlace(*row));
+    forEachType(*row, [&](const internal::PairEntry& entry, std::string_view each) {
+        if (each != type || each.data() == winner.data()) return;
+        lose(explanation, [&] {
+            return Candidate{Reason::Row, "product " + shownText(entry.first), placeInValue(*row, each),
+                             products.at(entry.first) ? std::string("replaced by a later entry")
+                                                      : std::string("has no record for ") + accountName(isCredit)};
+        });
+    });
     addRepeats(question, keys::contractTypes, explanation);
     return explanation;
 }

@@ -18,9 +18,9 @@ ConcentrationFacts concentrationFacts(const SettingsText& text) {
     ConcentrationFacts facts;
     facts.entry = text.findEntry(keys::concentrationRatio.section, keys::concentrationRatio.key);
     if (facts.entry == nullptr) return facts;
-    forEachConcentrationEntry(facts.entry->value, [&facts](const ConcentrationEntry& entry) {
-        if (entry.kind == CreditEntryKind::Entry) facts.byPlatform[entry.platform] = facts.items.size();
-        facts.items.push_back({entry, placeInValue(*facts.entry, entry.text)});
+    forEachConcentration(*facts.entry, [&facts](const ConcentrationFact& item) {
+        if (item.entry.kind == CreditEntryKind::Entry) facts.byPlatform[item.entry.platform] = facts.items.size();
+        facts.items.push_back(item);
     });
     return facts;
 }
@@ -29,9 +29,11 @@ CollateralSaleFacts collateralSaleFacts(const SettingsText& text) {
     CollateralSaleFacts facts;
     facts.entry = text.findEntry(keys::collateralSaleRepay.section, keys::collateralSaleRepay.key);
     if (facts.entry == nullptr) return facts;
-    forEachCollateralSaleEntry(facts.entry->value, [&facts](const CreditEntry& entry) {
-        if (entry.kind == CreditEntryKind::Entry) facts.byPlatform[entry.platform].push_back(facts.items.size());
-        facts.items.push_back({entry, placeInValue(*facts.entry, entry.text)});
+    forEachCollateralSale(*facts.entry, [&facts](const CollateralSaleFact& item) {
+        if (item.entry.kind == CreditEntryKind::Entry) {
+            facts.byPlatform[item.entry.platform].push_back(facts.items.size());
+        }
+        facts.items.push_back(item);
     });
     return facts;
 }

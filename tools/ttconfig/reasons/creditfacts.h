@@ -36,6 +36,22 @@ struct CollateralSaleFacts {
     std::map<int, std::vector<std::size_t>> byPlatform;
 };
 
+// Hands each entry of the row's value to the sink, which takes a ConcentrationFact or a CollateralSaleFact. A value of
+// a million entries is gone through, and not held.
+template <typename Sink>
+void forEachConcentration(const standin::SettingsEntry& row, Sink&& sink) {
+    ttservice::internal::forEachConcentrationEntry(row.value,
+                                                   [&](const ttservice::internal::ConcentrationEntry& entry) {
+                                                       sink(ConcentrationFact{entry, placeInValue(row, entry.text)});
+                                                   });
+}
+template <typename Sink>
+void forEachCollateralSale(const standin::SettingsEntry& row, Sink&& sink) {
+    ttservice::internal::forEachCollateralSaleEntry(row.value, [&](const ttservice::internal::CreditEntry& entry) {
+        sink(CollateralSaleFact{entry, placeInValue(row, entry.text)});
+    });
+}
+
 ConcentrationFacts concentrationFacts(const standin::SettingsText& text);
 CollateralSaleFacts collateralSaleFacts(const standin::SettingsText& text);
 

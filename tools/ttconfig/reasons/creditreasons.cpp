@@ -3,9 +3,10 @@
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
-#include <algorithm>
+#include <optional>
 
 #include "traderbase/base/config/internal/strictnumbers.h"
+#include "ttconfig/reasons/creditfacts.h"
 #include "ttconfig/reasons/explainedcalls.h"
 #include "ttconfig/reasons/fieldtexts.h"
 #include "ttconfig/reasons/pieceedits.h"
@@ -23,13 +24,6 @@ using internal::SettingKey;
 
 std::string entryName(const internal::CreditEntry& entry) {
     return "the entry " + shownText(entry.text);
-}
-
-std::string joined(const std::vector<std::string>& entries, const char* separator) {
-    std::string text;
-    for (std::size_t i = 0; i < entries.size(); ++i)
-        text += (i == 0 ? "" : separator) + entries[i];
-    return text;
 }
 
 // An entry added to the key's value, or the value when there is none.
@@ -50,44 +44,57 @@ Answer ratiosAnswer(bool isListed, double first, double second) {
     return {isListed, first, second};
 }
 
+// Whether the entry is about the platform, too short ones included.
+bool isOfPlatform(const internal::CreditEntry& entry, int platform) {
+    return entry.kind != CreditEntryKind::NoPlatform && entry.platform == platform;
+}
+
+// The last entry of the platform.
+std::optional<ConcentrationFact> findConcentration(const standin::SettingsEntry& row, int platform) {
+    std::optional<ConcentrationFact> found;
+    forEachConcentration(row, [&](const ConcentrationFact& item) {
+        if (item.entry.kind == CreditEntryKind::Entry && item.entry.platform == platform) found = item;
+    });
+    return found;
+}
+
 // Entries of the platform that do not count.
-void addConcentrations(const ConcentrationFacts& facts, int platform, Explanation& explanation) {
-    const auto found = facts.byPlatform.find(platform);
-    for (std::size_t i = 0; i < facts.items.size(); ++i) {
-        const auto& item = facts.items[i];
-        const bool isOfPlatform = item.entry.kind != CreditEntryKind::NoPlatform && item.entry.platform == platform;
-        if (!isOfPlatform || (found != facts.byPlatform.end() && found->second == i)) continue;
-        lose(explanation, {Reason::PerPlatformValue, entryName(item.entry), item.place,
-                           item.entry.kind == CreditEntryKind::TooFewFields ? "less than two numbers: passed over"
-                                                                            : "overwritten by a later entry"});
-    }
+void addConcentrations(const standin::SettingsEntry& row, int platform, const std::optional<ConcentrationFact>& winner,
+                       Explanation& explanation) {
+    forEachConcentration(row, [&](const ConcentrationFact& item) {
+        if (!isOfPlatform(item.entry, platform) || (winner && winner->place == item.place)) return;
+        lose(explanation, [&] {
+            return Candidate{Reason::PerPlatformValue, entryName(item.entry), item.place,
+                             item.entry.kind == CreditEntryKind::TooFewFields ? "less than two numbers: passed over"
+                                                                              : "overwritten by a later entry"};
+        });
+    });
 }
 
 Explanation explainConcentration(const Question& question) {
     const SettingKey& key = keys::concentrationRatio;
-    const ConcentrationFacts& facts = question.facts.concentrations();
+    const standin::SettingsEntry* row = entryOf(question, key);
     const int platform = question.number(0);
     Explanation explanation;
     explanation.answer = ratiosAnswer(false, 0.0, 0.0);
-    if (facts.entry == nullptr) {
+    if (row == nullptr) {
         explanation.reason = Reason::KeyAbsent;
         explanation.rule = "there is no key " + nameOf(key);
         return explanation;
     }
-    const auto found = facts.byPlatform.find(platform);
-    if (found == facts.byPlatform.end()) {
-        explanation.reason = Reason::NotListed;
-        explanation.rule = nameOf(key) + " has no entry for " + platformName(platform);
-        explanation.place = valuePlace(*facts.entry);
-    } else {
-        const ConcentrationFact& item = facts.items[found->second];
-        explanation.answer = ratiosAnswer(true, internal::looseDouble(item.entry.ratios[0]),
-                                          internal::looseDouble(item.entry.ratios[1]));
+    const auto found = findConcentration(*row, platform);
+    if (found) {
+        explanation.answer = ratiosAnswer(true, internal::looseDouble(found->entry.ratios[0]),
+                                          internal::looseDouble(found->entry.ratios[1]));
         explanation.reason = Reason::PerPlatformValue;
         explanation.rule = nameOf(key) + " has an entry for " + platformName(platform);
-        explanation.place = item.place;
+        explanation.place = found->place;
+    } else {
+        explanation.reason = Reason::NotListed;
+        explanation.rule = nameOf(key) + " has no entry for " + platformName(platform);
+        explanation.place = valuePlace(*row);
     }
-    addConcentrations(facts, platform, explanation);
+    addConcentrations(*row, platform, found, explanation);
     addRepeats(question, key, explanation);
     return explanation;
 }
@@ -98,12 +105,13 @@ std::string newRatios(const std::vector<std::string>& ratios) {
 
 // Entries that were meant for the platform and have too few numbers.
 void suggestMeantRatios(const Question& question, int platform, const std::vector<std::string>& ratios, Edits& edits) {
-    const ConcentrationFacts& facts = question.facts.concentrations();
+    const standin::SettingsEntry* row = entryOf(question, keys::concentrationRatio);
+    if (row == nullptr) return;
     edits.reaching({});
-    for (const ConcentrationFact& item : facts.items) {
-        if (item.entry.kind != CreditEntryKind::TooFewFields || item.entry.platform != platform) continue;
-        edits.replacePiece(*facts.entry, item.entry.payload, newRatios(ratios));
-    }
+    forEachConcentration(*row, [&](const ConcentrationFact& item) {
+        const bool isMeant = item.entry.kind == CreditEntryKind::TooFewFields && item.entry.platform == platform;
+        if (isMeant) edits.replacePiece(*row, item.entry.payload, newRatios(ratios));
+    });
 }
 
 // The entry with the platform and the ratios, further numbers of the old one as they are.
@@ -164,70 +172,72 @@ std::string_view codeIn(const internal::CreditEntry& entry, std::string_view cod
 
 Explanation explainCollateralSale(const Question& question) {
     const SettingKey& key = keys::collateralSaleRepay;
-    const CollateralSaleFacts& facts = question.facts.collateralSales();
+    const standin::SettingsEntry* row = entryOf(question, key);
     const std::string what = platformName(question.number(0)) + " and the code " + shownText(question.text(1));
-    if (facts.entry == nullptr) return decided(false, Reason::KeyAbsent, "there is no key " + nameOf(key));
+    if (row == nullptr) return decided(false, Reason::KeyAbsent, "there is no key " + nameOf(key));
     Explanation explanation =
-        decided(false, Reason::NotListed, nameOf(key) + " does not list " + what, valuePlace(*facts.entry));
-    const auto found = facts.byPlatform.find(question.number(0));
-    const std::vector<std::size_t> none;
-    for (const std::size_t number : found == facts.byPlatform.end() ? none : found->second) {
-        const CollateralSaleFact& item = facts.items[number];
+        decided(false, Reason::NotListed, nameOf(key) + " does not list " + what, valuePlace(*row));
+    forEachCollateralSale(*row, [&](const CollateralSaleFact& item) {
+        if (!isOfPlatform(item.entry, question.number(0))) return;
         const std::string_view code = codeIn(item.entry, question.text(1));
         if (code.data() == nullptr) {
-            lose(explanation, {Reason::Listed, entryName(item.entry), item.place, "does not have the code"});
+            lose(explanation, [&] {
+                return Candidate{Reason::Listed, entryName(item.entry), item.place, "does not have the code"};
+            });
         } else if (explanation.reason == Reason::Listed) {
-            lose(explanation,
-                 {Reason::Listed, "the code once more", placeInValue(*facts.entry, code), "changes nothing"});
+            lose(explanation, {Reason::Listed, "the code once more", placeInValue(*row, code), "changes nothing"});
         } else {
             Explanation listed =
-                decided(true, Reason::Listed, nameOf(key) + " lists " + what, placeInValue(*facts.entry, code));
+                decided(true, Reason::Listed, nameOf(key) + " lists " + what, placeInValue(*row, code));
             listed.lost = std::move(explanation.lost);
             listed.furtherLost = explanation.furtherLost;
             explanation = std::move(listed);
         }
-    }
+    });
     addRepeats(question, key, explanation);
     return explanation;
 }
 
 // The value without the code in the platform's entries.
-std::string valueWithoutCode(const CollateralSaleFacts& facts, int platform, std::string_view code) {
-    std::vector<std::string> entries;
-    for (const CollateralSaleFact& item : facts.items) {
-        if (item.entry.kind != CreditEntryKind::Entry || item.entry.platform != platform) {
-            entries.emplace_back(item.entry.text);
-            continue;
+std::string valueWithoutCode(const standin::SettingsEntry& row, int platform, std::string_view code) {
+    std::string value;
+    forEachCollateralSale(row, [&](const CollateralSaleFact& item) {
+        if (item.entry.text.data() != row.value.data()) value += ';';
+        if (!isOfPlatform(item.entry, platform)) {
+            value += item.entry.text;
+            return;
         }
-        std::vector<std::string> codes;
+        value += item.entry.text.substr(0, item.entry.text.size() - item.entry.payload.size());
+        bool isFirst = true;
         internal::splitKeepEmpty(item.entry.payload, ',', [&](std::string_view each) {
-            if (each != code) codes.emplace_back(each);
+            if (each == code) return;
+            value.append(isFirst ? "" : ",").append(each);
+            isFirst = false;
         });
-        const auto head = item.entry.text.size() - item.entry.payload.size();
-        entries.push_back(std::string(item.entry.text.substr(0, head)) + joined(codes, ","));
-    }
-    return joined(entries, ";");
+    });
+    return value;
 }
 
 void suggestCollateralSale(const Question& question, const Wanted& wanted, Edits& edits) {
-    const CollateralSaleFacts& facts = question.facts.collateralSales();
+    const standin::SettingsEntry* row = entryOf(question, keys::collateralSaleRepay);
     const int platform = question.number(0);
     const std::string& code = question.text(1);
     const auto flag = wanted.flag();
     if (!flag) return;
     if (!*flag) {
-        if (facts.entry == nullptr) return;
-        edits.setValue(*facts.entry, valueWithoutCode(facts, platform, code));
+        if (row == nullptr) return;
+        edits.setValue(*row, valueWithoutCode(*row, platform, code));
         edits.reaching("everything else that the line lists");
-        edits.removeLine(*facts.entry);
+        edits.removeLine(*row);
         return;
     }
     suggestEntry(question, keys::collateralSaleRepay, std::to_string(platform) + ":" + code, edits);
-    for (const CollateralSaleFact& item : facts.items) {
-        if (item.entry.kind != CreditEntryKind::Entry || item.entry.platform != platform) continue;
+    if (row == nullptr) return;
+    forEachCollateralSale(*row, [&](const CollateralSaleFact& item) {
+        if (!isOfPlatform(item.entry, platform)) return;
         const char* separator = item.entry.payload.empty() ? "" : ",";
-        edits.replacePiece(*facts.entry, item.entry.text, std::string(item.entry.text) + separator + code);
-    }
+        edits.replacePiece(*row, item.entry.text, std::string(item.entry.text) + separator + code);
+    });
 }
 
 // --- the ratio that no load reads

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "ttconfig/reasons/cataloguefacts.h"
-#include "ttconfig/reasons/creditfacts.h"
 #include "ttconfig/reasons/limittablefacts.h"
 
 namespace ttconfig {
@@ -29,11 +28,8 @@ public:
     const LimitTable& stockRates() const { return kept(stockRateRows, stockRateTable); }
     const LimitTable& shanghaiConnectRates() const { return kept(shanghaiConnectRows, shanghaiConnectRateTable); }
     const LimitTable& shenzhenConnectRates() const { return kept(shenzhenConnectRows, shenzhenConnectRateTable); }
-    const ContractFacts& contracts() const { return kept(contractCatalogue, contractFacts); }
     const NumberRows& subscriptionFees() const { return kept(feeRows, subscriptionFeeRows); }
     const NumberRows& standardBonds() const { return kept(bondRows, standardBondRows); }
-    const ConcentrationFacts& concentrations() const { return kept(concentrationList, concentrationFacts); }
-    const CollateralSaleFacts& collateralSales() const { return kept(collateralSaleList, collateralSaleFacts); }
 
     // The later entries of a repeated key, in file order.
     std::vector<const standin::SettingsEntry*> repeatsOf(std::string_view section, std::string_view key) const;
@@ -58,11 +54,8 @@ private:
     mutable std::optional<LimitTable> stockRateRows;
     mutable std::optional<LimitTable> shanghaiConnectRows;
     mutable std::optional<LimitTable> shenzhenConnectRows;
-    mutable std::optional<ContractFacts> contractCatalogue;
     mutable std::optional<NumberRows> feeRows;
     mutable std::optional<NumberRows> bondRows;
-    mutable std::optional<ConcentrationFacts> concentrationList;
-    mutable std::optional<CollateralSaleFacts> collateralSaleList;
     mutable std::optional<Repeats> repeats;
 };
 

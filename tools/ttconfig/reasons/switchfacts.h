@@ -36,10 +36,9 @@ SwitchList switchList(const standin::SettingsText& text, std::string_view key);
 // Hands each piece of the entry's value to the sink. A list of a million pieces is gone through, and not held.
 template <typename Sink>
 void forEachListed(const standin::SettingsEntry& entry, Sink&& sink) {
-    ttservice::internal::forEachPlatformPiece(
-        entry.value, [&](std::string_view piece, std::optional<int> platform) {
-            sink(ListedPlatform{piece, platform, placeInValue(entry, piece)});
-        });
+    ttservice::internal::forEachPlatformPiece(entry.value, [&](std::string_view piece, std::optional<int> platform) {
+        sink(ListedPlatform{piece, platform, placeInValue(entry, piece)});
+    });
 }
 
 }  // namespace ttconfig

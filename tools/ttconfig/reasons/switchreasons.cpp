@@ -77,9 +77,9 @@ Explanation explainList(const SwitchQuestion& asked) {
         explanation = decided(asked.answer(true), Reason::Listed,
                               name + " lists " + platformName(asked.platform) + asked.inverted(), found->place);
     } else {
-        explanation = decided(asked.answer(false), Reason::NotListed,
-                              name + " does not list " + platformName(asked.platform) + asked.inverted(),
-                              valuePlace(*entry));
+        explanation =
+            decided(asked.answer(false), Reason::NotListed,
+                    name + " does not list " + platformName(asked.platform) + asked.inverted(), valuePlace(*entry));
     }
     addPieces(asked, *entry, found, explanation);
     addRepeats(asked.question, kSection, asked.key, explanation);
