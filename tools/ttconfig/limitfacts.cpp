@@ -1,6 +1,6 @@
 // Limit facts: answers what holds for the order of an instrument, and what decided it.
 // Doors: limitFacts().
-// Owns: nothing; where each row stands is found anew, by the grammar and the category rules that the store goes by.
+// Owns: nothing; rows are those of reasons/limittablefacts.h, categories and units go by the rules that the store has.
 // Covered by tests/tools/ttconfig/limits_test.cpp.
 
 #include "ttconfig/limitfacts.h"
@@ -10,10 +10,7 @@
 #include <utility>
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/limitrows.h"
-#include "traderbase/base/config/internal/marketitem.h"
 #include "traderbase/base/config/internal/markets.h"
-#include "traderbase/base/config/internal/settingkeys.h"
 #include "ttconfig/calls/calltable.h"
 
 namespace ttconfig {
@@ -21,8 +18,6 @@ namespace ttconfig {
 namespace {
 
 using namespace ttservice::internal;
-using standin::SettingsEntry;
-using standin::SettingsSection;
 using standin::SettingsText;
 using ttservice::ConfigCollector;
 
@@ -31,49 +26,15 @@ constexpr UnitSwitches kStoreSwitches{
     [] { return ConfigCollector::instance()->useRegistIPORules(); },
 };
 
-// --- rows
-
-// For every place of a limit table, the row that its value is from.
-using RowTable = MarketItemTable<LimitRow>;
-
-// Later rows win; of a repeated key the first value counts.
-template <std::size_t Count>
-void enterRows(const SettingsText& text, const SettingKey& topic, const LimitRowShape<Count>& /*shape*/,
-               RowTable& rows) {
-    const SettingsSection* section = text.findSection(topic.section);
-    if (section == nullptr) return;
-    for (const SettingsEntry& entry : section->entries) {
-        LimitFields<LimitRowShape<Count>> fields;
-        if (entry.repeated || !piecesExactly(entry.value, ',', fields)) continue;
-        const LimitRow row{section->name, entry.key, entry.value, entry.line};
-        forEachLimitItem(entry.key, [&](const LimitItem& item) { rows[tableKey(item)] = row; });
-    }
-}
-
-template <std::size_t Count>
-RowTable rowsOf(const SettingsText& text, const SettingKey& topic, const LimitRowShape<Count>& shape) {
-    RowTable rows;
-    enterRows(text, topic, shape, rows);
-    return rows;
-}
-
-// The three sections make one table.
-RowTable orderLimitRows(const SettingsText& text) {
-    RowTable rows;
-    enterRows(text, keys::orderLimits, kOrderLimitRow, rows);
-    enterRows(text, keys::connectShanghaiOrderLimits, kOrderLimitRow, rows);
-    enterRows(text, keys::connectShenzhenOrderLimits, kOrderLimitRow, rows);
-    return rows;
-}
-
-LimitReason reasonOf(const RowTable& rows, const std::string& market, LimitCategory category) {
+LimitReason reasonOf(const LimitTable& rows, const std::string& market, LimitCategory category) {
     LimitReason reason{market + '-' + std::string(category.word), category, std::nullopt};
-    if (const LimitRow* row = findRow(rows, market, category.word)) reason.row = *row;
+    if (const LimitEntry* entry = rows.find(market, category.word)) reason.row = *entry;
     return reason;
 }
 
-LimitReason reasonOf(const RowTable& rows, const std::string& market, const std::string& code, LimitCategory category) {
-    if (const LimitRow* row = findRow(rows, market, code)) return {market + '-' + code, {}, *row};
+LimitReason reasonOf(const LimitTable& rows, const std::string& market, const std::string& code,
+                     LimitCategory category) {
+    if (const LimitEntry* entry = rows.find(market, code)) return {market + '-' + code, {}, *entry};
     return reasonOf(rows, market, category);
 }
 
@@ -108,8 +69,8 @@ private:
     void addLimits() {
         const auto category = orderLimitCategory(upperMarket, upperCode, static_cast<EBrokerPriceType>(priceType));
         add("orderLimit", "order limit", ask("getOrderLimit", {priceType}),
-            reasonOf(orderLimitRows(text), upperMarket, upperCode, category));
-        const RowTable blockTrades = rowsOf(text, keys::blockTradeLimits, kBlockTradeLimitRow);
+            reasonOf(orderLimitTable(text), upperMarket, upperCode, category));
+        const LimitTable blockTrades = blockTradeTable(text);
         // By category alone: the code's own row is never looked for.
         add("blockTradeQuantity", "block trade, quantity", ask("getDazongOrderNumLimit"),
             reasonOf(blockTrades, upperMarket, blockTradeQuantityCategory(upperMarket, upperCode)));
@@ -133,21 +94,19 @@ private:
 
     void addRates() {
         add("stockRates", "stock rates", ask("getRateLimitPtr").at("fields"),
-            reasonOf(rowsOf(text, keys::stockRates, kStockRateRow), upperMarket, upperCode,
-                     stockRateCategory(upperMarket, upperCode)));
+            reasonOf(stockRateTable(text), upperMarket, upperCode, stockRateCategory(upperMarket, upperCode)));
         // HK goes by the rows of either connect.
         const bool isHongKong = upperMarket == markets::kHk;
         if (isHongKong || isShanghaiConnect(upperMarket)) {
             const std::string market = isHongKong ? std::string(markets::kHgt) : upperMarket;
             add("shanghaiConnectRates", "Shanghai connect rates", ask("getHGTExchangeRateLimitPtr").at("fields"),
-                reasonOf(rowsOf(text, keys::connectShanghaiRates, kConnectRateRow), market, upperCode,
+                reasonOf(shanghaiConnectRateTable(text), market, upperCode,
                          shanghaiConnectRateCategory(market, upperCode)));
         }
         if (isHongKong || isShenzhenConnect(upperMarket)) {
             const std::string market = isHongKong ? std::string(markets::kSgt) : upperMarket;
             add("shenzhenConnectRates", "Shenzhen connect rates", ask("getSgtExchangeRateLimitPtr").at("fields"),
-                reasonOf(rowsOf(text, keys::connectShenzhenRates, kConnectRateRow), market, upperCode,
-                         shenzhenConnectRateCategory()));
+                reasonOf(shenzhenConnectRateTable(text), market, upperCode, shenzhenConnectRateCategory()));
         }
     }
 

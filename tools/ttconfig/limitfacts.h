@@ -2,15 +2,14 @@
 
 #include <standin/settingstext.h>
 
-#include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "traderbase/base/config/internal/limitcategories.h"
 #include "traderbase/base/config/internal/tradeunitrules.h"
 #include "ttconfig/calls/records.h"
+#include "ttconfig/reasons/limittablefacts.h"
 
 namespace ttconfig {
 
@@ -22,20 +21,12 @@ struct LimitQuestion {
     std::optional<int> op;         // the same
 };
 
-// A row of a limit section, as written. Good for as long as the settings text is.
-struct LimitRow {
-    std::string_view section;
-    std::string_view key;
-    std::string_view value;
-    std::uint32_t line = 0;
-};
-
 // What decided an answer: a row, the lack of one, a numbered rule, or, when none of these is there, the list of the
 // operations that buy.
 struct LimitReason {
     std::string item;                             // of a limit table, "market-code" or "market-category", as looked for
     ttservice::internal::LimitCategory category;  // empty where the item names the code
-    std::optional<LimitRow> row;                  // the item's; without one the item's default holds
+    std::optional<LimitEntry> row;                // the item's; without one the item's default holds
     const ttservice::internal::UnitRuleText* rule = nullptr;
 };
 
@@ -47,8 +38,8 @@ struct LimitFact {
 };
 
 // All that an order-entry screen asks of an instrument. The answers are the store's and the platform's, the reasons are
-// found in the settings text, which has to be the one that the store has loaded. Rates of a connect are among the facts
-// on its own markets and on HK, whether the operation buys when there is one.
+// found in the settings text, which has to be the one that the store has loaded, and are good for as long as it lives.
+// Rates of a connect are among the facts on its own markets and on HK, whether the operation buys when there is one.
 std::vector<LimitFact> limitFacts(const standin::SettingsText& text, const LimitQuestion& question);
 
 }  // namespace ttconfig

@@ -45,8 +45,9 @@ std::string itemText(const LimitReason& reason) {
     std::string item = reason.item;
     if (!reason.category.word.empty()) item += " (" + std::string(reason.category.rule) + ")";
     if (!reason.row) return "default, no row for " + item;
-    return item + ": line " + std::to_string(reason.row->line) + " [" + std::string(reason.row->section) + "] " +
-           cutText(reason.row->key, kMostKeyBytes);
+    const standin::SettingsEntry& row = *reason.row->row;
+    return item + ": line " + std::to_string(row.line) + " [" + std::string(reason.row->section->name) + "] " +
+           cutText(row.key, kMostKeyBytes);
 }
 
 std::string reasonText(const LimitFact& fact) {
@@ -66,10 +67,11 @@ Answer itemJson(const LimitReason& reason) {
         json["categoryRule"] = std::string(reason.category.rule);
     }
     if (reason.row) {
-        json["section"] = std::string(reason.row->section);
-        json["key"] = std::string(reason.row->key);
-        json["value"] = std::string(reason.row->value);
-        json["line"] = reason.row->line;
+        const standin::SettingsEntry& row = *reason.row->row;
+        json["section"] = std::string(reason.row->section->name);
+        json["key"] = std::string(row.key);
+        json["value"] = std::string(row.value);
+        json["line"] = row.line;
     }
     return json;
 }

@@ -104,16 +104,17 @@ private:
             reason.category.word.empty() ? upper(question.code) : std::string(reason.category.word);
         EXPECT_EQ(reason.item.substr(reason.item.find('-') + 1), word);
         checkThatItStandsThere(*reason.row, reason.item);
-        return saidByFields(fact.name, split(std::string(reason.row->value), ','));
+        return saidByFields(fact.name, split(std::string(reason.row->row->value), ','));
     }
 
-    void checkThatItStandsThere(const ttconfig::LimitRow& row, const std::string& item) const {
+    void checkThatItStandsThere(const ttconfig::LimitEntry& entry, const std::string& item) const {
+        const standin::SettingsEntry& row = *entry.row;
         ASSERT_LE(row.line, lines.size());
         EXPECT_EQ(lines[row.line - 1], std::string(row.key) + "=" + std::string(row.value));
         std::size_t header = row.line - 1;
         while (header > 0 && lines[header][0] != '[')
             --header;
-        EXPECT_EQ(lines[header], "[" + std::string(row.section) + "]");
+        EXPECT_EQ(lines[header], "[" + std::string(entry.section->name) + "]");
         bool isNamed = false;
         for (const std::string& written : split(upper(std::string(row.key)), ','))
             isNamed |= written == item || (written.find('-') == std::string::npos && written + "-" + written == item);
