@@ -28,13 +28,13 @@ constexpr UnitSwitches kStoreSwitches{
 
 LimitReason reasonOf(const LimitTable& rows, const std::string& market, LimitCategory category) {
     LimitReason reason{market + '-' + std::string(category.word), category, std::nullopt};
-    if (const LimitEntry* entry = rows.find(market, category.word)) reason.row = *entry;
+    if (const auto entry = rows.find(market, category.word)) reason.row = *entry;
     return reason;
 }
 
 LimitReason reasonOf(const LimitTable& rows, const std::string& market, const std::string& code,
                      LimitCategory category) {
-    if (const LimitEntry* entry = rows.find(market, code)) return {market + '-' + code, {}, *entry};
+    if (const auto entry = rows.find(market, code)) return {market + '-' + code, {}, *entry};
     return reasonOf(rows, market, category);
 }
 

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -105,6 +106,30 @@ TEST(Diff, JsonHasAMemberForEachPartOfTheLine) {
     const json same = json::parse(inFolder("diff --format json old.ini old.ini").out);
     EXPECT_EQ(same["same"], true);
     EXPECT_TRUE(same["changes"].empty());
+}
+
+TEST(Diff, WithPlatformDataTellsWhatACodeIsAnsweredByItsCategory) {
+    std::vector<std::string> lines = inFolder("diff old.ini new.ini").lines();
+    const auto line = std::find(lines.begin(), lines.end(), "SH-688001: getOrderLimit by category → 5000,股 (new:22)");
+    ASSERT_NE(line, lines.end());
+    *line = "SH-688001: getOrderLimit 1000000,股 → 5000,股 (new:22)";
+    EXPECT_EQ(inFolder("diff --platform platform.json old.ini new.ini").lines(), lines);
+    const ToolRun missing = inFolder("diff --platform nowhere.json old.ini new.ini");
+    EXPECT_EQ(missing.exitCode, 3);
+    EXPECT_THAT(missing.err, HasSubstr("nowhere.json"));
+}
+
+TEST(Diff, RowsThatNoQuestionReachesAreNoDifference) {
+    const std::string rows =
+        "[StkExchangeOrderLimit]\nSH=5,股\n-600000=5,股\nSH-CDR=5,股\nSH-STOCKS=5,股\n"
+        "HGT-LOAN=5,股\n[StkExchangeDazongOrderLimit]\nSH-600000=5,股,5\n"
+        "[HGTExchangeRateLimit]\nHK-1=1,1,1,1,1,1,1,1,1,1,1,1,1,1\n";
+    const tests::TempFolder folder;
+    const std::string with = folder.write("with.ini", rows);
+    const std::string without = folder.write("without.ini", "[StkExchangeOrderLimit]\n");
+    const ToolRun run = runTool({"diff", with, without});
+    EXPECT_EQ(run.out, "no difference\n");
+    EXPECT_EQ(run.exitCode, 0);
 }
 
 TEST(Diff, UnitsFollowTheSwitchesThatTheyDependOn) {

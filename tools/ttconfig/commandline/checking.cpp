@@ -24,8 +24,14 @@ constexpr const char* kCheckHelp =
 constexpr const char* kDiffHelp =
     "Compares what the two files make the library answer, not how they are written. Exit code 0: the same; 1: not the\n"
     "same; 3: a file cannot be read.\n\n"
+    "A code whose own limit comes or goes is told as going \"by category\"; with --platform the category is known of "
+    "the\n"
+    "instruments that the platform data know, so that its limit is told, or nothing when it is the same. The order of "
+    "a\n"
+    "list of platforms and rows that no question reaches are no difference.\n\n"
     "Examples:\n"
     "  ttconfig diff settings.ini.old settings.ini\n"
+    "  ttconfig diff --platform platform.json settings.ini.old settings.ini\n"
     "  ttconfig diff --platforms 12,47 settings.ini.old settings.ini";
 
 constexpr const char* kTestHelp =
@@ -86,6 +92,7 @@ void addCheck(CLI::App& app, CommandLine& line) {
 void addDiff(CLI::App& app, CommandLine& line) {
     app.footer(kDiffHelp);
     addDirectory(app, line.shared.directories);
+    addPlatformData(app, line);
     addFormat(app, line, {"text", "json"});
     const auto take = [&line](const std::string& given) { line.platforms = numbersIn(given); };
     app.add_option_function<std::string>("--platforms", take, "Compare for these platforms, not for all that are named")

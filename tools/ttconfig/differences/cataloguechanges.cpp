@@ -2,8 +2,9 @@
 // the funds with a fixed price.
 // Doors: tellCatalogueChanges(), tellFundChanges().
 // Owns: nothing.
-// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencesoracle_test.cpp.
+// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
+#include <functional>
 #include <map>
 #include <set>
 #include <utility>
@@ -11,6 +12,7 @@
 #include "traderbase/base/config/contractinfo.h"
 #include "traderbase/base/config/internal/catalogueentries.h"
 #include "ttconfig/differences/changesink.h"
+#include "ttconfig/differences/mergedrows.h"
 #include "ttconfig/reasons/cataloguefacts.h"
 
 namespace ttconfig {
@@ -19,35 +21,6 @@ namespace {
 
 using namespace ttservice::internal;
 using ttservice::ContractInfo;
-
-struct Said {
-    Answer answer;
-    std::optional<Place> place;
-};
-
-void tellChange(ChangeTopic topic, std::string subject, std::string question, Said old, Said now,
-                const ChangeSink& tell) {
-    Change change;
-    change.topic = topic;
-    change.subject = std::move(subject);
-    change.question = std::move(question);
-    change.before = std::move(old.answer);
-    change.after = std::move(now.answer);
-    change.oldPlace = old.place;
-    change.newPlace = now.place;
-    tell(std::move(change));
-}
-
-// The keys that either map has, in order.
-template <typename Map>
-auto keysOfBoth(const Map& before, const Map& after) {
-    std::set<typename Map::key_type> keys;
-    for (const auto* map : {&before, &after}) {
-        for (const auto& item : *map)
-            keys.insert(item.first);
-    }
-    return keys;
-}
 
 const char* accountsOf(bool isCredit) {
     return isCredit ? ", credit accounts" : ", stock accounts";
@@ -75,14 +48,14 @@ bool isSameRecord(const ContractInfo* left, const ContractInfo* right) {
 }
 
 void tellContracts(const ContractFacts& before, const ContractFacts& after, const ChangeSink& tell) {
-    for (const std::string& key : keysOfBoth(before.byKey, after.byKey)) {
+    mergeByKey(before.byKey, after.byKey, [&](const std::string& key, const auto* /*old*/, const auto* /*now*/) {
         const ContractInfo* old = recordOf(before, key);
         const ContractInfo* now = recordOf(after, key);
-        if (isSameRecord(old, now)) continue;
+        if (isSameRecord(old, now)) return;
         const ContractInfo& known = old != nullptr ? *old : *now;
-        tellChange(ChangeTopic::Catalogue, "algorithm product " + known.productId + accountsOf(known.isCredit),
-                   "getContractInfo", saidOf(before, key, old), saidOf(after, key, now), tell);
-    }
+        tell(changeOf(ChangeTopic::Catalogue, "algorithm product " + known.productId + accountsOf(known.isCredit),
+                      "getContractInfo", saidOf(before, key, old), saidOf(after, key, now)));
+    });
 }
 
 // --- the product of an algorithm type
@@ -93,21 +66,18 @@ struct TypeIndex {
     const ContractFacts& facts;
 
     // Without an entry the answer is an empty product ID.
-    Said of(const std::string& type) const {
-        const auto product = productByType.find(type);
-        if (product == productByType.end()) return {"", std::nullopt};
-        return {product->second, facts.types[entryByType.at(type)].place};
+    Said of(const std::string& type, const std::string* product) const {
+        if (product == nullptr) return {""};
+        return {*product, facts.types[entryByType.at(type)].place};
     }
 };
 
 void tellTypes(const TypeIndex& before, const TypeIndex& after, bool isCredit, const ChangeSink& tell) {
-    for (const std::string& type : keysOfBoth(before.productByType, after.productByType)) {
-        Said old = before.of(type);
-        Said now = after.of(type);
-        if (old.answer == now.answer) continue;
-        tellChange(ChangeTopic::Catalogue, "algorithm type " + type + accountsOf(isCredit), "getProductIdbyAlgoName",
-                   std::move(old), std::move(now), tell);
-    }
+    mergeByKey(before.productByType, after.productByType,
+               [&](const std::string& type, const std::string* old, const std::string* now) {
+                   tellIfChanged(ChangeTopic::Catalogue, "algorithm type " + type + accountsOf(isCredit),
+                                 "getProductIdbyAlgoName", before.of(type, old), after.of(type, now), tell);
+               });
 }
 
 void tellAlgorithmProducts(const TextPair& texts, const ChangeSink& tell) {
@@ -136,14 +106,11 @@ void tellHttpProducts(const TextPair& texts, const ChangeSink& tell) {
     };
     enter(entries.before, before);
     enter(entries.after, after);
-    for (const std::string_view id : keysOfBoth(before, after)) {
-        const auto old = before.find(id);
-        const auto now = after.find(id);
-        if ((old == before.end()) == (now == after.end())) continue;
-        tellChange(ChangeTopic::Catalogue, "algorithm product " + std::string(id), "isHttpProductID",
-                   {old != before.end(), old != before.end() ? old->second : entries.oldPlace()},
-                   {now != after.end(), now != after.end() ? now->second : entries.newPlace()}, tell);
-    }
+    mergeByKey(before, after, [&](std::string_view id, const Place* old, const Place* now) {
+        tellIfChanged(ChangeTopic::Catalogue, "algorithm product " + std::string(id), "isHttpProductID",
+                      {old != nullptr, old != nullptr ? *old : entries.oldPlace()},
+                      {now != nullptr, now != nullptr ? *now : entries.newPlace()}, tell);
+    });
 }
 
 // The list that the operation answers.
@@ -182,11 +149,9 @@ void tellList(const TextPair& texts, const SettingKey& key, const char* question
               const ChangeSink& tell) {
     const EntryPair entries = entriesOf(texts, key);
     if (entries.sayTheSame()) return;
-    Answer old = grammar(entries.oldValue());
-    Answer now = grammar(entries.newValue());
-    if (old == now) return;
-    tellChange(ChangeTopic::Catalogue, std::string(key.key), question, {std::move(old), entries.oldPlace()},
-               {std::move(now), entries.newPlace()}, tell);
+    tellIfChanged(ChangeTopic::Catalogue, std::string(key.key), question,
+                  {grammar(entries.oldValue()), entries.oldPlace()}, {grammar(entries.newValue()), entries.newPlace()},
+                  tell);
 }
 
 // --- funds with a fixed price
@@ -200,17 +165,14 @@ std::map<std::string_view, std::string_view> codesByMarket(const standin::Settin
     return codes;
 }
 
-Texts codesOf(const std::map<std::string_view, std::string_view>& codes, std::string_view market) {
+Texts codesIn(const std::string_view* list) {
     Texts texts;
-    const auto found = codes.find(market);
-    if (found == codes.end()) return texts;
-    splitKeepEmpty(found->second, ',', [&texts](std::string_view code) { texts.insert(code); });
+    if (list != nullptr) splitKeepEmpty(*list, ',', [&texts](std::string_view code) { texts.insert(code); });
     return texts;
 }
 
-Said fixedPrice(const standin::SettingsEntry* entry, const Texts& codes, std::string_view code) {
-    const auto found = codes.find(code);
-    if (found != codes.end()) return {true, placeInValue(*entry, *found)};
+Said fixedPrice(const standin::SettingsEntry* entry, const std::string_view* code) {
+    if (code != nullptr) return {true, placeInValue(*entry, *code)};
     return {false, entry == nullptr ? std::optional<Place>() : valuePlace(*entry)};
 }
 
@@ -229,20 +191,15 @@ void tellCatalogueChanges(const TextPair& texts, const ChangeSink& tell) {
 void tellFundChanges(const TextPair& texts, const ChangeSink& tell) {
     const EntryPair entries = entriesOf(texts, keys::fixedPriceFunds);
     if (entries.sayTheSame()) return;
-    const auto before = codesByMarket(entries.before);
-    const auto after = codesByMarket(entries.after);
-    for (const std::string_view market : keysOfBoth(before, after)) {
-        const Texts old = codesOf(before, market);
-        const Texts now = codesOf(after, market);
-        Texts codes = old;
-        codes.insert(now.begin(), now.end());
-        for (const std::string_view code : codes) {
-            if (old.count(code) == now.count(code)) continue;
-            tellChange(ChangeTopic::Fund, std::string(market).append("-").append(code),
-                       "isNeedFixPriceByNonTradeMonetaryFund", fixedPrice(entries.before, old, code),
-                       fixedPrice(entries.after, now, code), tell);
-        }
-    }
+    mergeByKey(codesByMarket(entries.before), codesByMarket(entries.after),
+               [&](std::string_view market, const std::string_view* oldCodes, const std::string_view* newCodes) {
+                   mergeRows(codesIn(oldCodes), codesIn(newCodes), std::less<>(),
+                             [&](std::string_view code, const std::string_view* old, const std::string_view* now) {
+                                 tellIfChanged(ChangeTopic::Fund, std::string(market).append("-").append(code),
+                                               "isNeedFixPriceByNonTradeMonetaryFund", fixedPrice(entries.before, old),
+                                               fixedPrice(entries.after, now), tell);
+                             });
+               });
 }
 
 }  // namespace ttconfig

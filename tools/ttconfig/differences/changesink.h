@@ -2,7 +2,9 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "traderbase/base/config/internal/settingkeys.h"
@@ -15,7 +17,27 @@ namespace ttconfig {
 struct TextPair {
     const standin::SettingsText& before;
     const standin::SettingsText& after;
+    const standin::PlatformData* platform = nullptr;  // the installed one, where it is to be asked
 };
+
+// An answer of one text, and the place that says it.
+// NOLINTNEXTLINE(bugprone-exception-escape): moving a JSON value asserts what holds, and throws nothing
+struct Said {
+    Answer answer;
+    std::optional<Place> place = std::nullopt;
+};
+
+// A change of what is said about the subject, or about the platform.
+Change changeOf(ChangeTopic topic, std::string subject, std::string question, Said old, Said now);
+Change changeOf(ChangeTopic topic, int platform, std::string question, Said old, Said now);
+
+// Tells the change, if it is one.
+template <typename Subject>
+void tellIfChanged(ChangeTopic topic, Subject subject, std::string question, Said old, Said now,
+                   const ChangeSink& tell) {
+    if (old.answer == now.answer) return;
+    tell(changeOf(topic, std::move(subject), std::move(question), std::move(old), std::move(now)));
+}
 
 // The entries of one key, null where a text does not have it.
 struct EntryPair {

@@ -91,9 +91,8 @@ standin::SettingsText loaded(const std::string& path) {
 }  // namespace
 
 int runDiff(const CommandLine& commandLine, Output& output) {
-    SharedOptions directories;
-    directories.directories = commandLine.shared.directories;
-    carryOut(directories);
+    carryOut(commandLine.shared);
+    const auto platform = commandLine.shared.platform ? standin::PlatformData::current() : nullptr;
     Progress progress("comparing");
     const standin::SettingsText oldText = loaded(commandLine.words.at(0));
     progress.atLongStep(0, commandLine.words.at(1));
@@ -101,7 +100,7 @@ int runDiff(const CommandLine& commandLine, Output& output) {
     progress.atLongStep(0);
     ChangeWriter writer(commandLine, output, progress);
     writer.begin();
-    tellDifferences(oldText, newText, commandLine.platforms.value_or(std::vector<int>()),
+    tellDifferences(oldText, newText, commandLine.platforms.value_or(std::vector<int>()), platform.get(),
                     [&writer](const Change& change) { writer.write(change); });
     return writer.end() ? kExitFindings : kExitDone;
 }

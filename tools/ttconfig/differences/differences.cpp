@@ -1,12 +1,13 @@
 // Differences: answers which of the library's answers differ between two settings texts.
-// Doors: tellDifferences(), differences(), changeText(), changeJson().
+// Doors: tellDifferences(), differences(), changeText(), changeJson(), changeOf().
 // Owns: the order of the topics, and how a change is shown.
-// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencesoracle_test.cpp.
+// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include "ttconfig/differences/differences.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/text/answertext.h"
@@ -67,6 +68,25 @@ std::string_view wordOf(ChangeTopic topic) {
     return "";
 }
 
+Change changeOf(ChangeTopic topic, std::string subject, std::string question, Said old, Said now) {
+    Change change;
+    change.topic = topic;
+    change.subject = std::move(subject);
+    change.question = std::move(question);
+    change.before = std::move(old.answer);
+    change.after = std::move(now.answer);
+    change.oldPlace = old.place;
+    change.newPlace = now.place;
+    return change;
+}
+
+Change changeOf(ChangeTopic topic, int platform, std::string question, Said old, Said now) {
+    Change change =
+        changeOf(topic, "platform " + std::to_string(platform), std::move(question), std::move(old), std::move(now));
+    change.platform = platform;
+    return change;
+}
+
 bool haveSameEntries(const TextPair& texts, std::string_view section) {
     const auto* before = texts.before.findSection(section);
     const auto* after = texts.after.findSection(section);
@@ -86,8 +106,8 @@ bool isWanted(const std::vector<int>& wanted, int platform) {
 }
 
 void tellDifferences(const standin::SettingsText& oldText, const standin::SettingsText& newText,
-                     const std::vector<int>& platforms, const ChangeSink& tell) {
-    const TextPair texts{oldText, newText};
+                     const std::vector<int>& platforms, const standin::PlatformData* data, const ChangeSink& tell) {
+    const TextPair texts{oldText, newText, data};
     std::vector<int> wanted = platforms;
     std::sort(wanted.begin(), wanted.end());
     wanted.erase(std::unique(wanted.begin(), wanted.end()), wanted.end());
@@ -102,9 +122,10 @@ void tellDifferences(const standin::SettingsText& oldText, const standin::Settin
 }
 
 std::vector<Change> differences(const standin::SettingsText& oldText, const standin::SettingsText& newText,
-                                const std::vector<int>& platforms) {
+                                const std::vector<int>& platforms, const standin::PlatformData* data) {
     std::vector<Change> changes;
-    tellDifferences(oldText, newText, platforms, [&changes](Change change) { changes.push_back(std::move(change)); });
+    tellDifferences(oldText, newText, platforms, data,
+                    [&changes](Change change) { changes.push_back(std::move(change)); });
     return changes;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <standin/platformdata.h>
 #include <standin/settingstext.h>
 
 #include <functional>
@@ -40,7 +41,7 @@ struct Change {
     std::string question;  // the operation, and what it takes beside the subject; several operations of one answer with
                            // a blank between them
     Answer before;         // as the operation answers, a rate record as the list of its numbers; null where there is no
-                           // record, and where the platform data decides: a code without a row goes by its category
+                           // record, and where it is not known: a code without a row goes by its category
     Answer after;
     std::optional<Place> oldPlace;  // of what says it in the old text; none where nothing does
     std::optional<Place> newPlace;
@@ -53,16 +54,24 @@ using ChangeSink = std::function<void(Change)>;
 // platform what is asked with a platform ID, then single values, limits, catalogues, products and funds. Every other
 // platform is one that neither text names for the setting.
 //
-// With platforms, only what is asked with a platform ID is told, and only of these. A key that nobody knows by name is
-// a switch all the same, asked for as isSomePt("key"); one that is known to hold a value is not. The order in which
-// platforms are listed is no answer: getPts and getAllpts are left out. A category word is asked for as a category, and
-// never as a code.
+// With platforms, only what is asked with a platform ID is told, and only of these.
+//
+// The store turns the value of every key of the main section into a list of platforms, also of those that are known to
+// hold something else; nobody asks for these lists, and their keys are told by what they are for. A key that nobody
+// knows by name is a switch, asked for as isSomePt("key"). What getPts and getAllpts answer is told with that, platform
+// by platform: the order of a list, a platform that is in it twice, and a key that lists nobody are form.
+//
+// Rows that no question reaches (limitquestions.h), rows for an item without "-" among them, are no difference, and a
+// category word is asked for as a category, never as a code. A code whose own row comes or goes is told as going by its
+// category, unless that comes to the same. With platform data, which have to be the installed ones, its category is
+// known where they know the instrument; without, every category that a code of the market can have must come to the
+// same.
 void tellDifferences(const standin::SettingsText& oldText, const standin::SettingsText& newText,
-                     const std::vector<int>& platforms, const ChangeSink& tell);
+                     const std::vector<int>& platforms, const standin::PlatformData* data, const ChangeSink& tell);
 
 // The same as a list.
 std::vector<Change> differences(const standin::SettingsText& oldText, const standin::SettingsText& newText,
-                                const std::vector<int>& platforms = {});
+                                const std::vector<int>& platforms = {}, const standin::PlatformData* data = nullptr);
 
 // "on", "1000000,股", "by category": an answer of the change as a line shows it.
 std::string shownBefore(const Change& change);

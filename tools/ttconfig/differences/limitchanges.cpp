@@ -1,20 +1,19 @@
 // Changes of limits: answers for which instruments and categories order limits, block trades and rates differ.
 // Doors: tellLimitChanges().
 // Owns: nothing; rows are views into the texts, and their values are read where two of them differ.
-// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencesoracle_test.cpp.
+// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
 #include "traderbase/base/config/internal/limitrows.h"
-#include "traderbase/base/config/internal/markets.h"
 #include "traderbase/base/config/internal/settingkeys.h"
 #include "traderbase/base/config/internal/strictnumbers.h"
 #include "traderbase/base/config/internal/volumelimit.h"
 #include "ttconfig/differences/changesink.h"
-#include "ttconfig/differences/limitwords.h"
 #include "ttconfig/differences/mergedrows.h"
+#include "ttconfig/limitquestions.h"
 #include "ttconfig/text/uppercase.h"
 
 namespace ttconfig {
@@ -34,6 +33,8 @@ struct Row {
     std::string_view item;
     const SettingsEntry* entry;
 
+    // Without one the text stands for market and item alike.
+    bool hasDash() const { return market.data() != item.data(); }
     Place place() const { return placeInKey(*entry, market); }
 };
 
@@ -138,12 +139,10 @@ Answer ratesAnswer(const RowValue& value) {
 // --- questions
 
 // What is asked of a table.
-struct LimitTopic {
+struct AskedTable {
     ChangeTopic topic;
     const char* question;
-    LimitWords words;
-    bool asksByCode;              // else by category alone
-    std::string_view neverAsked;  // a market that the question asks under another name
+    LimitTopic table;
     RowValue (*value)(std::string_view text);
     Answer (*answer)(const RowValue& value);
     RowValue withoutRow;
@@ -172,8 +171,9 @@ RowValue ratesWithoutRow(std::size_t count) {
 // One table in both texts.
 class LimitChanges {
 public:
-    LimitChanges(const LimitTopic& limitTopic, const Rows& oldRows, const Rows& newRows, const ChangeSink& sink)
-        : topic(limitTopic), before(oldRows), after(newRows), tell(sink) {}
+    LimitChanges(const AskedTable& askedTable, const Rows& oldRows, const Rows& newRows,
+                 const standin::PlatformData* data, const ChangeSink& sink)
+        : topic(askedTable), before(oldRows), after(newRows), platform(data), tell(sink) {}
 
     void tellAll() {
         mergeRows(before, after, lessRow, [this](const Row& one, const Row* left, const Row* right) {
@@ -187,32 +187,20 @@ private:
     using CategoryValues = std::vector<RowValue>;
 
     void compare(const Row& one, const Row* left, const Row* right) {
+        const bool isWritten = (left != nullptr && left->hasDash()) || (right != nullptr && right->hasDash());
         const std::string market = upperText(one.market);
         const std::string item = upperText(one.item);
-        if (market == topic.neverAsked && !market.empty()) return;
-        if (isWordOf(topic.words, item)) return compareCategory(market, item, left, right);
-        if (topic.asksByCode) compareCode(market, item, left, right);
-    }
-
-    // A category that no instrument of the market goes by is never asked for.
-    void compareCategory(const std::string& market, const std::string& word, const Row* left, const Row* right) {
-        const std::vector<std::string_view>& words = topic.words(market);
-        if (std::find(words.begin(), words.end(), word) == words.end()) return;
+        if (!isWritten || !isReachable(topic.table, market, item)) return;
+        const bool isCode = !isCategoryWord(item);
+        if (isCode && (left == nullptr || right == nullptr)) return compareCode(market, item, left, right);
         const RowValue old = valueOf(left);
         const RowValue now = valueOf(right);
-        if (!sameValue(old, now)) change(market, word, topic.answer(old), topic.answer(now), left, right);
+        if (!sameValue(old, now)) change(market, item, topic.answer(old), topic.answer(now), left, right);
     }
 
-    // Without a row of its own the code goes by its category, which is for the platform data to say.
+    // Without a row of its own the code goes by its category.
     void compareCode(const std::string& market, const std::string& code, const Row* left, const Row* right) {
-        if (left != nullptr && right != nullptr) {
-            const RowValue old = valueOf(left);
-            const RowValue now = valueOf(right);
-            if (!sameValue(old, now)) change(market, code, topic.answer(old), topic.answer(now), left, right);
-            return;
-        }
-        enterMarket(market);
-        const CategoryValues& others = left == nullptr ? oldCategories : newCategories;
+        const CategoryValues& others = valuesByCategory(left == nullptr ? before : after, market, code);
         const RowValue own = valueOf(left == nullptr ? right : left);
         if (others.size() == 1 && sameValue(own, others.front())) return;
         const Answer byCategory = others.size() == 1 ? topic.answer(others.front()) : Answer();
@@ -227,17 +215,25 @@ private:
         return row == nullptr ? topic.withoutRow : topic.value(row->entry->value);
     }
 
-    // Codes come market by market: the categories are looked up once for each.
-    void enterMarket(const std::string& market) {
-        if (!oldCategories.empty() && market == categoriesOf) return;
-        categoriesOf = market;
-        oldCategories = categoryValues(before, market);
-        newCategories = categoryValues(after, market);
+    // What the code comes to by its category, or, where that is not known, by every one that it can have.
+    const CategoryValues& valuesByCategory(const Rows& rows, const std::string& market, const std::string& code) {
+        if (platform != nullptr && knowsInstrument(*platform, market, code)) {
+            ownCategories = categoryValues(rows, market, categoryWordsOfCode(topic.table, market, code));
+            return ownCategories;
+        }
+        // Codes come market by market: the categories are looked up once for each.
+        if (oldCategories.empty() || market != categoriesOf) {
+            categoriesOf = market;
+            oldCategories = categoryValues(before, market, categoryWordsOf(topic.table, market));
+            newCategories = categoryValues(after, market, categoryWordsOf(topic.table, market));
+        }
+        return &rows == &before ? oldCategories : newCategories;
     }
 
-    CategoryValues categoryValues(const Rows& rows, const std::string& market) const {
+    CategoryValues categoryValues(const Rows& rows, const std::string& market,
+                                  const std::vector<std::string_view>& words) const {
         CategoryValues values;
-        for (const std::string_view word : topic.words(market)) {
+        for (const std::string_view word : words) {
             const Row wanted{market, word, nullptr};
             const auto found = std::lower_bound(rows.begin(), rows.end(), wanted, lessRow);
             const bool isThere = found != rows.end() && !lessRow(wanted, *found);
@@ -250,31 +246,27 @@ private:
 
     void change(const std::string& market, const std::string& item, Answer old, Answer now, const Row* left,
                 const Row* right) const {
-        Change found;
-        found.topic = topic.topic;
-        found.subject = market + '-' + item;
-        found.question = topic.question;
-        found.before = std::move(old);
-        found.after = std::move(now);
-        if (left != nullptr) found.oldPlace = left->place();
-        if (right != nullptr) found.newPlace = right->place();
-        tell(std::move(found));
+        const auto placeOf = [](const Row* row) { return row == nullptr ? std::nullopt : std::optional(row->place()); };
+        tell(changeOf(topic.topic, market + '-' + item, topic.question, {std::move(old), placeOf(left)},
+                      {std::move(now), placeOf(right)}));
     }
 
-    const LimitTopic& topic;
+    const AskedTable& topic;
     const Rows& before;
     const Rows& after;
+    const standin::PlatformData* platform;
     const ChangeSink& tell;
     std::string categoriesOf;
     CategoryValues oldCategories;
     CategoryValues newCategories;
+    CategoryValues ownCategories;
 };
 
 // --- tables
 
 // The sections that make one table, and the questions that are answered from it.
 void tellTable(const TextPair& texts, const std::vector<const SettingKey*>& sections, std::size_t fields,
-               const std::vector<LimitTopic>& topics, const ChangeSink& tell) {
+               const std::vector<AskedTable>& topics, const ChangeSink& tell) {
     if (std::all_of(sections.begin(), sections.end(),
                     [&texts](const SettingKey* section) { return haveSameEntries(texts, section->section); })) {
         return;
@@ -287,8 +279,8 @@ void tellTable(const TextPair& texts, const std::vector<const SettingKey*>& sect
     }
     keepLastOfEqual(before, lessRow);
     keepLastOfEqual(after, lessRow);
-    for (const LimitTopic& topic : topics)
-        LimitChanges(topic, before, after, tell).tellAll();
+    for (const AskedTable& topic : topics)
+        LimitChanges(topic, before, after, texts.platform, tell).tellAll();
 }
 
 }  // namespace
@@ -296,51 +288,25 @@ void tellTable(const TextPair& texts, const std::vector<const SettingKey*>& sect
 void tellLimitChanges(const TextPair& texts, const ChangeSink& tell) {
     tellTable(texts, {&keys::orderLimits, &keys::connectShanghaiOrderLimits, &keys::connectShenzhenOrderLimits},
               kOrderLimitRow.size(),
-              {{ChangeTopic::OrderLimit,
-                "getOrderLimit",
-                orderLimitWords,
-                true,
-                {},
-                orderLimitValue,
-                volumeAnswer,
+              {{ChangeTopic::OrderLimit, "getOrderLimit", LimitTopic::OrderLimits, orderLimitValue, volumeAnswer,
                 volumeWithoutRow()}},
               tell);
-    // By category alone: a code's own row is never looked for.
     tellTable(texts, {&keys::blockTradeLimits}, kBlockTradeLimitRow.size(),
-              {{ChangeTopic::BlockTradeLimit,
-                "getDazongOrderNumLimit",
-                blockTradeQuantityWords,
-                false,
-                {},
-                blockTradeQuantity,
-                volumeAnswer,
-                volumeWithoutRow()},
-               {ChangeTopic::BlockTradeLimit,
-                "getDazongOrderTradeAmountLimit",
-                blockTradeAmountWords,
-                false,
-                {},
-                blockTradeAmount,
-                amountAnswer,
-                amountWithoutRow()}},
+              {{ChangeTopic::BlockTradeLimit, "getDazongOrderNumLimit", LimitTopic::BlockTrades, blockTradeQuantity,
+                volumeAnswer, volumeWithoutRow()},
+               {ChangeTopic::BlockTradeLimit, "getDazongOrderTradeAmountLimit", LimitTopic::BlockTradeAmounts,
+                blockTradeAmount, amountAnswer, amountWithoutRow()}},
               tell);
     tellTable(texts, {&keys::stockRates}, kStockRateRow.size(),
-              {{ChangeTopic::RateLimit,
-                "getRateLimitPtr",
-                stockRateWords,
-                true,
-                {},
-                stockRateValue,
-                ratesAnswer,
+              {{ChangeTopic::RateLimit, "getRateLimitPtr", LimitTopic::StockRates, stockRateValue, ratesAnswer,
                 ratesWithoutRow(kStockRateRow.size())}},
               tell);
-    // Whoever asks the connects for HK is answered from HGT and from SGT.
     tellTable(texts, {&keys::connectShanghaiRates}, kConnectRateRow.size(),
-              {{ChangeTopic::RateLimit, "getHGTExchangeRateLimitPtr", shanghaiConnectRateWords, true, markets::kHk,
+              {{ChangeTopic::RateLimit, "getHGTExchangeRateLimitPtr", LimitTopic::ShanghaiConnectRates,
                 connectRateValue, ratesAnswer, ratesWithoutRow(kConnectRateRow.size())}},
               tell);
     tellTable(texts, {&keys::connectShenzhenRates}, kConnectRateRow.size(),
-              {{ChangeTopic::RateLimit, "getSgtExchangeRateLimitPtr", shenzhenConnectRateWords, true, markets::kHk,
+              {{ChangeTopic::RateLimit, "getSgtExchangeRateLimitPtr", LimitTopic::ShenzhenConnectRates,
                 connectRateValue, ratesAnswer, ratesWithoutRow(kConnectRateRow.size())}},
               tell);
 }

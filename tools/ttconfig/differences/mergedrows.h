@@ -22,8 +22,8 @@ void keepLastOfEqual(std::vector<Row>& rows, Less less) {
 
 // Walks two sorted tables together: sink(row, old row, new row), null where a table has none; the first is one of the
 // others.
-template <typename Row, typename Less, typename Sink>
-void mergeRows(const std::vector<Row>& before, const std::vector<Row>& after, Less less, Sink&& sink) {
+template <typename Rows, typename Less, typename Sink>
+void mergeRows(const Rows& before, const Rows& after, Less less, Sink&& sink) {
     auto left = before.begin();
     auto right = after.begin();
     while (left != before.end() || right != after.end()) {
@@ -33,6 +33,18 @@ void mergeRows(const std::vector<Row>& before, const std::vector<Row>& after, Le
         if (!noLeft) ++left;
         if (!noRight) ++right;
     }
+}
+
+// The same of two maps: sink(key, old value, new value).
+template <typename Map, typename Sink>
+void mergeByKey(const Map& before, const Map& after, Sink&& sink) {
+    using Item = typename Map::value_type;
+    const auto less = [&before](const Item& left, const Item& right) {
+        return before.key_comp()(left.first, right.first);
+    };
+    mergeRows(before, after, less, [&sink](const Item& one, const Item* left, const Item* right) {
+        sink(one.first, left == nullptr ? nullptr : &left->second, right == nullptr ? nullptr : &right->second);
+    });
 }
 
 }  // namespace ttconfig

@@ -1,7 +1,7 @@
 // Changes of named rows: answers for which bonds and futures products the numbers and groups differ.
 // Doors: tellBondChanges(), tellProductChanges().
 // Owns: nothing.
-// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencesoracle_test.cpp.
+// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include <algorithm>
 #include <array>
@@ -97,6 +97,10 @@ double numberOf(const NumberTopic& topic, const NumberOf* row) {
     return row == nullptr ? topic.missing : strictDouble(row->entry->value).value_or(topic.missing);
 }
 
+std::optional<Place> placeOf(const NumberOf* row) {
+    return row == nullptr ? std::optional<Place>() : keyPlace(*row->entry);
+}
+
 void tellNumbers(const TextPair& texts, const NumberTopic& topic, const ChangeSink& tell) {
     if (haveSameEntries(texts, topic.key.section)) return;
     const UpperLetters upper;
@@ -108,15 +112,8 @@ void tellNumbers(const TextPair& texts, const NumberTopic& topic, const ChangeSi
         const double old = numberOf(topic, left);
         const double now = numberOf(topic, right);
         if (isSameNumber(old, now)) return;
-        Change change;
-        change.topic = topic.topic;
-        change.subject = std::string(topic.subject).append(" ").append(one.name(upper));
-        change.question = topic.question;
-        change.before = old;
-        change.after = now;
-        if (left != nullptr) change.oldPlace = keyPlace(*left->entry);
-        if (right != nullptr) change.newPlace = keyPlace(*right->entry);
-        tell(std::move(change));
+        tell(changeOf(topic.topic, std::string(topic.subject).append(" ").append(one.name(upper)), topic.question,
+                      {old, placeOf(left)}, {now, placeOf(right)}));
     });
 }
 
@@ -142,16 +139,12 @@ void tellFixedIncome(const TextPair& texts, const ChangeSink& tell) {
     for (const FixedIncomeKey& row : kFixedIncomeKeys) {
         const EntryPair entries = entriesOf(texts, *row.key);
         if (entries.sayTheSame()) continue;
-        Change change;
-        change.topic = ChangeTopic::BondLimit;
-        change.before = fixedIncomeAnswer(entries.oldValue());
-        change.after = fixedIncomeAnswer(entries.newValue());
-        if (isSameRecord(change.before, change.after)) continue;
-        change.subject = "bond trade type " + std::to_string(row.bondTradeType);
-        change.question = "getSHFixIncomeLimit";
-        change.oldPlace = entries.oldPlace();
-        change.newPlace = entries.newPlace();
-        tell(std::move(change));
+        Answer old = fixedIncomeAnswer(entries.oldValue());
+        Answer now = fixedIncomeAnswer(entries.newValue());
+        if (isSameRecord(old, now)) continue;
+        tell(changeOf(ChangeTopic::BondLimit, "bond trade type " + std::to_string(row.bondTradeType),
+                      "getSHFixIncomeLimit", {std::move(old), entries.oldPlace()},
+                      {std::move(now), entries.newPlace()}));
     }
 }
 
@@ -192,16 +185,11 @@ void tellCombinations(const TextPair& texts, const ChangeSink& tell) {
         const std::string_view product = one.product;
         const std::string_view old = left != nullptr ? left->first : product;
         const std::string_view now = right != nullptr ? right->first : product;
-        if (old == now) return;
-        Change change;
-        change.topic = ChangeTopic::Product;
-        change.subject = "product " + std::string(product);
-        change.question = "getSingleMarginProductName";
-        change.before = std::string(old);
-        change.after = std::string(now);
-        if (left != nullptr) change.oldPlace = left->place;
-        if (right != nullptr) change.newPlace = right->place;
-        tell(std::move(change));
+        const auto placeOf = [](const Grouped* row) {
+            return row == nullptr ? std::nullopt : std::optional(row->place);
+        };
+        tellIfChanged(ChangeTopic::Product, "product " + std::string(product), "getSingleMarginProductName",
+                      {std::string(old), placeOf(left)}, {std::string(now), placeOf(right)}, tell);
     });
 }
 

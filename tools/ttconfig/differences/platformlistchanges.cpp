@@ -2,17 +2,16 @@
 // from the lending balance first, the ETF broker client.
 // Doors: tellPlatformListChanges().
 // Owns: nothing.
-// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencesoracle_test.cpp.
+// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
-#include <algorithm>
 #include <map>
-#include <set>
 #include <utility>
 
 #include "traderbase/base/config/internal/catalogueentries.h"
 #include "traderbase/base/config/internal/producttables.h"
 #include "traderbase/base/config/internal/strictnumbers.h"
 #include "ttconfig/differences/changesink.h"
+#include "ttconfig/differences/mergedrows.h"
 #include "ttconfig/reasons/creditfacts.h"
 
 namespace ttconfig {
@@ -22,39 +21,6 @@ namespace {
 using namespace ttservice::internal;
 using standin::SettingsEntry;
 
-// What a list says about one thing, and where.
-struct Said {
-    Answer answer;
-    std::optional<Place> place;
-};
-
-void tellIfChanged(int platform, ChangeTopic topic, std::string question, Said old, Said now, const ChangeSink& tell) {
-    if (old.answer == now.answer) return;
-    Change change;
-    change.topic = topic;
-    change.platform = platform;
-    change.subject = "platform " + std::to_string(platform);
-    change.question = std::move(question);
-    change.before = std::move(old.answer);
-    change.after = std::move(now.answer);
-    change.oldPlace = old.place;
-    change.newPlace = now.place;
-    tell(std::move(change));
-}
-
-// The numbers that either map has, in order.
-template <typename Value>
-std::set<int> platformsOf(const std::map<int, Value>& before, const std::map<int, Value>& after,
-                          const std::vector<int>& wanted) {
-    std::set<int> platforms;
-    for (const auto* map : {&before, &after}) {
-        for (const auto& item : *map) {
-            if (isWanted(wanted, item.first)) platforms.insert(item.first);
-        }
-    }
-    return platforms;
-}
-
 std::optional<Place> entryPlace(const SettingsEntry* entry) {
     return entry == nullptr ? std::optional<Place>() : valuePlace(*entry);
 }
@@ -62,10 +28,9 @@ std::optional<Place> entryPlace(const SettingsEntry* entry) {
 // --- concentration ratios
 
 // As isUseConcentrationRatioPts answers: whether there are ratios, and the two.
-Said concentration(const ConcentrationFacts& facts, int platform) {
-    const auto found = facts.byPlatform.find(platform);
-    if (found == facts.byPlatform.end()) return {Answer::array({false, 0.0, 0.0}), entryPlace(facts.entry)};
-    const ConcentrationFact& item = facts.items[found->second];
+Said concentration(const ConcentrationFacts& facts, const std::size_t* number) {
+    if (number == nullptr) return {Answer::array({false, 0.0, 0.0}), entryPlace(facts.entry)};
+    const ConcentrationFact& item = facts.items[*number];
     return {Answer::array({true, looseDouble(item.entry.ratios[0]), looseDouble(item.entry.ratios[1])}), item.place};
 }
 
@@ -78,13 +43,14 @@ void tellConcentration(const TextPair& texts, const std::vector<int>& wanted, co
     if (entriesOf(texts, keys::concentrationRatio).sayTheSame()) return;
     const ConcentrationFacts before = concentrationFacts(texts.before);
     const ConcentrationFacts after = concentrationFacts(texts.after);
-    for (const int platform : platformsOf(before.byPlatform, after.byPlatform, wanted)) {
-        Said old = concentration(before, platform);
-        Said now = concentration(after, platform);
-        if (isSameRatio(old.answer, now.answer)) continue;
-        tellIfChanged(platform, ChangeTopic::PlatformList, "isUseConcentrationRatioPts", std::move(old), std::move(now),
-                      tell);
-    }
+    mergeByKey(before.byPlatform, after.byPlatform,
+               [&](int platform, const std::size_t* oldNumber, const std::size_t* newNumber) {
+                   Said old = concentration(before, oldNumber);
+                   Said now = concentration(after, newNumber);
+                   if (!isWanted(wanted, platform) || isSameRatio(old.answer, now.answer)) return;
+                   tell(changeOf(ChangeTopic::PlatformList, platform, "isUseConcentrationRatioPts", std::move(old),
+                                 std::move(now)));
+               });
 }
 
 // --- codes and funds of platforms
@@ -106,40 +72,29 @@ Names namesOf(const CollateralSaleFacts& facts, const std::vector<std::size_t>& 
     return names;
 }
 
-PlatformNames saleCodes(const CollateralSaleFacts& facts, int platform) {
-    const auto found = facts.byPlatform.find(platform);
-    if (found == facts.byPlatform.end()) return {{}, entryPlace(facts.entry)};
-    return {namesOf(facts, found->second), facts.items[found->second.front()].place};
+PlatformNames saleCodes(const CollateralSaleFacts& facts, const std::vector<std::size_t>* items) {
+    if (items == nullptr) return {{}, entryPlace(facts.entry)};
+    return {namesOf(facts, *items), facts.items[items->front()].place};
 }
 
-// The names that either list has, in order.
-std::set<std::string_view> namesOfBoth(const Names& before, const Names& after) {
-    std::set<std::string_view> names;
-    for (const auto* list : {&before, &after}) {
-        for (const auto& name : *list)
-            names.insert(name.first);
-    }
-    return names;
-}
-
-Said listedIn(const PlatformNames& list, std::string_view name) {
-    const auto found = list.names.find(name);
-    if (found == list.names.end()) return {false, list.place};
-    return {true, found->second};
+// Where the name stands in the list; null when it does not.
+Said listedIn(const PlatformNames& list, const Place* place) {
+    return {place != nullptr, place != nullptr ? *place : list.place};
 }
 
 void tellCollateralSale(const TextPair& texts, const std::vector<int>& wanted, const ChangeSink& tell) {
     if (entriesOf(texts, keys::collateralSaleRepay).sayTheSame()) return;
     const CollateralSaleFacts before = collateralSaleFacts(texts.before);
     const CollateralSaleFacts after = collateralSaleFacts(texts.after);
-    for (const int platform : platformsOf(before.byPlatform, after.byPlatform, wanted)) {
-        const PlatformNames old = saleCodes(before, platform);
-        const PlatformNames now = saleCodes(after, platform);
-        for (const std::string_view code : namesOfBoth(old.names, now.names)) {
-            tellIfChanged(platform, ChangeTopic::PlatformList, "isRepayDebtByCollateralSell " + std::string(code),
-                          listedIn(old, code), listedIn(now, code), tell);
-        }
-    }
+    mergeByKey(before.byPlatform, after.byPlatform, [&](int platform, const auto* oldItems, const auto* newItems) {
+        if (!isWanted(wanted, platform)) return;
+        const PlatformNames old = saleCodes(before, oldItems);
+        const PlatformNames now = saleCodes(after, newItems);
+        mergeByKey(old.names, now.names, [&](std::string_view code, const Place* left, const Place* right) {
+            tellIfChanged(ChangeTopic::PlatformList, platform, "isRepayDebtByCollateralSell " + std::string(code),
+                          listedIn(old, left), listedIn(now, right), tell);
+        });
+    });
 }
 
 // --- funds that are paid from the lending balance first
@@ -162,10 +117,9 @@ struct FundList {
     bool isOfAll = false;  // every money-market fund
 };
 
-FundList fundListOf(const std::map<int, const SettingsEntry*>& rows, int platform) {
-    const auto found = rows.find(platform);
-    if (found == rows.end()) return {};
-    const SettingsEntry& row = *found->second;
+FundList fundListOf(const SettingsEntry* const* platformRow) {
+    if (platformRow == nullptr) return {};
+    const SettingsEntry& row = **platformRow;
     FundList funds{{{}, valuePlace(row)}, row.value == kAllFunds};
     splitKeepEmpty(row.value, ',',
                    [&](std::string_view fund) { funds.list.names.emplace(fund, placeInValue(row, fund)); });
@@ -174,32 +128,28 @@ FundList fundListOf(const std::map<int, const SettingsEntry*>& rows, int platfor
 
 // A fund that is not listed is paid so all the same when the list is of all and the fund is one of the money market,
 // which is for the platform data to say.
-Said fundIn(const FundList& funds, std::string_view fund) {
-    Said said = listedIn(funds.list, fund);
+Said fundIn(const FundList& funds, const Place* place) {
+    Said said = listedIn(funds.list, place);
     if (said.answer == false && funds.isOfAll) said.answer = nullptr;
     return said;
 }
 
 void tellFundsOf(int platform, const FundList& old, const FundList& now, const ChangeSink& tell) {
     const std::string question = "isMonetaryFundUseSloBalanceFirst ";
-    for (const std::string_view fund : namesOfBoth(old.list.names, now.list.names)) {
-        if (fund == kAllFunds) continue;
-        tellIfChanged(platform, ChangeTopic::Fund, question + std::string(fund), fundIn(old, fund), fundIn(now, fund),
+    mergeByKey(old.list.names, now.list.names, [&](std::string_view fund, const Place* left, const Place* right) {
+        if (fund == kAllFunds) return;
+        tellIfChanged(ChangeTopic::Fund, platform, question + std::string(fund), fundIn(old, left), fundIn(now, right),
                       tell);
-    }
-    tellIfChanged(platform, ChangeTopic::Fund, question + std::string(kAllFunds), {old.isOfAll, old.list.place},
+    });
+    tellIfChanged(ChangeTopic::Fund, platform, question + std::string(kAllFunds), {old.isOfAll, old.list.place},
                   {now.isOfAll, now.list.place}, tell);
 }
 
 void tellFunds(const TextPair& texts, const std::vector<int>& wanted, const ChangeSink& tell) {
     if (haveSameEntries(texts, keys::sloBalanceFirstFunds.section)) return;
-    const auto before = fundRows(texts.before);
-    const auto after = fundRows(texts.after);
-    for (const int platform : platformsOf(before, after, wanted)) {
-        const FundList old = fundListOf(before, platform);
-        const FundList now = fundListOf(after, platform);
-        tellFundsOf(platform, old, now, tell);
-    }
+    mergeByKey(fundRows(texts.before), fundRows(texts.after), [&](int platform, const auto* old, const auto* now) {
+        if (isWanted(wanted, platform)) tellFundsOf(platform, fundListOf(old), fundListOf(now), tell);
+    });
 }
 
 // --- the ETF broker client
@@ -217,7 +167,7 @@ void tellTagged(const TextPair& texts, const std::vector<int>& wanted, const Cha
     const auto after = taggedPlatform(tagEntry(entries.newValue()));
     for (const auto& platform : {before, after}) {
         if (!platform || !isWanted(wanted, *platform)) continue;
-        tellIfChanged(*platform, ChangeTopic::PlatformList, "isCanQueryETFFromCounter",
+        tellIfChanged(ChangeTopic::PlatformList, *platform, "isCanQueryETFFromCounter",
                       {before == platform, entries.oldPlace()}, {after == platform, entries.newPlace()}, tell);
     }
 }

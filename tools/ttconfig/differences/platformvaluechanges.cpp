@@ -1,10 +1,11 @@
 // Changes of values by platform: answers for which platforms such a value differs, and for the rest in one.
 // Doors: tellPlatformValueChanges(), tellSpecialValues().
 // Owns: which operation answers from which key; a test holds it against the key catalogue.
-// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencesoracle_test.cpp.
+// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include <algorithm>
 #include <type_traits>
+#include <utility>
 
 #include "traderbase/base/config/internal/settingkeys.h"
 #include "ttconfig/differences/changesink.h"
@@ -20,16 +21,12 @@ using ttservice::internal::SettingKey;
 // Without a platform, of all that are not named.
 Change valueChange(std::optional<int> platform, const char* question, const Answer& old, const Answer& now,
                    std::optional<Place> oldPlace, std::optional<Place> newPlace) {
-    Change change;
-    change.topic = ChangeTopic::PlatformValue;
-    change.platform = platform;
-    change.subject = platform ? "platform " + std::to_string(*platform) : "every other platform";
-    change.question = question;
-    change.before = old;
-    change.after = now;
-    change.oldPlace = oldPlace;
-    change.newPlace = newPlace;
-    return change;
+    Said before{old, oldPlace};
+    Said after{now, newPlace};
+    if (platform) {
+        return changeOf(ChangeTopic::PlatformValue, *platform, question, std::move(before), std::move(after));
+    }
+    return changeOf(ChangeTopic::PlatformValue, "every other platform", question, std::move(before), std::move(after));
 }
 
 template <typename Value>

@@ -1,7 +1,7 @@
 // Changes of single values: answers which of them differ, and which trade units with them.
 // Doors: tellSingleValueChanges().
 // Owns: nothing; which operations answer from which key is said in the key catalogue.
-// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencesoracle_test.cpp.
+// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencelists_test.cpp.
 
 #include <utility>
 
@@ -86,16 +86,13 @@ void tellSingleValueChanges(const TextPair& texts, const ChangeSink& tell) {
     for (const SettingKey& key : kSettingKeys) {
         if (!isSingleValue(key) || key.key == "*") continue;
         const EntryPair entries = entriesOf(texts, key);
-        Change change;
-        change.topic = ChangeTopic::SingleValue;
-        change.before = answerOf(key, entries.oldValue());
-        change.after = answerOf(key, entries.newValue());
-        if (change.before == change.after) continue;
-        change.subject = key.section == kMainSection ? std::string(key.key)
-                                                     : "[" + std::string(key.section) + "] " + std::string(key.key);
-        change.oldPlace = entries.oldPlace();
-        change.newPlace = entries.newPlace();
-        tellValue(key, change, tell);
+        std::string subject = key.section == kMainSection
+                                  ? std::string(key.key)
+                                  : "[" + std::string(key.section) + "] " + std::string(key.key);
+        tellIfChanged(ChangeTopic::SingleValue, std::move(subject), {},
+                      {answerOf(key, entries.oldValue()), entries.oldPlace()},
+                      {answerOf(key, entries.newValue()), entries.newPlace()},
+                      [&key, &tell](const Change& change) { tellValue(key, change, tell); });
     }
 }
 

@@ -1,7 +1,7 @@
 // Changes of switches: answers which platforms a switch lists in one text and not in the other.
 // Doors: switchChanges(), asChange().
 // Owns: nothing; lists are read for the keys whose values differ.
-// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencesoracle_test.cpp.
+// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencelists_test.cpp.
 
 #include <algorithm>
 #include <tuple>
@@ -121,17 +121,10 @@ std::vector<SwitchChange> switchChanges(const TextPair& texts, const std::vector
 }
 
 Change asChange(const SwitchChange& found) {
-    Change change;
-    change.topic = ChangeTopic::Switch;
-    change.subject = "platform " + std::to_string(found.platform);
-    change.platform = found.platform;
-    change.question = found.number < kPlatformSwitchCount ? std::string(kPlatformSwitches[found.number].predicate)
-                                                          : "isSomePt(\"" + std::string(found.key) + "\")";
-    change.before = !found.after;
-    change.after = found.after;
-    change.oldPlace = found.oldPlace;
-    change.newPlace = found.newPlace;
-    return change;
+    std::string question = found.number < kPlatformSwitchCount ? std::string(kPlatformSwitches[found.number].predicate)
+                                                               : "isSomePt(\"" + std::string(found.key) + "\")";
+    return changeOf(ChangeTopic::Switch, found.platform, std::move(question), {!found.after, found.oldPlace},
+                    {found.after, found.newPlace});
 }
 
 }  // namespace ttconfig

@@ -6,15 +6,13 @@
 #include <fmt/format.h>
 #include <ttplatform/text.h>
 
-#include <algorithm>
-
 #include "traderbase/base/config/internal/limitrows.h"
 #include "traderbase/base/config/internal/markets.h"
 #include "ttconfig/findings/advice.h"
 #include "ttconfig/findings/limitfields.h"
-#include "ttconfig/findings/limitquestions.h"
 #include "ttconfig/findings/valuechecks.h"
 #include "ttconfig/findings/valueranges.h"
+#include "ttconfig/limitquestions.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -173,22 +171,10 @@ private:
         return true;
     }
 
-    bool isKnown(const std::string& market, const std::string& code) const {
-        constexpr int kStockTypes[] = {100003, 100024, 100016, 100103, 100004, 100013,
-                                       126,    100017, 100021, 124,    100104};
-        constexpr int kBaseTypes[] = {1062, 1117, 1172, 1154, 1124, 1136};
-        const standin::PlatformData& data = *context.platform;
-        return data.instrument(market, code) != nullptr ||
-               std::any_of(std::begin(kStockTypes), std::end(kStockTypes),
-                           [&](int type) { return data.isStockType(type, market, code); }) ||
-               std::any_of(std::begin(kBaseTypes), std::end(kBaseTypes),
-                           [&](int type) { return data.isBaseType(type, market, code); });
-    }
-
     void checkInstrument(const LimitItem& item, const std::string& market, const std::string& code) {
         // Platform data types the instruments of stock exchanges; of other markets it need not know each code.
         if (context.platform == nullptr || !isStockExchange(market)) return;
-        if (isCategoryWord(code) || isKnown(market, code)) return;
+        if (isCategoryWord(code) || knowsInstrument(*context.platform, market, code)) return;
         remarks.say(RuleId::UnknownInstrument, item.text, [&] {
             return fmt::format("the platform data knows no instrument {} of {}; check the code", shownText(code),
                                market);

@@ -69,7 +69,7 @@ void writeFindingData(JsonStream& json, ReportState& state) {
 void writeChangeData(JsonStream& json, ReportState& state) {
     json.name("changes");
     if (state.oldText() == nullptr) return json.null();
-    const std::vector<Change> changes = differences(*state.oldText(), state.text());
+    const std::vector<Change> changes = differences(*state.oldText(), state.text(), {}, state.input.platform);
     const std::size_t shown = std::min(changes.size(), state.bounds.changes);
     json.beginObject();
     json.name("list");

@@ -70,6 +70,7 @@ const List& SettingsMaker::items() {
                                "PIF",
                                "FUND",
                                "CDR",
+                               "STOCKS",
                                "REPURCHASE",
                                "TECHSTOCKLIMIT",
                                "REPURCHASEBUYOUT",

@@ -1,17 +1,15 @@
-// The parts that checking is made of: causes, names, limit questions, winners, columns, URIs and the rules' table.
+// The parts that checking is made of: causes, names, winners, columns, URIs and the rules' table.
 
 #include <gmock/gmock.h>
 #include <standin/platformdata.h>
 #include <standin/settingstext.h>
 
-#include <set>
 #include <string>
+#include <utility>
 
-#include "traderbase/base/config/internal/limitcategories.h"
 #include "traderbase/base/config/internal/markets.h"
 #include "ttconfig/fault.h"
 #include "ttconfig/findings/causes.h"
-#include "ttconfig/findings/limitquestions.h"
 #include "ttconfig/findings/limitwinners.h"
 #include "ttconfig/findings/marketnames.h"
 #include "ttconfig/findings/names.h"
@@ -66,78 +64,6 @@ TEST(Names, AreFoundInOtherLetterCaseAndNear) {
     EXPECT_EQ(index.didYouMean("reflimits"), "; did you mean refLimit?");
     EXPECT_EQ(index.didYouMean("nothing of the kind"), "");
     EXPECT_EQ(index.didYouMean(std::string(1 << 20, 'r')), "");
-}
-
-// The tables of words are held against the category rules: an instrument of each type, on each market, at each price.
-TEST(LimitQuestions, KnowTheCategoriesThatTheRulesComeTo) {
-    using namespace ttservice::internal;
-    const int stockTypes[] = {0, 100003, 100024, 100016, 100103, 100004, 100013, 126, 100017, 100021, 124, 100104};
-    const int baseTypes[] = {0, 1062, 1117, 1172, 1154, 1124, 1136};
-    const std::string marketNames[] = {"SH", "SZ", "BJ", "NEEQ", "SHFE", "HGT", "SSEHKEX", "SGT", "SZSEHKEX", "HKFE"};
-    std::set<std::tuple<LimitTopic, std::string, std::string>> asked;
-    for (const int stock : stockTypes) {
-        for (const int base : baseTypes) {
-            for (const int second : {0, 126}) {
-                standin::PlatformData data;
-                for (const std::string& market : marketNames) {
-                    if (stock != 0) data.addStockType(stock, market, "*");
-                    if (second != 0) data.addStockType(second, market, "*");
-                    if (base != 0) data.addBaseType(base, market, "*");
-                }
-                standin::PlatformData::install(std::move(data));
-                for (const std::string& market : marketNames) {
-                    for (const int price : {0, 50, 117, 84}) {
-                        const auto type = static_cast<EBrokerPriceType>(price);
-                        asked.emplace(LimitTopic::OrderLimits, market, orderLimitCategory(market, "1", type).word);
-                    }
-                    asked.emplace(LimitTopic::BlockTrades, market, blockTradeQuantityCategory(market, "1").word);
-                    asked.emplace(LimitTopic::BlockTrades, market, blockTradeAmountCategory(market, "1").word);
-                    asked.emplace(LimitTopic::StockRates, market, stockRateCategory(market, "1").word);
-                    asked.emplace(LimitTopic::ShanghaiConnectRates, market,
-                                  shanghaiConnectRateCategory(market, "1").word);
-                    asked.emplace(LimitTopic::ShenzhenConnectRates, market, shenzhenConnectRateCategory().word);
-                }
-            }
-        }
-    }
-    standin::PlatformData::install(standin::PlatformData());
-    for (const std::string market : {"SHO", "SZO"}) {
-        for (const int price : {0, 84}) {
-            const auto type = static_cast<EBrokerPriceType>(price);
-            asked.emplace(LimitTopic::OrderLimits, market, orderLimitCategory(market, "1", type).word);
-        }
-    }
-    for (const auto& [topic, market, word] : asked)
-        EXPECT_TRUE(isCategoryWord(word)) << word;
-    for (const LimitTopic topic : {LimitTopic::OrderLimits, LimitTopic::BlockTrades, LimitTopic::StockRates,
-                                   LimitTopic::ShanghaiConnectRates, LimitTopic::ShenzhenConnectRates}) {
-        for (const std::string& market : marketNames) {
-            for (const std::string_view word : categoryWords()) {
-                const bool isAsked = asked.count({topic, market, std::string(word)}) > 0;
-                EXPECT_EQ(asksForCategory(topic, market, word), isAsked)
-                    << static_cast<int>(topic) << ' ' << market << ' ' << word;
-            }
-        }
-    }
-    for (const std::string market : {"SHO", "SZO"}) {
-        for (const std::string_view word : categoryWords()) {
-            EXPECT_EQ(asksForCategory(LimitTopic::OrderLimits, market, word),
-                      asked.count({LimitTopic::OrderLimits, market, std::string(word)}) > 0)
-                << market << ' ' << word;
-        }
-    }
-}
-
-TEST(LimitQuestions, KnowWordsThatAreNeitherCategoriesNorCodes) {
-    EXPECT_TRUE(isOddWord("SH", "STOCKS"));
-    EXPECT_TRUE(isOddWord("SHFE", "DEFF"));
-    EXPECT_FALSE(isOddWord("SH", "STOCK"));
-    EXPECT_FALSE(isOddWord("SH", "600000"));
-    EXPECT_FALSE(isOddWord("CFFEX", "IF"));
-    EXPECT_FALSE(isOddWord("NASDAQ", "STOCKS"));
-    EXPECT_EQ(categoryMeant("BOND"), "LOAN");
-    EXPECT_EQ(categoryMeant("STOK"), "STOCK");
-    EXPECT_EQ(categoryMeant("SOMETHINGELSE"), "");
 }
 
 TEST(MarketNames, AreThoseOfTheRulesAndOfThePlatformData) {

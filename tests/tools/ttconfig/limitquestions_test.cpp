@@ -1,0 +1,160 @@
+// Which rows of a limit table a question reaches, held against the category rules of the library: an instrument of each
+// type, on each market, at each kind of price.
+
+#include <gmock/gmock.h>
+#include <standin/platformdata.h>
+
+#include <map>
+#include <set>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "traderbase/base/config/internal/limitcategories.h"
+#include "ttconfig/limitquestions.h"
+
+namespace {
+
+using ttconfig::LimitTopic;
+using namespace ttservice::internal;
+
+const std::vector<LimitTopic> kTopics = {LimitTopic::OrderLimits,          LimitTopic::BlockTrades,
+                                         LimitTopic::BlockTradeAmounts,    LimitTopic::StockRates,
+                                         LimitTopic::ShanghaiConnectRates, LimitTopic::ShenzhenConnectRates};
+const std::vector<std::string> kMarkets = {"SH",      "SZ",  "BJ",       "NEEQ", "SHFE", "HGT",
+                                           "SSEHKEX", "SGT", "SZSEHKEX", "HKFE", "SHO",  "SZO"};
+
+void installTypes(int stock, int second, int base) {
+    standin::PlatformData data;
+    for (const std::string& market : kMarkets) {
+        if (stock != 0) data.addStockType(stock, market, "*");
+        if (second != 0) data.addStockType(second, market, "*");
+        if (base != 0) data.addBaseType(base, market, "*");
+    }
+    standin::PlatformData::install(std::move(data));
+}
+
+// Calls look() with instruments of every kind installed.
+template <typename Look>
+void withEveryKind(const Look& look) {
+    for (const int stock : {0, 100003, 100024, 100016, 100103, 100004, 100013, 126, 100017, 100021, 124, 100104}) {
+        for (const int base : {0, 1062, 1117, 1172, 1154, 1124, 1136}) {
+            for (const int second : {0, 126}) {
+                installTypes(stock, second, base);
+                look();
+            }
+        }
+    }
+    standin::PlatformData::install(standin::PlatformData());
+}
+
+using Asked = std::map<std::pair<LimitTopic, std::string>, std::set<std::string_view>>;
+
+void addAsked(Asked& asked) {
+    for (const std::string& market : kMarkets) {
+        for (const int price : {0, 50, 117, 84}) {
+            const auto type = static_cast<EBrokerPriceType>(price);
+            asked[{LimitTopic::OrderLimits, market}].insert(orderLimitCategory(market, "1", type).word);
+        }
+        asked[{LimitTopic::BlockTrades, market}].insert(blockTradeQuantityCategory(market, "1").word);
+        asked[{LimitTopic::BlockTradeAmounts, market}].insert(blockTradeAmountCategory(market, "1").word);
+        asked[{LimitTopic::StockRates, market}].insert(stockRateCategory(market, "1").word);
+        asked[{LimitTopic::ShanghaiConnectRates, market}].insert(shanghaiConnectRateCategory(market, "1").word);
+        asked[{LimitTopic::ShenzhenConnectRates, market}].insert(shenzhenConnectRateCategory().word);
+    }
+}
+
+std::set<std::string_view> asSet(const std::vector<std::string_view>& words) {
+    return {words.begin(), words.end()};
+}
+
+TEST(LimitQuestions, KnowTheCategoriesThatTheRulesComeTo) {
+    Asked asked;
+    withEveryKind([&asked] { addAsked(asked); });
+    ASSERT_EQ(asked.size(), kTopics.size() * kMarkets.size());
+    std::set<std::string_view> all;
+    for (const auto& [table, words] : asked) {
+        EXPECT_EQ(asSet(ttconfig::categoryWordsOf(table.first, table.second)), words)
+            << static_cast<int>(table.first) << ' ' << table.second;
+        for (const std::string_view word : ttconfig::categoryWords()) {
+            EXPECT_EQ(ttconfig::isReachable(table.first, table.second, word), words.count(word) > 0)
+                << static_cast<int>(table.first) << ' ' << table.second << ' ' << word;
+        }
+        all.insert(words.begin(), words.end());
+    }
+    EXPECT_EQ(asSet(ttconfig::categoryWords()), all);
+}
+
+// What check says of a row: the same, but that options without a type go by the price alone.
+TEST(LimitQuestions, SayWhyARowIsUnreachableAndOnlyThen) {
+    installTypes(0, 0, 0);
+    Asked untyped;
+    addAsked(untyped);
+    for (const LimitTopic topic : kTopics) {
+        for (const std::string& market : kMarkets) {
+            const bool isOption = topic == LimitTopic::OrderLimits && (market == "SHO" || market == "SZO");
+            for (const std::string_view word : ttconfig::categoryWords()) {
+                const bool isAsked =
+                    isOption ? untyped[{topic, market}].count(word) > 0 : ttconfig::isReachable(topic, market, word);
+                EXPECT_EQ(ttconfig::whyUnreachable(topic, market, word).empty(), isAsked)
+                    << static_cast<int>(topic) << ' ' << market << ' ' << word;
+            }
+        }
+    }
+}
+
+TEST(LimitQuestions, AskForCodesWhereThereAreAny) {
+    using ttconfig::isReachable;
+    EXPECT_TRUE(isReachable(LimitTopic::OrderLimits, "SH", "600000"));
+    EXPECT_TRUE(isReachable(LimitTopic::StockRates, "SHFE", "AG"));
+    EXPECT_FALSE(isReachable(LimitTopic::BlockTrades, "SH", "600000")) << "by category alone";
+    EXPECT_FALSE(isReachable(LimitTopic::BlockTradeAmounts, "SH", "600000"));
+    EXPECT_FALSE(isReachable(LimitTopic::OrderLimits, "SH", "STOCKS")) << "codes of SH hold a digit";
+    EXPECT_FALSE(isReachable(LimitTopic::OrderLimits, "SH", "CDR")) << "a category of the rates";
+    EXPECT_FALSE(isReachable(LimitTopic::OrderLimits, "SH", ""));
+    EXPECT_FALSE(isReachable(LimitTopic::OrderLimits, "", "600000"));
+    EXPECT_FALSE(isReachable(LimitTopic::ShanghaiConnectRates, "HK", "00700")) << "looked up as HGT";
+    EXPECT_TRUE(isReachable(LimitTopic::OrderLimits, "HK", "00700"));
+}
+
+TEST(LimitQuestions, KnowWordsThatAreNeitherCategoriesNorCodes) {
+    EXPECT_TRUE(ttconfig::isOddWord("SH", "STOCKS"));
+    EXPECT_TRUE(ttconfig::isOddWord("SHFE", "DEFF"));
+    EXPECT_FALSE(ttconfig::isOddWord("SH", "STOCK"));
+    EXPECT_FALSE(ttconfig::isOddWord("SH", "600000"));
+    EXPECT_FALSE(ttconfig::isOddWord("CFFEX", "IF"));
+    EXPECT_FALSE(ttconfig::isOddWord("NASDAQ", "STOCKS"));
+    EXPECT_EQ(ttconfig::categoryMeant("BOND"), "LOAN");
+    EXPECT_EQ(ttconfig::categoryMeant("STOK"), "STOCK");
+    EXPECT_EQ(ttconfig::categoryMeant("SOMETHINGELSE"), "");
+}
+
+// Four prices stand for all of them.
+TEST(LimitQuestions, KnowTheWordsOfACodeWhateverItsPriceIs) {
+    withEveryKind([] {
+        for (const std::string& market : kMarkets) {
+            std::set<std::string_view> words;
+            for (int price = -1; price < 200; ++price)
+                words.insert(orderLimitCategory(market, "1", static_cast<EBrokerPriceType>(price)).word);
+            ASSERT_EQ(asSet(ttconfig::categoryWordsOfCode(LimitTopic::OrderLimits, market, "1")), words) << market;
+            for (const LimitTopic topic : kTopics) {
+                for (const std::string_view word : ttconfig::categoryWordsOfCode(topic, market, "1"))
+                    ASSERT_THAT(ttconfig::categoryWordsOf(topic, market), testing::Contains(word)) << market;
+            }
+        }
+    });
+}
+
+TEST(LimitQuestions, KnowAnInstrumentByItsTypesOrByItsRecord) {
+    standin::PlatformData data;
+    data.addStockType(100003, "SH", "6*");
+    data.addBaseType(1136, "SH", "9");
+    data.addInstrument("SH", "1", {{1, 1}});
+    for (const char* code : {"600000", "9", "1"})
+        EXPECT_TRUE(ttconfig::knowsInstrument(data, "SH", code)) << code;
+    EXPECT_FALSE(ttconfig::knowsInstrument(data, "SH", "2"));
+    EXPECT_FALSE(ttconfig::knowsInstrument(data, "SZ", "600000"));
+}
+
+}  // namespace
