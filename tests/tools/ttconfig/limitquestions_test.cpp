@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <standin/platformdata.h>
+#include <standin/settingstext.h>
 
 #include <map>
 #include <set>
@@ -12,6 +13,9 @@
 #include <vector>
 
 #include "traderbase/base/config/internal/limitcategories.h"
+#include "traderbase/base/config/internal/limitrows.h"
+#include "traderbase/base/config/internal/settingkeys.h"
+#include "ttconfig/limititems.h"
 #include "ttconfig/limitquestions.h"
 
 namespace {
@@ -144,6 +148,23 @@ TEST(LimitQuestions, KnowTheWordsOfACodeWhateverItsPriceIs) {
             }
         }
     });
+}
+
+TEST(LimitItems, AreTheRowsThatCountInOrder) {
+    const standin::SettingsText text(
+        std::string("[StkExchangeOrderLimit]\nsz-2,SH-9=1,u\nSH-9=2,u\nSH-1=too,many,fields\nSH-1=3,u\nsh-9=4,u\n"
+                    "[HGTExchangeOrderLimit]\nSZ-2=5,u\nSH=6,u\n"));
+    const auto rows =
+        ttconfig::limitItems(text, {&keys::orderLimits, &keys::connectShanghaiOrderLimits}, kOrderLimitRow.size());
+    std::vector<std::string> written;
+    for (const auto& row : rows)
+        written.push_back(std::string(row.item().text) + '=' + std::string(row.entry->value));
+    // Of the repeated key SH-1 the first counts, and that has too many fields.
+    EXPECT_THAT(written, testing::ElementsAre("sh-9=4,u", "SH=6,u", "SZ-2=5,u"));
+    ASSERT_NE(ttconfig::findLimitItem(rows, "SZ", "2"), nullptr);
+    EXPECT_EQ(ttconfig::findLimitItem(rows, "SZ", "2")->place(), (ttconfig::Place{8, 1}));
+    EXPECT_EQ(ttconfig::findLimitItem(rows, "SH", "1"), nullptr);
+    EXPECT_EQ(ttconfig::findLimitItem(rows, "ZZ", "1"), nullptr);
 }
 
 TEST(LimitQuestions, KnowAnInstrumentByItsTypesOrByItsRecord) {

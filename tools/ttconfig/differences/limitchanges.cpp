@@ -13,54 +13,15 @@
 #include "traderbase/base/config/internal/volumelimit.h"
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/differences/mergedrows.h"
+#include "ttconfig/limititems.h"
 #include "ttconfig/limitquestions.h"
-#include "ttconfig/text/uppercase.h"
 
 namespace ttconfig {
 
 namespace {
 
 using namespace ttservice::internal;
-using standin::SettingsEntry;
-using standin::SettingsSection;
-using standin::SettingsText;
-
-// --- rows
-
-// One item of a row's key, and the entry it is from. Compared in upper case, without making a copy in upper case.
-struct Row {
-    std::string_view market;
-    std::string_view item;
-    const SettingsEntry* entry;
-
-    // Without one the text stands for market and item alike.
-    bool hasDash() const { return market.data() != item.data(); }
-    Place place() const { return placeInKey(*entry, market); }
-};
-
-std::string upperText(std::string_view text) {
-    std::string copy(text);
-    std::transform(copy.begin(), copy.end(), copy.begin(), upperLetter);
-    return copy;
-}
-
-bool lessRow(const Row& left, const Row& right) {
-    const int atMarket = compareUpper(left.market, right.market);
-    return atMarket != 0 ? atMarket < 0 : compareUpper(left.item, right.item) < 0;
-}
-
-using Rows = std::vector<Row>;
-
-// The entries of a section that have the number of fields that a row of theirs takes.
-void enterRows(const SettingsText& text, const SettingKey& topic, std::size_t fields, Rows& rows) {
-    const SettingsSection* section = text.findSection(topic.section);
-    if (section == nullptr) return;
-    rows.reserve(rows.size() + section->entries.size());
-    for (const SettingsEntry& entry : section->entries) {
-        if (entry.repeated || fieldCount(entry.value) != fields) continue;
-        forEachLimitItem(entry.key, [&](const LimitItem& item) { rows.push_back({item.market, item.item, &entry}); });
-    }
-}
+using Row = LimitItemRow;
 
 // --- values
 
@@ -171,12 +132,12 @@ RowValue ratesWithoutRow(std::size_t count) {
 // One table in both texts.
 class LimitChanges {
 public:
-    LimitChanges(const AskedTable& askedTable, const Rows& oldRows, const Rows& newRows,
+    LimitChanges(const AskedTable& askedTable, const LimitItemRows& oldRows, const LimitItemRows& newRows,
                  const standin::PlatformData* data, const ChangeSink& sink)
         : topic(askedTable), before(oldRows), after(newRows), platform(data), tell(sink) {}
 
     void tellAll() {
-        mergeRows(before, after, lessRow, [this](const Row& one, const Row* left, const Row* right) {
+        mergeRows(before, after, lessLimitItem, [this](const Row& one, const Row* left, const Row* right) {
             if (left != nullptr && right != nullptr && left->entry->value == right->entry->value) return;
             compare(one, left, right);
         });
@@ -187,10 +148,9 @@ private:
     using CategoryValues = std::vector<RowValue>;
 
     void compare(const Row& one, const Row* left, const Row* right) {
-        const bool isWritten = (left != nullptr && left->hasDash()) || (right != nullptr && right->hasDash());
-        const std::string market = upperText(one.market);
-        const std::string item = upperText(one.item);
-        if (!isWritten || !isReachable(topic.table, market, item)) return;
+        const bool isAsked = (left != nullptr && left->item().hasDash) || (right != nullptr && right->item().hasDash);
+        const auto [market, item] = tableKey(one.item());
+        if (!isAsked || !isReachable(topic.table, market, item)) return;
         const bool isCode = !isCategoryWord(item);
         if (isCode && (left == nullptr || right == nullptr)) return compareCode(market, item, left, right);
         const RowValue old = valueOf(left);
@@ -216,7 +176,8 @@ private:
     }
 
     // What the code comes to by its category, or, where that is not known, by every one that it can have.
-    const CategoryValues& valuesByCategory(const Rows& rows, const std::string& market, const std::string& code) {
+    const CategoryValues& valuesByCategory(const LimitItemRows& rows, const std::string& market,
+                                           const std::string& code) {
         if (platform != nullptr && knowsInstrument(*platform, market, code)) {
             ownCategories = categoryValues(rows, market, categoryWordsOfCode(topic.table, market, code));
             return ownCategories;
@@ -230,14 +191,11 @@ private:
         return &rows == &before ? oldCategories : newCategories;
     }
 
-    CategoryValues categoryValues(const Rows& rows, const std::string& market,
+    CategoryValues categoryValues(const LimitItemRows& rows, const std::string& market,
                                   const std::vector<std::string_view>& words) const {
         CategoryValues values;
         for (const std::string_view word : words) {
-            const Row wanted{market, word, nullptr};
-            const auto found = std::lower_bound(rows.begin(), rows.end(), wanted, lessRow);
-            const bool isThere = found != rows.end() && !lessRow(wanted, *found);
-            const RowValue value = valueOf(isThere ? &*found : nullptr);
+            const RowValue value = valueOf(findLimitItem(rows, market, word));
             const auto same = [&value](const RowValue& known) { return sameValue(known, value); };
             if (std::none_of(values.begin(), values.end(), same)) values.push_back(value);
         }
@@ -252,8 +210,8 @@ private:
     }
 
     const AskedTable& topic;
-    const Rows& before;
-    const Rows& after;
+    const LimitItemRows& before;
+    const LimitItemRows& after;
     const standin::PlatformData* platform;
     const ChangeSink& tell;
     std::string categoriesOf;
@@ -271,14 +229,8 @@ void tellTable(const TextPair& texts, const std::vector<const SettingKey*>& sect
                     [&texts](const SettingKey* section) { return haveSameEntries(texts, section->section); })) {
         return;
     }
-    Rows before;
-    Rows after;
-    for (const SettingKey* section : sections) {
-        enterRows(texts.before, *section, fields, before);
-        enterRows(texts.after, *section, fields, after);
-    }
-    keepLastOfEqual(before, lessRow);
-    keepLastOfEqual(after, lessRow);
+    const LimitItemRows before = limitItems(texts.before, sections, fields);
+    const LimitItemRows after = limitItems(texts.after, sections, fields);
     for (const AskedTable& topic : topics)
         LimitChanges(topic, before, after, texts.platform, tell).tellAll();
 }

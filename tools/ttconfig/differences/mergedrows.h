@@ -5,19 +5,13 @@
 
 namespace ttconfig {
 
-// Sorts rows and leaves of equal ones the first, or the last, in the order in which they were entered.
+// Sorts rows and leaves of equal ones the first, in the order in which they were entered.
 template <typename Row, typename Less>
 void keepFirstOfEqual(std::vector<Row>& rows, Less less) {
     std::stable_sort(rows.begin(), rows.end(), less);
     const auto end = std::unique(rows.begin(), rows.end(),
                                  [&less](const Row& left, const Row& right) { return !less(left, right); });
     rows.erase(end, rows.end());
-}
-
-template <typename Row, typename Less>
-void keepLastOfEqual(std::vector<Row>& rows, Less less) {
-    std::reverse(rows.begin(), rows.end());
-    keepFirstOfEqual(rows, less);
 }
 
 // Walks two sorted tables together: sink(row, old row, new row), null where a table has none; the first is one of the

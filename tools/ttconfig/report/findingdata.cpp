@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <string>
-#include <vector>
 
 #include "ttconfig/differences/differences.h"
 #include "ttconfig/findings/checking.h"
@@ -69,16 +68,16 @@ void writeFindingData(JsonStream& json, ReportState& state) {
 void writeChangeData(JsonStream& json, ReportState& state) {
     json.name("changes");
     if (state.oldText() == nullptr) return json.null();
-    const std::vector<Change> changes = differences(*state.oldText(), state.text(), {}, state.input.platform);
-    const std::size_t shown = std::min(changes.size(), state.bounds.changes);
+    std::size_t count = 0;
     json.beginObject();
     json.name("list");
     json.beginArray();
-    for (std::size_t i = 0; i < shown; ++i)
-        writeChange(json, changes[i], state);
+    tellDifferences(*state.oldText(), state.text(), {}, state.input.platform, [&](const Change& change) {
+        if (++count <= state.bounds.changes) writeChange(json, change, state);
+    });
     json.endArray();
     json.name("leftOut");
-    json.integer(static_cast<std::int64_t>(changes.size() - shown));
+    json.integer(static_cast<std::int64_t>(count - std::min(count, state.bounds.changes)));
     json.endObject();
 }
 

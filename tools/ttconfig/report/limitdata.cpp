@@ -6,7 +6,6 @@
 #include <standin/numbertext.h>
 
 #include <algorithm>
-#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,9 +13,9 @@
 #include "traderbase/base/config/internal/limitrows.h"
 #include "traderbase/base/config/internal/settingkeys.h"
 #include "ttconfig/differences/mergedrows.h"
+#include "ttconfig/limititems.h"
 #include "ttconfig/reasons/creditfacts.h"
 #include "ttconfig/report/datawriters.h"
-#include "ttconfig/text/uppercase.h"
 
 namespace ttconfig {
 
@@ -132,80 +131,21 @@ void mergeInto(RowWriter& writer, const std::vector<Row>& now, const std::vector
 
 // --- the tables
 
-// One item of a row's key. Small, and nothing of it is copied: a file may have hundreds of thousands.
-struct ItemRow {
-    const SettingsEntry* entry;
-    std::uint32_t start;   // in the key; the item ends at the next ","
-    std::uint32_t number;  // in the order of the file
-
-    LimitItem item() const {
-        const std::string_view rest = entry->key.substr(start);
-        return limitItem(rest.substr(0, rest.find(',')));
-    }
-};
-
-ShownRow shownItem(const ItemRow& row, const LimitField* shape) {
+ShownRow shownItem(const LimitItemRow& row, const LimitField* shape) {
     const MarketItem place = tableKey(row.item());
     return {place.first, place.second, fieldsJson(row.entry->value, shape), row.entry->line};
 }
 
-int compareItems(const ItemRow& left, const ItemRow& right) {
-    const LimitItem one = left.item();
-    const LimitItem other = right.item();
-    const int atMarket = compareUpper(one.market, other.market);
-    return atMarket != 0 ? atMarket : compareUpper(one.item, other.item);
-}
-
-bool lessItem(const ItemRow& left, const ItemRow& right) {
-    return compareItems(left, right) < 0;
-}
-
-using Topics = std::initializer_list<const SettingKey*>;
-
-// Hands every entry that is a row of a topic to sink(entry).
-template <typename Sink>
-void forEachRow(const SettingsText& text, const Topics& topics, std::size_t fields, Sink&& sink) {
-    for (const SettingKey* topic : topics) {
-        const standin::SettingsSection* section = text.findSection(topic->section);
-        if (section == nullptr) continue;
-        for (const SettingsEntry& entry : section->entries) {
-            if (!entry.repeated && fieldCount(entry.value) == fields) sink(entry);
-        }
-    }
-}
-
-// Of several rows for one item the later one counts, also across sections.
-std::vector<ItemRow> rowsOf(const SettingsText* text, const Topics& topics, std::size_t fields) {
-    std::vector<ItemRow> rows;
-    if (text == nullptr) return rows;
-    std::size_t count = 0;
-    forEachRow(*text, topics, fields, [&count](const SettingsEntry& entry) { count += fieldCount(entry.key); });
-    rows.reserve(count);
-    forEachRow(*text, topics, fields, [&rows](const SettingsEntry& entry) {
-        forEachLimitItem(entry.key, [&](const LimitItem& item) {
-            const auto start = static_cast<std::uint32_t>(item.text.data() - entry.key.data());
-            rows.push_back({&entry, start, static_cast<std::uint32_t>(rows.size())});
-        });
-    });
-    // Sorted in place, without the second table that a stable sort would take.
-    std::sort(rows.begin(), rows.end(), [](const ItemRow& left, const ItemRow& right) {
-        const int order = compareItems(left, right);
-        return order != 0 ? order < 0 : left.number > right.number;
-    });
-    const auto end = std::unique(rows.begin(), rows.end(), [](const ItemRow& left, const ItemRow& right) {
-        return compareItems(left, right) == 0;
-    });
-    rows.erase(end, rows.end());
-    return rows;
-}
+using Sections = std::vector<const SettingKey*>;
 
 template <std::size_t Count>
-void writeLimitTable(JsonStream& json, ReportState& state, const LimitPage& page, const Topics& topics,
+void writeLimitTable(JsonStream& json, ReportState& state, const LimitPage& page, const Sections& sections,
                      const LimitRowShape<Count>& shape) {
     writePage(json, state, page, [&](RowWriter& writer) {
-        const auto shown = [&shape](const ItemRow& row) { return shownItem(row, shape.data()); };
-        mergeInto(writer, rowsOf(&state.text(), topics, Count), rowsOf(state.oldText(), topics, Count), lessItem,
-                  shown);
+        const auto shown = [&shape](const LimitItemRow& row) { return shownItem(row, shape.data()); };
+        const auto* old = state.oldText();
+        mergeInto(writer, limitItems(state.text(), sections, Count),
+                  old == nullptr ? LimitItemRows() : limitItems(*old, sections, Count), lessLimitItem, shown);
     });
 }
 

@@ -240,9 +240,11 @@ TEST_F(ReportPage, IsWorkedByKeyboard) {
 TEST_F(ReportPage, ShowsWhatChanged) {
     const tests::TempFolder folder;
     const std::string old = folder.write(
-        "old.ini", "[setting]\nneedmaxamount=12\nrefLimit=5\n[StkExchangeOrderLimit]\nSH-A=1,u\nSH-B=2,u\nSH-D=4,u\n");
+        "old.ini",
+        "[setting]\nneedmaxamount=12\nrefLimit=5\n[StkExchangeOrderLimit]\nSH-A1=1,u\nSH-B1=2,u\nSH-D1=4,u\n");
     const std::string now = folder.write(
-        "new.ini", "[setting]\nneedmaxamount=15\nrefLimit=6\n[StkExchangeOrderLimit]\nSH-B=3,u\nSH-C=3,u\nSH-D=4,u\n");
+        "new.ini",
+        "[setting]\nneedmaxamount=15\nrefLimit=6\n[StkExchangeOrderLimit]\nSH-B1=3,u\nSH-C1=3,u\nSH-D1=4,u\n");
     open(MadeReport({"--settings", now, "--against", old}));
     EXPECT_EQ(texts("h2").front(), "Changes");
     EXPECT_GE(count("#changes tbody tr"), 4);
@@ -259,7 +261,7 @@ TEST_F(ReportPage, ShowsWhatChanged) {
     browser->evaluate("document.querySelector('#limits tr.removed a').click()");
     draw();
     EXPECT_EQ(browser->text("location.hash"), "#O5");
-    EXPECT_THAT(textOf("#oldSource .shown"), HasSubstr("SH-A=1,u"));
+    EXPECT_THAT(textOf("#oldSource .shown"), HasSubstr("SH-A1=1,u"));
     EXPECT_THAT(browser->complaints(), IsEmpty());
 }
 
