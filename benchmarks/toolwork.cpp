@@ -85,6 +85,9 @@ std::vector<Run> runsOf(const std::string& self, const std::string& tool, const 
     for (const std::string format : {"json", "sarif"})
         runs.push_back({"check-" + format + "/switches", {tool, "check", switches, "--format", format}});
     for (const std::string kind : {"limits", "bonds"}) {
+        runs.push_back({"report-against/" + kind,
+                        {tool, "report", "--settings", folder.file(kind + ".later.ini"), "--against",
+                         folder.file(kind + ".ini"), "-o", folder.file("report.html")}});
         runs.push_back(
             {"diff-all/" + kind, {tool, "diff", folder.file(kind + ".ini"), folder.file(kind + ".all.ini")}});
     }

@@ -228,7 +228,7 @@ Row toolWork(const std::string& what, const std::string& run) {
 
 // What it holds beyond what it holds for nothing, beside the size of what it reads.
 Row toolMemory(const std::string& what, const std::string& run, Goal goal = Goal::AtMost) {
-    const bool readsTwo = run.rfind("diff", 0) == 0;
+    const bool readsTwo = run.rfind("diff", 0) == 0 || run.rfind("report-against", 0) == 0;
     const std::string kind = run.substr(run.find('/'));
     return {what,
             {"", "toolwork/" + run, "memory"},
@@ -250,8 +250,10 @@ std::vector<ToolRun> toolRuns(const Peer& file) {
         runs.push_back({"check, 100000 findings as SARIF", "check-sarif/" + kind});
     }
     runs.push_back({"diff, one row in ten differs", "diff/" + kind});
-    if (kind == "limits" || kind == "bonds") runs.push_back({"diff, every row differs", "diff-all/" + kind});
+    const bool hasBothDiffs = kind == "limits" || kind == "bonds";
+    if (hasBothDiffs) runs.push_back({"diff, every row differs", "diff-all/" + kind});
     runs.push_back({"report", "report/" + kind});
+    if (hasBothDiffs) runs.push_back({"report against the other file", "report-against/" + kind});
     return runs;
 }
 
