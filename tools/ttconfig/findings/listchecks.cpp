@@ -21,7 +21,7 @@ namespace {
 // The entry with its one other sign as the ":"; empty where that is not what is wrong.
 std::string withColon(std::string_view entry) {
     constexpr std::string_view kSigns = "=,|/ ";
-    const std::string ascii = inAscii(entry);
+    std::string ascii = inAscii(entry);
     if (std::count(ascii.begin(), ascii.end(), ':') == 1) return ascii;
     const std::size_t sign = entry.find_first_of(kSigns);
     const bool isOne = sign != std::string_view::npos && sign > 0 && sign + 1 < entry.size() &&

@@ -44,7 +44,7 @@ bool isNamedMarket(std::string_view market) {
 }
 
 MarketNames::MarketNames(const standin::PlatformData* data) : hasData(data != nullptr), inOrder(namedMarkets()) {
-    if (hasData) ofData = data->marketNames();
+    if (data != nullptr) ofData = data->marketNames();
     for (const std::string& name : ofData) {
         if (!isNamedMarket(name)) inOrder.push_back(name);
     }
