@@ -239,11 +239,14 @@ bool isOddForFutures(LimitTopic topic, std::string_view market, std::string_view
     return goesByType && hasFutures(market) && word != words::kDef && isCategoryWord(word);
 }
 
+bool isFuturesProduct(std::string_view market, std::string_view item) {
+    return hasFutures(market) && !item.empty() && !hasDigit(item) && !isCategoryWord(item);
+}
+
 bool isOddWord(std::string_view market, std::string_view item) {
     if (isNeitherCodeNorCategory(market, item)) return true;
     // A word of four letters that is one slip away from a category is no future by accident.
-    return hasFutures(market) && item.size() > 3 && !hasDigit(item) && !isCategoryWord(item) &&
-           !nearestName(item, categoryWords(), 1).empty();
+    return isFuturesProduct(market, item) && item.size() > 3 && !nearestName(item, categoryWords(), 1).empty();
 }
 
 }  // namespace ttconfig

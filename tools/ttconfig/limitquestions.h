@@ -57,6 +57,9 @@ std::string_view categoryMeant(std::string_view word);
 // as shares, bonds or funds.
 bool isOddForFutures(LimitTopic topic, std::string_view market, std::string_view word);
 
+// Whether the item, no category, is a product of a futures exchange, whose codes are those of contracts.
+bool isFuturesProduct(std::string_view market, std::string_view item);
+
 // Whether the item is most likely meant for a category: it is neither code nor category, or, where codes need hold no
 // digit, a category with a slip in it.
 bool isOddWord(std::string_view market, std::string_view item);

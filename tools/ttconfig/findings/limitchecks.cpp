@@ -165,6 +165,13 @@ private:
                 return fmt::format("instruments of {} go by DEF, unless the platform gives them another type; write {}",
                                    market, shownText(market + "-DEF"));
             });
+        } else if (isFuturesProduct(market, name)) {
+            remarks.say(RuleId::OddForFutures, item.text, [&] {
+                return fmt::format(
+                    "the row is found for the code {} alone and for none of its contracts; write a row "
+                    "for each, or {}",
+                    shownText(item.item), shownText(market + "-DEF"));
+            });
         } else {
             return false;
         }

@@ -24,6 +24,8 @@ namespace {
 
 using namespace ttservice::internal;
 
+static_assert(kShares.size() == kFundUnits.size() && kShares.size() == kBonds.size() && kShares.size() == kLots.size());
+
 bool isUsualUnit(std::string_view unit) {
     return unit == kShares || unit == kFundUnits || unit == kBonds || unit == kLots;
 }
@@ -59,12 +61,12 @@ std::string withoutInnerCommas(std::string_view value) {
     return joined;
 }
 
-// 100股 with a comma in front of the unit.
+// 100股, 1,000股 or 100万 股 as a number, a comma and the unit.
 std::string withUnitApart(std::string_view value) {
-    const std::size_t digits = value.find_first_not_of("0123456789");
-    if (digits == 0 || digits == std::string_view::npos) return {};
-    const std::size_t unit = std::min(value.find_first_not_of(" \t", digits), value.size());
-    return fmt::format("{},{}", value.substr(0, digits), value.substr(unit));
+    const std::size_t size = kShares.size();
+    if (value.size() <= size || !isUsualUnit(value.substr(value.size() - size))) return {};
+    const std::string number = numberMeant(value.substr(0, value.size() - size), NumberKind::Integer);
+    return number.empty() ? number : fmt::format("{},{}", number, value.substr(value.size() - size));
 }
 
 // The quantity behind its unit, back in front of it: 股,100,5 and 100,5,股 for 100,股,5.

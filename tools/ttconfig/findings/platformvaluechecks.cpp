@@ -126,7 +126,7 @@ private:
         if (isEntry && value.empty()) {
             remarks.say(RuleId::BadPlatformValue, text,
                         "there is no value behind the \":\", and the item is passed over; write one");
-        } else if (const std::string items = withSigns(inAscii(text), kOtherSigns, ';');
+        } else if (const std::string items = asItems(text);
                    items != text && areItems(items) && numberMeant(value, kKind).empty()) {
             remarks.wrong(RuleId::WrongSeparator, text, [&] {
                 return fmt::format("is one item and says nothing: {}{}", kDropped,
@@ -147,6 +147,14 @@ private:
                 return fmt::format("is no value of this key: {}; {}", kDropped, advice(value, isEntry));
             });
         }
+    }
+
+    // The text with ";" wherever something else may have been meant to separate items.
+    static std::string asItems(std::string_view text) {
+        std::string items;
+        splitDropEmpty(withSigns(inAscii(text), kOtherSigns, ';'), ';',
+                       [&items](std::string_view item) { items.append(items.empty() ? "" : ";").append(item); });
+        return items;
     }
 
     // Whether every one of them can be read.

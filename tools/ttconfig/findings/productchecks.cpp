@@ -46,12 +46,13 @@ public:
         bool isFirst = true;
         splitKeepEmpty(group, ',', [&](std::string_view product) {
             if (isFirst) first = product;
-            checkName(remarks, product, "|/:", ",");
+            checkName(remarks, product, kOtherSigns, ",");
             if (!product.empty()) enter(product, number, first, isFirst);
             isFirst = false;
         });
         ++groups;
-        if (size == 1 && !group.empty() && group.find_first_of("|/:") == std::string_view::npos) alone.push_back(group);
+        if (size == 1 && !group.empty() && group.find_first_of(kOtherSigns) == std::string_view::npos)
+            alone.push_back(group);
     }
 
     // A product alone goes by itself, in a group or not.
@@ -100,6 +101,8 @@ private:
             former.place);
     }
 
+    static constexpr std::string_view kOtherSigns = "|/:+& ";
+
     EntryRemarks& remarks;
     SettingsContext& context;
     std::size_t groups = 0;
@@ -125,6 +128,9 @@ void checkFund(EntryRemarks& remarks, const MarketNames& markets, std::string_vi
         remarks.wrong(RuleId::AllBesideFunds, fund,
                       isAlone ? "is a fund of that name; write ALL in capitals for all of them"
                               : "is a fund of that name beside others; let ALL stand alone, or take it out");
+    } else if (fund == "*" || fund == "全部" || UpperCaseEqual()(fund, "ANY")) {
+        remarks.wrong(RuleId::AllBesideFunds, fund,
+                      "is a fund of that name; write ALL, and nothing else, for all of them");
     } else if (fund.empty() || fund.find_first_of(";|") != std::string_view::npos) {
         checkName(remarks, fund, ";|", ",");
     } else if (isDigit(fund.front())) {

@@ -141,6 +141,7 @@ TEST(CheckRules, TellOneThingOfEachMistake) {
         {"StkExchangeOrderLimit", "SHO-CALL=100,张", {"unknown-category"}},
         {"StkExchangeOrderLimit", "SHFE-DEFF=100,手", {"unknown-category"}},
         {"StkExchangeOrderLimit", "IF-LOAN,INE-ETF,DCE-DEF=100,手", {"odd-for-futures", "odd-for-futures"}},
+        {"StkExchangeOrderLimit", "SHFE-RB,CFFEX-IF,NASDAQ-IBM=100,手", {"odd-for-futures", "odd-for-futures"}},
         {"StkExchangeOrderLimit", "XX-1,XX-2,XY-1=100,股", {"unknown-market", "unknown-market"}},
         {"StkExchangeOrderLimit", "600000-SH,600001-SH=100,股", {"unreachable-row", "unreachable-row"}},
         {"StkExchangeOrderLimit", "SH-60*,*-STOCK=100,股", {"unreachable-row", "unreachable-row"}},
@@ -211,6 +212,7 @@ TEST(CheckRules, TellOneThingOfEachMistake) {
         {"specialCombCompacts", "SHFE=cu,bc,cu", {"repeated-in-list"}},
         {"specialCombCompacts", "SHFE=cu,,bc", {"empty-item-counts"}},
         {"specialCombCompacts", "SHFE=cu,bc;rb", {"group-of-one"}},
+        {"specialCombCompacts", "SHFE=cu+bc;rb&hc", {"wrong-separator", "wrong-separator"}},
         {"MonetaryFundSetting", "fix_price_by_nontrade_monetaryfund=SZSE", {"entry-without-colon"}},
         {"MonetaryFundSetting", "fix_price_by_nontrade_monetaryfund=SSE:1;SSE:2", {"repeated-item"}},
         {"MonetaryFundSetting", "fix_price_by_nontrade_monetaryfund=sse:1", {"unreachable-row"}},
@@ -222,6 +224,7 @@ TEST(CheckRules, TellOneThingOfEachMistake) {
         {"monetaryFundUseSloBalanceFirst", "41=sse511880", {"unreachable-row"}},
         {"monetaryFundUseSloBalanceFirst", "41=SEE511880,SSE511880", {"unknown-market"}},
         {"monetaryFundUseSloBalanceFirst", "41=all", {"all-beside-funds"}},
+        {"monetaryFundUseSloBalanceFirst", "41=*", {"all-beside-funds"}},
         {"monetaryFundUseSloBalanceFirst", "41=SSE1\n041=SSE2", {"repeated-item"}},
     };
     for (const auto& row : rows) {
