@@ -20,7 +20,6 @@ using standin::SettingsText;
 
 // Of longer lines only so much is shown on either side of the change.
 constexpr std::size_t kMostShown = 2000;
-constexpr std::size_t kMostDrafts = 200;
 
 std::size_t offsetOf(const SettingsText& text, std::string_view view) {
     return static_cast<std::size_t>(view.data() - text.bytes().data());
@@ -153,7 +152,10 @@ std::vector<Edit> Edits::inOrder() && {
 }
 
 void Edits::add(Edit draft) {
-    if (drafts.size() < kMostDrafts) drafts.push_back(std::move(draft));
+    std::size_t& left = draftsLeft[static_cast<std::size_t>(draft.kind)];
+    if (left == 0) return;
+    --left;
+    drafts.push_back(std::move(draft));
 }
 
 // Keeps what both have in common at either end.

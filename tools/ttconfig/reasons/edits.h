@@ -2,6 +2,7 @@
 
 #include <standin/settingstext.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -26,6 +27,8 @@ struct Edit {
     std::size_t changedBytes() const { return length + replacement.size(); }
 };
 
+inline constexpr std::size_t kEditKinds = 3;
+
 // The text with the edit carried out.
 std::string editedText(const standin::SettingsText& text, const Edit& edit);
 
@@ -36,8 +39,8 @@ struct EditLines {
 };
 EditLines linesOf(const standin::SettingsText& text, const Edit& edit);
 
-// Collects edits of one line each that might change an answer, up to a number that nobody wants to see tried out.
-// Nothing is tried out here.
+// Collects edits of one line each that might change an answer, of each kind up to a number that nobody wants to see
+// tried out. Nothing is tried out here.
 class Edits {
 public:
     explicit Edits(const standin::SettingsText& settingsText) : text(settingsText) {}
@@ -74,6 +77,7 @@ private:
 
     const standin::SettingsText& text;
     std::string_view reach;
+    std::array<std::size_t, kEditKinds> draftsLeft{200, 200, 200};
     std::vector<Edit> drafts;
 };
 

@@ -21,9 +21,9 @@ using Pieces = std::vector<std::string_view>;
 using Texts = std::vector<std::string>;
 
 // Every way to keep pieces at either end is looked at up to so many pieces, and beyond that only the ones that keep
-// most. Values that are longer still are only written anew.
+// most. Values that are longer still are not taken apart.
 constexpr std::size_t kMostLookedAt = 24;
-constexpr std::size_t kMostPieces = 20000;
+constexpr std::size_t kMostPieces = 1000000;
 constexpr std::size_t kMostTried = 16;
 
 // The pieces that stay at the front and at the end of the value.
@@ -35,17 +35,22 @@ struct Kept {
 class PieceEdits {
 public:
     PieceEdits(std::string_view text, const WantedPieces& wantedPieces)
-        : value(text), wanted(wantedPieces), pieces(text.empty() ? Pieces() : split(text, wantedPieces.separator)) {}
+        : value(text),
+          wanted(wantedPieces),
+          isTooLong(count(text, wantedPieces.separator) > kMostPieces),
+          pieces(isTooLong || text.empty() ? Pieces() : ttservice::internal::pieces(text, wantedPieces.separator)) {}
 
     bool saysAll() const {
-        const auto absent = missing({pieces.size(), 0});
+        const auto absent = isTooLong ? std::nullopt : missing({pieces.size(), 0});
         return absent && absent->empty();
     }
     // The values, the one that differs least from what is there first.
     Texts values(bool keepsOthers) const;
 
 private:
-    static Pieces split(std::string_view text, char separator) { return ttservice::internal::pieces(text, separator); }
+    static std::size_t count(std::string_view text, char separator) {
+        return static_cast<std::size_t>(std::count(text.begin(), text.end(), separator)) + 1;
+    }
 
     std::vector<Kept> waysToKeep() const;
     void addWaysOfLongValue(std::vector<Kept>& ways) const;
@@ -59,15 +64,13 @@ private:
 
     std::string_view value;
     const WantedPieces& wanted;
+    bool isTooLong;
     Pieces pieces;
 };
 
-// An empty piece alone would be no piece.
-std::string joined(const Texts& pieces, char separator) {
-    std::string text;
-    for (std::size_t i = 0; i < pieces.size(); ++i)
-        text.append(i == 0 ? "" : std::string(1, separator)).append(pieces[i]);
-    return pieces.size() == 1 && text.empty() ? std::string(1, separator) : text;
+// An empty piece alone would be read as no piece.
+bool isEmptyPiece(std::size_t count, const std::string& text) {
+    return count == 1 && text.empty();
 }
 
 std::vector<Kept> PieceEdits::waysToKeep() const {
@@ -193,20 +196,36 @@ Texts PieceEdits::between(const Kept& kept, const std::vector<std::size_t>& miss
     return texts;
 }
 
+// What is kept is copied as it stands.
 std::string PieceEdits::valueOf(const Kept& kept, const Texts& between) const {
-    Texts all(pieces.begin(), pieces.begin() + static_cast<std::ptrdiff_t>(kept.front));
-    all.insert(all.end(), between.begin(), between.end());
-    all.insert(all.end(), pieces.end() - static_cast<std::ptrdiff_t>(kept.back), pieces.end());
-    return joined(all, wanted.separator);
+    std::string text;
+    std::size_t count = 0;
+    const auto put = [&](std::string_view piece) {
+        if (count++ > 0) text += wanted.separator;
+        text += piece;
+    };
+    const auto offsetOf = [this](std::string_view piece) {
+        return static_cast<std::size_t>(piece.data() - value.data());
+    };
+    if (kept.front > 0) {
+        const std::string_view last = pieces[kept.front - 1];
+        put(value.substr(0, offsetOf(last) + last.size()));
+    }
+    for (const std::string& piece : between)
+        put(piece);
+    if (kept.back > 0) put(value.substr(offsetOf(pieces[pieces.size() - kept.back])));
+    return isEmptyPiece(count, text) ? std::string(1, wanted.separator) : text;
 }
 
 Texts PieceEdits::values(bool keepsOthers) const {
     Texts values;
-    if (pieces.size() > kMostPieces) return {wholeValue(wanted)};
+    // What comes last counts, where order plays no part.
+    if (isTooLong) return {(keepsOthers ? std::string(value) + wanted.separator : "") + wholeValue(wanted)};
     for (const Kept& kept : waysToKeep()) {
         const auto absent = missing(kept);
         if (!absent) continue;
         values.push_back(valueOf(kept, between(kept, *absent, keepsOthers, false)));
+        if (pieces.size() > kMostLookedAt || absent->empty()) continue;
         values.push_back(valueOf(kept, between(kept, *absent, keepsOthers, true)));
     }
     // Of two that differ as little, the longer one takes out less.
@@ -222,10 +241,12 @@ Texts PieceEdits::values(bool keepsOthers) const {
 }  // namespace
 
 std::string wholeValue(const WantedPieces& wanted) {
-    Texts all;
-    for (std::size_t i = 0; i < wanted.count; ++i)
-        all.push_back(wanted.written(i, {}));
-    return joined(all, wanted.separator);
+    std::string text;
+    for (std::size_t i = 0; i < wanted.count; ++i) {
+        if (i > 0) text += wanted.separator;
+        text += wanted.written(i, {});
+    }
+    return isEmptyPiece(wanted.count, text) ? std::string(1, wanted.separator) : text;
 }
 
 bool saysAll(const WantedPieces& wanted, std::string_view value) {

@@ -5,6 +5,8 @@
 
 #include <ttplatform/stocktypecenter.h>
 
+#include <optional>
+
 #include "traderbase/base/config/internal/catalogueentries.h"
 #include "traderbase/base/config/internal/producttables.h"
 #include "traderbase/base/config/internal/strictnumbers.h"
@@ -36,6 +38,14 @@ std::string joined(const std::vector<std::string_view>& pieces, char separator) 
 
 // --- combinations
 
+using Group = std::vector<std::string_view>;
+
+// Hands each group of the value to the sink. A value of a million groups is gone through, and not held.
+template <typename Sink>
+void forEachGroup(std::string_view value, Sink&& sink) {
+    internal::splitKeepEmpty(value, ';', [&](std::string_view text) { sink(internal::productGroups(text).front()); });
+}
+
 // The first product of the first group in which the product is not the first; later ones that name it do not count.
 Explanation explainCombination(const Question& question) {
     const std::string& product = question.text(0);
@@ -50,7 +60,7 @@ Explanation explainCombination(const Question& question) {
         "no group of " + sectionName(keys::combinations) + " has " + what + " behind another one: it goes by itself",
         Place{header.line, header.column});
     for (const SettingsEntry& row : section->entries) {
-        for (const auto& group : internal::productGroups(row.value)) {
+        forEachGroup(row.value, [&](const Group& group) {
             for (std::size_t i = 0; i < group.size(); ++i) {
                 if (group[i] != product) continue;
                 if (!row.repeated && i > 0 && explanation.reason == Reason::NotListed) {
@@ -68,7 +78,7 @@ Explanation explainCombination(const Question& question) {
                                    : i == 0     ? "is the first of its group"
                                                 : "an earlier group has it"});
             }
-        }
+        });
     }
     return explanation;
 }
@@ -76,25 +86,25 @@ Explanation explainCombination(const Question& question) {
 // The value without the product behind the first of any group.
 std::string valueWithoutMember(std::string_view value, std::string_view product) {
     std::string text;
-    for (const auto& group : internal::productGroups(value)) {
-        std::vector<std::string_view> kept;
+    forEachGroup(value, [&](const Group& group) {
+        Group kept;
         for (std::size_t i = 0; i < group.size(); ++i) {
             if (i == 0 || group[i] != product) kept.push_back(group[i]);
         }
         text += (text.empty() ? "" : ";") + joined(kept, ',');
-    }
+    });
     return text;
 }
 
 void suggestGroups(const SettingsEntry& row, const std::string& product, const std::string& first, Edits& edits) {
-    for (const auto& group : internal::productGroups(row.value)) {
+    forEachGroup(row.value, [&](const Group& group) {
         const std::string_view last = group.back();
         if (group.front() == first) edits.replacePiece(row, last, std::string(last) + "," + product);
-        if (group.size() < 2 || group[1] != product) continue;
+        if (group.size() < 2 || group[1] != product) return;
         edits.reaching("every other product of the group");
         edits.replacePiece(row, group.front(), first);
         edits.reaching({});
-    }
+    });
     edits.setValue(row, first + "," + product + ";" + std::string(row.value));
     edits.setValue(row, std::string(row.value) + ";" + first + "," + product);
 }
@@ -139,20 +149,22 @@ Explanation byFundList(const Question& question, const SettingsEntry& row) {
     const std::string fund = market + code;
     const std::string name = nameOf(keys::sloBalanceFirstFunds.section, row.key);
     Explanation explanation;
-    const auto list = internal::fundList(row.value);
-    if (internal::listsFund(list, market, code)) {
-        explanation = decided(true, Reason::Listed, name + " lists " + shownText(fund));
-        internal::splitKeepEmpty(row.value, ',', [&](std::string_view piece) {
-            if (piece == fund && !explanation.place) explanation.place = placeInValue(row, piece);
-        });
-    } else if (StockTypeCenter::instance().isTypedStock(kMoneyMarketFundType, market, code) &&
-               internal::listsAllFunds(list)) {
+    std::optional<Place> place;
+    internal::splitKeepEmpty(row.value, ',', [&](std::string_view piece) {
+        if (piece == fund && !place) place = placeInValue(row, piece);
+    });
+    // A list of several entries is not for all funds, and may be too long to be held.
+    const bool isOneEntry = row.value.find(',') == std::string_view::npos;
+    const bool isForAll = isOneEntry && internal::listsAllFunds(internal::fundList(row.value));
+    if (place) {
+        explanation = decided(true, Reason::Listed, name + " lists " + shownText(fund), place);
+    } else if (isForAll && StockTypeCenter::instance().isTypedStock(kMoneyMarketFundType, market, code)) {
         explanation = decided(true, Reason::Listed,
                               name + " is ALL, and type 100024 makes " + shownText(fund) + " a money-market fund",
                               valuePlace(row));
     } else {
         explanation = decided(false, Reason::NotListed, name + " does not list " + shownText(fund), valuePlace(row));
-        if (internal::listsAllFunds(list)) {
+        if (isForAll) {
             lose(explanation,
                  {Reason::Listed, "ALL", valuePlace(row), "is for money-market funds, type 100024, alone"});
         }
@@ -207,33 +219,49 @@ void suggestSloFund(const Question& question, const Wanted& wanted, Edits& edits
 
 // --- funds whose price is fixed
 
+// What an entry of the market says about the code, and where.
+struct FixedPriceEntry {
+    internal::MarketCodesEntry entry;
+    std::string_view listed;  // the code in it; points nowhere where it is not there
+
+    FixedPriceEntry(const internal::MarketCodesEntry& of, std::string_view code) : entry(of) {
+        internal::splitKeepEmpty(entry.codes, ',', [&](std::string_view piece) {
+            if (piece == code && listed.data() == nullptr) listed = piece;
+        });
+    }
+
+    bool isListed() const { return listed.data() != nullptr; }
+    Reason reason() const { return isListed() ? Reason::Listed : Reason::NotListed; }
+    Place place(const SettingsEntry& row) const { return placeInValue(row, isListed() ? listed : entry.text); }
+};
+
+// Hands each entry of the question's market to the sink.
+template <typename Sink>
+void forEachOfMarket(const Question& question, const SettingsEntry& row, Sink&& sink) {
+    if (row.value.empty()) return;
+    internal::forEachEntry(row.value, internal::marketCodesEntry, [&](const internal::MarketCodesEntry& entry) {
+        if (entry.market == question.text(0)) sink(FixedPriceEntry(entry, question.text(1)));
+    });
+}
+
+// The last entry of a market holds all its codes.
 Explanation explainFixedPrice(const Question& question) {
     const internal::SettingKey& key = keys::fixedPriceFunds;
     const SettingsEntry* row = entryOf(question, key);
-    const std::string& market = question.text(0);
-    const std::string& code = question.text(1);
-    const std::string what = "the code " + shownText(code) + " for market " + shownText(market);
+    const std::string what = "the code " + shownText(question.text(1)) + " for market " + shownText(question.text(0));
     if (row == nullptr) return decided(false, Reason::KeyAbsent, "there is no key " + nameOf(key));
-    Explanation explanation =
-        decided(false, Reason::NotListed, nameOf(key) + " does not list " + what, valuePlace(*row));
-    if (row->value.empty()) return explanation;
-    internal::forEachEntry(row->value, internal::marketCodesEntry, [&](const internal::MarketCodesEntry& entry) {
-        if (entry.market != market) return;
-        // The last entry of a market holds all its codes.
-        Explanation former = std::move(explanation);
-        explanation =
-            decided(false, Reason::NotListed, nameOf(key) + " does not list " + what, placeInValue(*row, entry.text));
-        internal::splitKeepEmpty(entry.codes, ',', [&](std::string_view piece) {
-            if (piece != code || explanation.reason == Reason::Listed) return;
-            explanation = decided(true, Reason::Listed, nameOf(key) + " lists " + what, placeInValue(*row, piece));
+    std::optional<FixedPriceEntry> last;
+    forEachOfMarket(question, *row, [&last](const FixedPriceEntry& entry) { last = entry; });
+    const bool isListed = last && last->isListed();
+    Explanation explanation = decided(isListed, isListed ? Reason::Listed : Reason::NotListed,
+                                      nameOf(key) + (isListed ? " lists " : " does not list ") + what,
+                                      last ? last->place(*row) : valuePlace(*row));
+    forEachOfMarket(question, *row, [&](const FixedPriceEntry& entry) {
+        if (entry.entry.text.data() == last->entry.text.data()) return;
+        lose(explanation, [&] {
+            return Candidate{entry.reason(), "an earlier entry of the market", entry.place(*row),
+                             "overwritten by a later entry of the market"};
         });
-        explanation.lost = std::move(former.lost);
-        explanation.furtherLost = former.furtherLost;
-        const bool hasFormer = former.place && *former.place != valuePlace(*row);
-        if (hasFormer || former.reason == Reason::Listed) {
-            lose(explanation, {former.reason, "an earlier entry of the market", former.place,
-                               "overwritten by a later entry of the market"});
-        }
     });
     addRepeats(question, key, explanation);
     return explanation;

@@ -14,9 +14,27 @@ namespace ttconfig {
 
 namespace {
 
-// Edits are tried out until so many bytes have been read again, and a few at least.
+// Edits are tried out until so many bytes have been read again, and a few at least. Of a value of a million pieces
+// those are all about pieces; edits of whole lines follow then.
 constexpr std::size_t kMostBytesTried = std::size_t{1} << 29;
 constexpr std::size_t kFewestTries = 8;
+
+class Tries {
+public:
+    explicit Tries(std::size_t textSize)
+        : left(std::max(kFewestTries, kMostBytesTried / std::max<std::size_t>(textSize, 1))) {}
+
+    bool take(Edit::Kind kind) {
+        std::size_t& some = left > 0 || kind == Edit::Kind::ReplacedLine ? left : linesLeft;
+        if (some == 0) return false;
+        --some;
+        return true;
+    }
+
+private:
+    std::size_t left;
+    std::size_t linesLeft = kFewestTries;
+};
 
 bool makesIt(const Explainer& explainer, const std::string& call, const Arguments& arguments, const Wanted& wanted,
              const Edit& edit) {
@@ -58,12 +76,11 @@ WhyNot whyNot(const Explainer& explainer, const std::string& call, const Argumen
     const Explanation now = explainer.explain(call, arguments);
     found.isSoAlready = wanted.matches(now.answer);
     if (found.isSoAlready) return found;
-    const std::size_t size = std::max<std::size_t>(explainer.facts().text().bytes().size(), 1);
-    std::size_t triesLeft = std::max(kFewestTries, kMostBytesTried / size);
+    Tries tries(explainer.facts().text().bytes().size());
     for (const Edit& draft : draftsFor(explainer, call, arguments, wanted)) {
         // Once there is an edit, only one that reaches less far is of interest.
         if (found.edit && !draft.reach.empty()) continue;
-        if (triesLeft-- == 0) break;
+        if (!tries.take(draft.kind)) continue;
         if (!makesIt(explainer, call, arguments, wanted, draft)) continue;
         (found.edit ? found.narrower : found.edit) = draft;
         if (draft.reach.empty()) break;
