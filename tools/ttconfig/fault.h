@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace ttconfig {
 
@@ -14,12 +16,16 @@ enum ExitCode : int {
     kExitInternal = 4,  // anything else: an answer that cannot be written, an exception out of the library
 };
 
-// What ends the program: one message for the standard error stream, and the exit code.
+// What ends the program: one message for the standard error stream, or one for each place that is wrong, and the exit
+// code.
 class Fault : public std::runtime_error {
 public:
     Fault(ExitCode code, const std::string& message) : std::runtime_error(message), exitCode(code) {}
+    Fault(ExitCode code, const std::string& message, std::vector<std::string> more)
+        : std::runtime_error(message), exitCode(code), further(std::move(more)) {}
 
     const ExitCode exitCode;
+    const std::vector<std::string> further;
 };
 
 }  // namespace ttconfig

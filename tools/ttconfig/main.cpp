@@ -5,6 +5,8 @@
 
 #include <exception>
 #include <iostream>
+#include <string>
+#include <string_view>
 
 #include "ttconfig/commandline.h"
 #include "ttconfig/fault.h"
@@ -16,13 +18,19 @@ namespace {
 
 using ttconfig::CommandLine;
 
+void tell(std::string_view message) {
+    std::cerr << "ttconfig: " << ttconfig::visibleText(message) << '\n';
+}
+
 int runGuarded(const CommandLine& commandLine) {
     try {
         std::ios::sync_with_stdio(false);
         ttconfig::Output output;
         return commandLine.run(commandLine, output);
     } catch (const ttconfig::Fault& fault) {
-        std::cerr << "ttconfig: " << ttconfig::visibleText(fault.what()) << '\n';
+        tell(fault.what());
+        for (const std::string& message : fault.further)
+            tell(message);
         return fault.exitCode;
     } catch (const std::exception& failure) {
         std::cerr << "ttconfig: internal error: " << failure.what() << '\n';

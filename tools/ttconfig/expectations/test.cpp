@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "traderbase/base/config/internal/splitting.h"
 #include "traderbase/base/config/internal/strictnumbers.h"
@@ -77,14 +78,14 @@ std::optional<MalformedLine> objectionTo(const Expectation& expectation) {
 
 [[noreturn]] void refuseLines(const std::string& file, const std::vector<MalformedLine>& malformed) {
     constexpr std::size_t kMostTold = 20;
-    std::string text;
-    for (std::size_t i = 0; i < std::min(malformed.size(), kMostTold); ++i) {
-        text += (i == 0 ? "" : "\nttconfig: ") + placeText(file, malformed[i].place) + ": " + malformed[i].message;
+    const std::size_t told = std::min(malformed.size(), kMostTold);
+    std::vector<std::string> messages;
+    for (std::size_t i = 0; i < told; ++i)
+        messages.push_back(placeText(file, malformed[i].place) + ": " + malformed[i].message);
+    if (told < malformed.size()) {
+        messages.push_back("and " + std::to_string(malformed.size() - told) + " more lines like these");
     }
-    if (malformed.size() > kMostTold) {
-        text += "\nttconfig: and " + std::to_string(malformed.size() - kMostTold) + " more lines like these";
-    }
-    throw Fault(kExitUsage, text);
+    throw Fault(kExitUsage, messages.front(), {messages.begin() + 1, messages.end()});
 }
 
 // All lines are read and looked at before the first question is asked.
