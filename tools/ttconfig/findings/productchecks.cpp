@@ -128,7 +128,7 @@ void checkFund(EntryRemarks& remarks, const MarketNames& markets, std::string_vi
         remarks.wrong(RuleId::AllBesideFunds, fund,
                       isAlone ? "is a fund of that name; write ALL in capitals for all of them"
                               : "is a fund of that name beside others; let ALL stand alone, or take it out");
-    } else if (fund == "*" || fund == "全部" || UpperCaseEqual()(fund, "ANY")) {
+    } else if (fund == "*" || fund == "全部" || isSameUpper(fund, "ANY")) {
         remarks.wrong(RuleId::AllBesideFunds, fund,
                       "is a fund of that name; write ALL, and nothing else, for all of them");
     } else if (fund.empty() || fund.find_first_of(";|") != std::string_view::npos) {
