@@ -69,11 +69,11 @@ public:
 
     // Null for a file that has no such row.
     void write(const ShownRow* now, const ShownRow* before) {
-        if (count++ >= state.bounds.rows) return;
-        const ShownRow& either = now != nullptr ? *now : *before;
+        const ShownRow* either = now != nullptr ? now : before;
+        if (either == nullptr || count++ >= state.bounds.rows) return;
         json.beginArray();
-        json.text(either.market);
-        json.text(either.item);
+        json.text(either->market);
+        json.text(either->item);
         writeSide(now, state.lines);
         if (state.oldText() != nullptr) writeSide(before, state.oldLines);
         json.endArray();

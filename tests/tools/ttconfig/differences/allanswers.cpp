@@ -279,7 +279,7 @@ PlatformKinds platformsOfKinds() {
 
 boost::shared_ptr<ConfigCollector> loadedStore(const TempFolder& folder, const std::string& settings) {
     const StandardError quiet;
-    const auto store = ttservice::internal::StoreSlot::build();
+    auto store = ttservice::internal::StoreSlot::build();
     ttservice::internal::StoreSlot::exchange(store);
     store->readConfig(folder.write("settings.ini", settings));
     return store;
