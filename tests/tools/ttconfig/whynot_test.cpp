@@ -171,6 +171,51 @@ TEST(WhyNot, TellsTheSmallestEdit) {
     }
 }
 
+std::string repeated(const char* piece, int count) {
+    std::string all;
+    for (int i = 0; i < count; ++i)
+        all += piece;
+    return all;
+}
+
+// The bytes that are taken out and put in.
+std::string changed(const standin::SettingsText& text, const Edit& edit) {
+    return "-" + std::string(text.bytes().substr(edit.offset, edit.length)) + " +" + edit.replacement;
+}
+
+TEST(WhyNot, TellsTheSmallestEditOfALongValue) {
+    const std::string ids = repeated("8,", 50);
+    const struct {
+        std::string settings;
+        const char* call;
+        Arguments arguments;
+        std::string wanted;
+        const char* changed;
+    } rows[] = {
+        {"[setting]\nk=" + ids + "12," + ids + "\n", "getPts", {"k"}, ids + "13," + repeated("8,", 49) + "8", "-2 +3"},
+        {"[setting]\nk=" + ids + "12," + ids + "\n", "getPts", {"k"}, ids + ids + "8", "-12 +8"},
+        {"[setting]\nsamrtalgotypes=" + repeated("A;", 50) + "C\n", "getAlgoTypes", {}, "A,B,C", "- +;B"},
+        {"[setting]\nalgomultcontractsetting=" + repeated("A:;", 30) + "B:x,1,1,1,1;" + repeated("C:;", 30) + "\n",
+         "getContractInfo",
+         {"B", true},
+         "none",
+         "-B:x,1,1,1,1; +"},
+        // so long that it is not taken apart
+        {"[setting]\nalgomultcontractsetting=" + repeated("A:;", 1100000) + "\n",
+         "getContractInfo",
+         {"B", true},
+         R"({"intValue":0,"doubleValue":2.5,"longValue":0,"productId":"B","textValue":"","isCredit":true})",
+         "- +;B:,2.5,0,0,1"},
+    };
+    for (const auto& row : rows) {
+        const standin::SettingsText text{std::string(row.settings)};
+        const auto found = ttconfig::whyNot(Explainer(text), row.call, row.arguments, Wanted(row.wanted));
+        ASSERT_TRUE(found.edit) << row.wanted.substr(0, 100) << found.whyNone;
+        EXPECT_EQ(changed(text, *found.edit), row.changed) << row.wanted.substr(0, 100);
+        EXPECT_EQ(found.edit->reach, "");
+    }
+}
+
 TEST(WhyNot, TellsAnEditForTheQuestionAloneWhereTheSmallestReachesFurther) {
     const standin::SettingsText text(std::string("[setting]\nrenewalpts=15:3;1\n"));
     const auto found = ttconfig::whyNot(Explainer(text), "getRenewalPts", {12}, Wanted("2"));
