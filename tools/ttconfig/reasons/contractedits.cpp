@@ -71,9 +71,9 @@ bool isSaid(const WantedContract& contract, const internal::ContractEntry& entry
 std::string writtenContract(const WantedContract& contract, std::string_view old) {
     const internal::ContractEntry entry = internal::contractEntry(old);
     // A product without fields has a default record for stock accounts.
-    const std::string bare = contract.productId + ":";
+    std::string bare = contract.productId + ":";
     if (entry.outcome != internal::EntryOutcome::Stored && isSaid(contract, internal::contractEntry(bare))) return bare;
-    std::string text = bare;
+    std::string text = std::move(bare);
     for (std::size_t i = 0; i < kCreditField; ++i)
         text += writtenLike(entry.fields[i], kContractFields[i].kind, contract.fields[i]) + ",";
     const bool staysCredit = entry.outcome == internal::EntryOutcome::Stored && isForCredit(entry) == contract.isCredit;

@@ -27,6 +27,7 @@ WantedPieces wantedFields(const ttservice::internal::LimitField* shape, std::vec
 
 WantedPieces wantedFields(const ttservice::internal::LimitField* shape, const std::vector<std::string>& texts) {
     std::vector<WantedField> fields;
+    fields.reserve(texts.size());
     for (const std::string& text : texts)
         fields.push_back({text});
     return wantedFields(shape, std::move(fields));
