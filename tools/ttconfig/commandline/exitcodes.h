@@ -14,7 +14,8 @@ struct ExitCodeMeaning {
 // How the program ends, as help text and manual tell it.
 inline constexpr ExitCodeMeaning kExitCodes[] = {
     {kExitDone, "done; compared, the same; tested, true"},
-    {kExitFindings, "something found (check, script check), different (diff), failed (test), false (ask --test), no edit (explain)"},
+    {kExitFindings,
+     "something found (check, script check), different (diff), failed (test), false (ask --test), no edit (explain)"},
     {kExitUsage, "the command line is wrong, or names something that there is not"},
     {kExitInput, "a file or a directory cannot be used"},
     {kExitInternal, "anything else"},

@@ -22,8 +22,7 @@ namespace {
 using namespace ttservice::internal;
 
 bool isOneOfWords(std::string_view value, std::initializer_list<std::string_view> words) {
-    return std::any_of(words.begin(), words.end(),
-                       [value](std::string_view word) { return isSameUpper(word, value); });
+    return std::any_of(words.begin(), words.end(), [value](std::string_view word) { return isSameUpper(word, value); });
 }
 
 // "12-15", as ranges are written elsewhere.
