@@ -94,6 +94,7 @@ void suggestTimes(const Question& question, const Wanted& wanted, Edits& edits) 
     const std::vector<std::string> times = wanted.items();
     WantedPieces pieces;
     pieces.count = times.size();
+    pieces.emptyIsOnePiece = true;
     pieces.counts = [](std::string_view) { return true; };
     pieces.says = [times](std::size_t number, std::string_view piece) { return piece == times[number]; };
     pieces.written = [times](std::size_t number, std::string_view) { return times[number]; };

@@ -38,7 +38,9 @@ public:
         : value(text),
           wanted(wantedPieces),
           isTooLong(count(text, wantedPieces.separator) > kMostPieces),
-          pieces(isTooLong || text.empty() ? Pieces() : ttservice::internal::pieces(text, wantedPieces.separator)) {}
+          pieces(isTooLong || (text.empty() && !wantedPieces.emptyIsOnePiece)
+                     ? Pieces()
+                     : ttservice::internal::pieces(text, wantedPieces.separator)) {}
 
     bool saysAll() const {
         const auto absent = isTooLong ? std::nullopt : missing({pieces.size(), 0});
@@ -68,9 +70,10 @@ private:
     Pieces pieces;
 };
 
-// An empty piece alone would be read as no piece.
-bool isEmptyPiece(std::size_t count, const std::string& text) {
-    return count == 1 && text.empty();
+// Where an empty value has no piece, an empty piece alone takes a separator.
+std::string asValue(const WantedPieces& wanted, std::size_t count, std::string text) {
+    if (count == 1 && text.empty() && !wanted.emptyIsOnePiece) text = wanted.separator;
+    return text;
 }
 
 std::vector<Kept> PieceEdits::waysToKeep() const {
@@ -214,7 +217,7 @@ std::string PieceEdits::valueOf(const Kept& kept, const Texts& between) const {
     for (const std::string& piece : between)
         put(piece);
     if (kept.back > 0) put(value.substr(offsetOf(pieces[pieces.size() - kept.back])));
-    return isEmptyPiece(count, text) ? std::string(1, wanted.separator) : text;
+    return asValue(wanted, count, std::move(text));
 }
 
 Texts PieceEdits::values(bool keepsOthers) const {
@@ -246,7 +249,7 @@ std::string wholeValue(const WantedPieces& wanted) {
         if (i > 0) text += wanted.separator;
         text += wanted.written(i, {});
     }
-    return isEmptyPiece(wanted.count, text) ? std::string(1, wanted.separator) : text;
+    return asValue(wanted, wanted.count, std::move(text));
 }
 
 bool saysAll(const WantedPieces& wanted, std::string_view value) {

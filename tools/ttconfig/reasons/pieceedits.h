@@ -20,7 +20,8 @@ struct WantedPieces {
 
     char separator = ',';
     Order order = Order::AsWritten;
-    std::size_t count = 0;  // of what is wanted
+    bool emptyIsOnePiece = false;  // whether an empty value has an empty piece, or none
+    std::size_t count = 0;         // of what is wanted
     // Whether the piece has a say in the answer.
     std::function<bool(std::string_view piece)> counts;
     // Whether the piece has the name of what is wanted; LastOfName asks it.

@@ -235,6 +235,12 @@ void suggestItem(const ValueQuestion<Value>& asked, const std::string& value, Ed
     });
 }
 
+// An item of the value and the ";" in front of it, or of the first one the ";" behind it.
+std::string_view withSeparator(std::string_view value, std::string_view item) {
+    const auto at = static_cast<std::size_t>(item.data() - value.data());
+    return at == 0 ? value.substr(0, item.size() + 1) : value.substr(at - 1, item.size() + 1);
+}
+
 template <typename Value>
 void suggestDefault(const ValueQuestion<Value>& asked, const std::string& value, Edits& edits) {
     const std::string text = writtenLike({}, kFieldKind<Value>, value);
@@ -247,11 +253,13 @@ void suggestDefault(const ValueQuestion<Value>& asked, const std::string& value,
     if (asked.byDefault) {
         const std::string_view old = asked.byDefault->read.text;
         edits.replacePiece(entry, old, writtenLike(old, kFieldKind<Value>, value));
+        edits.replacePiece(entry, withSeparator(entry.value, old), {});
     }
     edits.setValue(entry, std::string(entry.value) + ";" + text);
     edits.setValue(entry, text + ";" + std::string(entry.value));
     edits.reaching("every platform that the line is about");
     edits.setValue(entry, text);
+    edits.setValue(entry, "");
     edits.removeLine(entry);
 }
 

@@ -105,6 +105,7 @@ void suggestGroups(const SettingsEntry& row, const std::string& product, const s
         edits.replacePiece(row, group.front(), first);
         edits.reaching({});
     });
+    if (row.value.empty()) edits.setValue(row, first + "," + product);
     edits.setValue(row, first + "," + product + ";" + std::string(row.value));
     edits.setValue(row, std::string(row.value) + ";" + first + "," + product);
 }
