@@ -208,7 +208,8 @@ std::string whyUnreachable(LimitTopic topic, std::string_view market, std::strin
         return "block trades go by category alone; write the row of the category, or take it out";
     }
     if (holds(categoryWordsOf(topic, market), item) && isUsual(topic, market, item)) return {};
-    if (topic == LimitTopic::OrderLimits && isOptionExchange(market)) return "options go by MARKET or LIMIT; write one";
+    if (topic == LimitTopic::OrderLimits && isOptionExchange(market))
+        return "options go by MARKET or LIMIT, as long as the platform gives them no other type; write one";
     if (topic == LimitTopic::OrderLimits && isOneOf(item, words::kMarket, words::kLimit)) {
         return "only the option markets SHO and SZO go by MARKET and LIMIT";
     }

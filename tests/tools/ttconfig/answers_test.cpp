@@ -65,6 +65,8 @@ TEST(Diff, ExitCodeSaysWhetherThereIsADifference) {
     EXPECT_EQ(inFolder("diff old.ini respelt.ini").exitCode, 0);
     EXPECT_EQ(inFolder("diff old.ini old.ini").exitCode, 0);
     EXPECT_EQ(inFolder("diff --platforms 99 old.ini old.ini").exitCode, 0);
+    EXPECT_EQ(inFolder("diff --platforms 99 old.ini old.ini").out,
+              "no difference in what is asked with these platforms\n");
     EXPECT_EQ(inFolder("diff --platforms 8 old.ini new.ini").exitCode, 1) << "the default changes for everybody";
 }
 

@@ -257,6 +257,17 @@ TEST(WhyNot, SaysThatItIsSoAlready) {
     EXPECT_TRUE(ttconfig::whyNot(Explainer(text), "isNeedMaxAmountPts", {12}, Wanted("true")).isSoAlready);
 }
 
+TEST(WhyNot, DoesNotTakeOneNameWithACommaForTwo) {
+    const standin::SettingsText text(std::string("[setting]\nsamrtalgotypes=A\n"));
+    const auto found = ttconfig::whyNot(Explainer(text), "getAlgoTypes", {}, Wanted("A,B"));
+    ASSERT_TRUE(found.edit);
+    EXPECT_EQ(ttconfig::linesOf(text, *found.edit).after, std::vector<std::string>{"samrtalgotypes=A;B"});
+    EXPECT_TRUE(Wanted("A,B").matches(Answer{"A,B"}));
+    EXPECT_FALSE(Wanted("A,B").isPlainly(Answer{"A,B"}));
+    EXPECT_TRUE(Wanted("A,B").isPlainly(Answer({"A", "B"})));
+    EXPECT_TRUE(Wanted("[\"A,B\"]").isPlainly(Answer{"A,B"}));
+}
+
 TEST(Wanted, MatchesAnswersAsTheToolShowsThem) {
     const Answer record = {{"@", 3}, {"fields", {0.5, 1}}};
     const struct {

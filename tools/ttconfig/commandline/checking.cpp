@@ -76,7 +76,8 @@ void addCheck(CLI::App& app, CommandLine& line) {
     app.footer(kCheckHelp);
     addDirectory(app, line.shared.directories);
     addPlatformData(app, line);
-    addFormat(app, line, {"text", "json", "sarif", "markdown"});
+    addFormat(app, line, {"text", "json", "sarif", "markdown"},
+              "How findings are written; markdown is for --explain alone");
     addTexts(app, "--disable", line.disabledRules, "RULE,...", "Leave out what these rules find").delimiter(',');
     addTexts(app, "--fatal", line.fatalRules, "RULE,...", "Make what these rules find errors").delimiter(',');
     addText(app, "--explain", line.explainedRule, "RULE",
@@ -95,7 +96,7 @@ void addDiff(CLI::App& app, CommandLine& line) {
     addPlatformData(app, line);
     addFormat(app, line, {"text", "json"});
     const auto take = [&line](const std::string& given) { line.platforms = numbersIn(given); };
-    app.add_option_function<std::string>("--platforms", take, "Compare for these platforms, not for all that are named")
+    app.add_option_function<std::string>("--platforms", take, "Compare what is asked with a platform, for these")
         ->type_name("ID,...")
         ->check(whyNoNumbers);
     addWord(app, "OLD", line, "FILE", "The settings as they were");

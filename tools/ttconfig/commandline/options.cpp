@@ -60,10 +60,9 @@ void addShared(CLI::App& app, CommandLine& line) {
     addText(app, "--log-file", line.shared.logFile, "FILE", "Write the library's log lines to this file");
 }
 
-void addFormat(CLI::App& app, CommandLine& line, const std::vector<std::string>& formats) {
+void addFormat(CLI::App& app, CommandLine& line, const std::vector<std::string>& formats, const std::string& meaning) {
     addChoice(
-        app, "--format", formats, [&line](const std::string& given) { line.format = kFormats.at(given); },
-        "How the answer is written");
+        app, "--format", formats, [&line](const std::string& given) { line.format = kFormats.at(given); }, meaning);
 }
 
 CLI::Option& addText(CLI::App& app, const std::string& name, std::optional<std::string>& text, const std::string& type,

@@ -24,7 +24,8 @@ void addPlatformData(CLI::App& app, CommandLine& line);
 void addShared(CLI::App& app, CommandLine& line);
 
 // The first of the formats is the one without the option.
-void addFormat(CLI::App& app, CommandLine& line, const std::vector<std::string>& formats);
+void addFormat(CLI::App& app, CommandLine& line, const std::vector<std::string>& formats,
+               const std::string& meaning = "How the answer is written");
 
 CLI::Option& addText(CLI::App& app, const std::string& name, std::optional<std::string>& text, const std::string& type,
                      const std::string& meaning);

@@ -25,6 +25,7 @@ class ChangeWriter {
 public:
     ChangeWriter(const CommandLine& commandLine, Output& writtenTo, Progress& shownProgress)
         : json(commandLine.format == Format::Json),
+          limited(commandLine.platforms.has_value()),
           colours(coloursFor(commandLine, writtenTo)),
           oldFile(commandLine.words.at(0)),
           newFile(commandLine.words.at(1)),
@@ -49,7 +50,7 @@ public:
     // Answers whether there was a change.
     bool end() {
         if (json) text += std::string(any ? "\n" : "") + "],\"same\":" + (any ? "false" : "true") + "}\n";
-        if (!json && !any) text = "no difference\n";
+        if (!json && !any) text = limited ? "no difference in what is asked with these platforms\n" : "no difference\n";
         flush();
         return any;
     }
@@ -69,6 +70,7 @@ private:
     }
 
     const bool json;
+    const bool limited;  // to what is asked with a platform
     const Colours colours;
     const std::string oldFile;
     const std::string newFile;

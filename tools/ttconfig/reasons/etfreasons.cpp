@@ -86,7 +86,7 @@ void suggestClient(const Question& question, const std::string& tag, std::string
 void suggestTag(const Question& question, const Wanted& wanted, Edits& edits) {
     edits.reaching("the platform that is asked for ETF data");
     suggestClient(question, wanted.text(), EtfClient(question).entry.times, edits);
-    edits.reaching("the times as well");
+    edits.reaching("the times");
     if (wanted.text().empty()) edits.removeLine(etfBrokerClient);
 }
 
@@ -100,7 +100,7 @@ void suggestTimes(const Question& question, const Wanted& wanted, Edits& edits) 
     pieces.written = [times](std::size_t number, std::string_view) { return times[number]; };
     const EtfClient client(question);
     if (client.isSet()) suggestPieces(*client.row, client.entry.times, pieces, edits);
-    edits.reaching("the tag as well");
+    edits.reaching("the tag");
     edits.setValue(etfBrokerClient, ":" + wholeValue(pieces));
     // A value without times may be the tag of those that are wanted.
     if (client.row != nullptr) edits.setValue(*client.row, std::string(client.row->value) + ":" + wholeValue(pieces));

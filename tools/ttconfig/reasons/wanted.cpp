@@ -144,6 +144,14 @@ bool Wanted::matches(const Answer& answer) const {
     return isShown(plain, read) || isShown(values, read);
 }
 
+bool Wanted::isPlainly(const Answer& answer) const {
+    if (!matches(answer)) return false;
+    if (value || !answer.is_array()) return true;
+    return std::none_of(answer.begin(), answer.end(), [](const Answer& item) {
+        return item.is_string() && item.get_ref<const std::string&>().find(',') != std::string::npos;
+    });
+}
+
 std::optional<bool> Wanted::flag() const {
     if (!value || !value->is_boolean()) return std::nullopt;
     return value->get<bool>();

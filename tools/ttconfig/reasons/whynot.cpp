@@ -40,7 +40,7 @@ bool makesIt(const Explainer& explainer, const std::string& call, const Argument
              const Edit& edit) {
     const SettingsFacts& facts = explainer.facts();
     const standin::SettingsText text(editedText(facts.text(), edit));
-    return wanted.matches(Explainer(text, facts.overrides, facts.settingsPath).explain(call, arguments).answer);
+    return wanted.isPlainly(Explainer(text, facts.overrides, facts.settingsPath).explain(call, arguments).answer);
 }
 
 std::vector<Edit> draftsFor(const Explainer& explainer, const std::string& call, const Arguments& arguments,
