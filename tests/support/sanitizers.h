@@ -29,4 +29,7 @@ namespace tests {
 
 inline constexpr bool kUnderSanitizer = TT_ADDRESS_SANITIZER != 0 || TT_THREAD_SANITIZER != 0;
 
+// Tests that try very many generated texts try one in so many: a sanitizer makes them ten times as long.
+inline constexpr unsigned kTriedOneIn = kUnderSanitizer ? 4 : 1;
+
 }  // namespace tests
