@@ -16,8 +16,8 @@ public:
     explicit Wanted(std::string text);
 
     bool matches(const Answer& answer) const;
-    // Whether it is the answer, and no item of a list holds the "," that lists written as text are taken apart at: "A,B"
-    // shows one name as well as two.
+    // Whether it is the answer, and no item of a list holds the "," that lists written as text are taken apart at:
+    // "A,B" shows one name as well as two.
     bool isPlainly(const Answer& answer) const;
 
     // It as a yes or no; none for anything else.
