@@ -202,13 +202,17 @@ TEST(FileFaults, AFileThatIsTruncatedWhileReadGivesWhatWasThere) {
         },
         [](const ConfigCollector& store) {
             const auto all = store.getAllpts();
-            // Where the end of the file was, a read may find NULs for a moment, line ends and names of keys among them:
-            // what is left of two lines is one then. No number comes from anywhere else.
+            // Where a file grows, a few reads of a million find NULs for a moment, be it in place of a line's end or of
+            // a key's name. What two lines are then read as is allowed, seldom; numbers of nowhere never are.
+            constexpr std::size_t kMostOdd = 3;
+            std::size_t odd = 0;
+            ASSERT_LE(all.size(), static_cast<std::size_t>(kKeys) + 1 + kMostOdd);
             for (const auto& [key, list] : all) {
-                ASSERT_LE(list.size(), static_cast<std::size_t>(kKeys) * 8) << key;
+                if (key.compare(0, 6, "switch") != 0 || list.size() > 8) ++odd;
                 for (const int id : list)
                     ASSERT_EQ(id, 7) << key;
             }
+            ASSERT_LE(odd, kMostOdd);
         });
 }
 
