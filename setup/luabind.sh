@@ -10,7 +10,7 @@ set -euo pipefail
 export LC_ALL=C
 
 # Raise this number when the way luabind is built changes: every machine then builds it anew.
-recipe=1
+recipe=2
 
 say() { printf 'setup: %s\n' "$*" >&2; }
 
@@ -55,6 +55,15 @@ fetchSource() {
     (cd "$folder" && apt-get "${options[@]}" source "$name")
 }
 
+# The flags of cmake/Hardening.cmake that the compiler takes: what is linked into the library is hardened as the library.
+hardening() {
+    local flag
+    for flag in -fstack-protector-strong -fstack-clash-protection -fcf-protection; do
+        ! g++ "$flag" -x c++ -fsyntax-only /dev/null 2>/dev/null || printf '%s ' "$flag"
+    done
+    printf -- '-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2'
+}
+
 # Compiles the sources in FOLDER and installs headers and library below PREFIX. Flags a caller keeps in the
 # environment for his own builds have no business here.
 compile() {
@@ -62,7 +71,7 @@ compile() {
     unset CC CXX CFLAGS CXXFLAGS CPPFLAGS LDFLAGS CMAKE_GENERATOR CMAKE_BUILD_TYPE DESTDIR
     cmake -S "$source" -B "$build" -G Ninja -Wno-dev -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_C_COMPILER=gcc -DCMAKE_CXX_COMPILER=g++ \
-        -DCMAKE_CXX_FLAGS="-w -fvisibility=hidden -fvisibility-inlines-hidden" \
+        -DCMAKE_CXX_FLAGS="-w -fvisibility=hidden -fvisibility-inlines-hidden $(hardening)" \
         -DCMAKE_POSITION_INDEPENDENT_CODE=ON -DCMAKE_INSTALL_PREFIX="$prefix" -DCMAKE_INSTALL_LIBDIR=lib \
         -DLUABIND_LUA_VERSION=51 -DLUABIND_USE_CXX11=ON -DLUABIND_ENABLE_WARNINGS=OFF \
         -DBoost_NO_BOOST_CMAKE=ON -DBUILD_TESTING=OFF

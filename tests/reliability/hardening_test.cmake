@@ -1,5 +1,6 @@
-# cmake -DREADELF=readelf -DCOMMANDS=compile_commands.json -DFLAGS=a,b -DLIBRARIES=a,b -DPROGRAMS=a,b -P hardening_test.cmake
-# The hardening flags reached every source, and what was linked shows them.
+# cmake -DREADELF=readelf -DCOMMANDS=compile_commands.json -DFLAGS=a,b -DEXPECTED=a,b -DARCHIVES=a,b -DLIBRARIES=a,b
+#       -DPROGRAMS=a,b -P hardening_test.cmake
+# The flags that are expected here were found to be taken, they reached every source, and what was linked shows them.
 
 cmake_minimum_required(VERSION 3.25)
 
@@ -13,6 +14,12 @@ endmacro()
 
 file(READ "${COMMANDS}" commands)
 string(REPLACE "," ";" FLAGS "${FLAGS}")
+string(REPLACE "," ";" EXPECTED "${EXPECTED}")
+foreach(flag IN LISTS EXPECTED)
+    if(NOT flag IN_LIST FLAGS)
+        require_that(FALSE "${flag} among the flags that the compiler takes")
+    endif()
+endforeach()
 string(JSON count LENGTH "${commands}")
 set(checked 0)
 math(EXPR last "${count} - 1")
@@ -63,6 +70,15 @@ function(look_at binary is_program)
     list(LENGTH problems number)
     set(problem_count ${number} PARENT_SCOPE)
 endfunction()
+
+# What others built and we link in.
+string(REPLACE "," ";" ARCHIVES "${ARCHIVES}")
+foreach(archive IN LISTS ARCHIVES)
+    execute_process(COMMAND "${READELF}" -sW "${archive}" OUTPUT_VARIABLE text RESULT_VARIABLE status)
+    if(NOT status EQUAL 0 OR NOT text MATCHES "__stack_chk_fail")
+        require_that(FALSE "stack guards in ${archive}")
+    endif()
+endforeach()
 
 foreach(kind LIBRARIES PROGRAMS)
     string(REPLACE "," ";" binaries "${${kind}}")
