@@ -134,6 +134,18 @@ TEST(LooseNumbers, ReadAsTheCLibraryReads) {
     EXPECT_TRUE(std::isnan(looseDouble("nan")));
 }
 
+TEST(LooseNumbers, KeepTheLowHalfOfWhatIsTooLarge) {
+    EXPECT_EQ(looseInt("2147483647"), 2147483647);
+    EXPECT_EQ(looseInt("2147483648"), -2147483647 - 1);
+    EXPECT_EQ(looseInt("3000000000"), -1294967296);
+    EXPECT_EQ(looseInt("4294967297"), 1);
+    EXPECT_EQ(looseInt("-4294967297"), -1);
+    EXPECT_EQ(looseInt("99999999999999999999"), -1);
+    EXPECT_EQ(looseInt("-99999999999999999999"), 0);
+    EXPECT_EQ(looseLong("99999999999999999999"), std::numeric_limits<long long>::max());
+    EXPECT_EQ(looseLong("-99999999999999999999"), std::numeric_limits<long long>::min());
+}
+
 TEST(LooseNumbers, AgreeWithTheCLibraryOnGeneratedTexts) {
     std::mt19937 random(20240104);
     for (int i = 0; i < 200000; ++i) {

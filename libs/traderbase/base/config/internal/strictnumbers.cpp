@@ -126,13 +126,14 @@ std::optional<double> strictDouble(std::string_view text) {
     return minus ? -taken.value : taken.value;
 }
 
-// The C functions want an end mark. They take neither digits nor signs from the locale.
-int looseInt(std::string_view text) {
-    return std::atoi(std::string(text).c_str());  // NOLINT(cert-err34-c): 0 for no number is what is wanted
+// The C function wants an end mark. It takes neither digits nor signs from the locale, and unlike atoi and atoll it says
+// what becomes of a number that is too large.
+long long looseLong(std::string_view text) {
+    return std::strtoll(std::string(text).c_str(), nullptr, 10);
 }
 
-long long looseLong(std::string_view text) {
-    return std::atoll(std::string(text).c_str());  // NOLINT(cert-err34-c): 0 for no number is what is wanted
+int looseInt(std::string_view text) {
+    return static_cast<int>(looseLong(text));
 }
 
 // atof would take the decimal sign from the locale, so its grammar is kept here: blanks, a sign, and then a decimal or

@@ -41,7 +41,9 @@ inline std::optional<double> strictValue<double>(std::string_view text) {
     return strictDouble(text);
 }
 
-// As C atoi, atoll and atof read a text: leading blanks skipped, the longest number taken, 0 where there is none.
+// As C atoi, atoll and atof read a text: leading blanks skipped, the longest number taken, 0 where there is none. Those
+// leave open what a number that is too large comes to; here it is the nearest of 64 bits on every system, and of that
+// looseInt keeps the low 32, so that "4294967297" is 1 and "3000000000" is negative.
 int looseInt(std::string_view text);
 long long looseLong(std::string_view text);
 double looseDouble(std::string_view text);
