@@ -63,6 +63,53 @@ TEST(ToolFaults, DoesNotWaitForANamedPipeWithoutAWriter) {
     expectRefused(folder.path("pipe"), "is not a regular file");
 }
 
+// Neither the scripts, by whatever way they are named, nor the log.
+TEST(ToolFaults, WaitsForNoOtherPipeEither) {
+    const TempFolder folder;
+    fs::create_directories(folder.path("bin"));
+    fs::create_directories(folder.path("luaScripts"));
+    for (const char* name : {"bin/pipe", "luaScripts/MarketTime.lua"})
+        ASSERT_EQ(mkfifo(folder.path(name).c_str(), 0600), 0);
+    const std::string tool = "cd '" + folder.path("bin") + "' && exec timeout 60 \"$TTCONFIG\" ";
+
+    expectOneMessage(runShell(tool + "session --log-file pipe"), kInput,
+                     "--log-file pipe: is a pipe that nobody reads");
+    for (const char* refused :
+         {"check pipe", "diff pipe pipe", "test pipe --settings '" TT_SOURCE_DIR "/samples/settings.ini'",
+          "summary --platform pipe", "sessions --script pipe", "algos --script pipe", "script check pipe",
+          "sessions"}) {
+        SCOPED_TRACE(refused);
+        expectOneMessage(runShell(tool + refused), kInput, "regular file");
+    }
+    for (const char* answered : {"summary", "ask initMarketTradingTime", "ask initMarketTradingTime pipe",
+                                 "ask AlgorithmParamConfig.initAlgoParams pipe"}) {
+        SCOPED_TRACE(answered);
+        EXPECT_EQ(runShell(tool + answered).exitCode, 0);
+    }
+    const std::string requests =
+        "{\"call\":\"LuaConfig.init\",\"args\":[1,\"pipe\"]}\n"
+        "{\"call\":\"AlgorithmParamConfig.initAlgoParams\",\"args\":[\"pipe\"]}\n"
+        "{\"call\":\"readConfig\",\"args\":[\"pipe\"]}\n"
+        "{\"call\":\"getFlowHistoryDays\",\"args\":[]}\n";
+    const ToolRun session = runShell(tool + "session", requests);
+    EXPECT_EQ(session.exitCode, 0) << session.err;
+    EXPECT_EQ(std::count(session.out.begin(), session.out.end(), '\n'), 4) << session.out;
+}
+
+// The log goes to a pipe as to a file when somebody reads it.
+TEST(ToolFaults, LogsIntoAPipeThatIsRead) {
+    const TempFolder folder;
+    ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
+    // The tool is refused until "cat" has opened the pipe.
+    const std::string script =
+        "cat pipe >copy & until \"$TTCONFIG\" ask setUseOrderIdFunction true --log-file pipe; do :; done; wait; cat "
+        "copy";
+    const ToolRun run = runShell("cd '" + folder.path("") + "' && export script='" + script +
+                                 "' && exec timeout 60 sh -c \"$script\" 2>/dev/null");
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_THAT(run.out, HasSubstr("setUseOrderIdFunction"));
+}
+
 TEST(ToolFaults, RefusesAFileThatItMayNotRead) {
     // Root may read everything.
     const std::string other = getuid() == 0 ? "setpriv --reuid 65534 --regid 65534 --clear-groups " : "";

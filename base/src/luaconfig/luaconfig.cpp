@@ -7,7 +7,9 @@
 
 #include <array>
 #include <charconv>
+#include <filesystem>
 #include <new>
+#include <system_error>
 #include <utility>
 
 #include <boost/thread/lock_guard.hpp>
@@ -69,12 +71,31 @@ void reportError(lua_State* lua, const LogPlace& place) noexcept {
     lua_pop(lua, 1);
 }
 
-// Opens the libraries and loads the file. Argument: the path.
+// Pipes and devices: opening or reading them may wait for ever. What is missing and what is a directory is no such
+// thing, and the interpreter has its own words for both.
+bool mayKeepWaiting(const std::string& path) {
+    namespace fs = std::filesystem;
+    try {
+        std::error_code ignored;
+        const fs::file_status status = fs::status(path.c_str(), ignored);
+        return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
+    } catch (const std::system_error&) {  // a text that the system cannot make a path of opens nothing
+        return false;
+    }
+}
+
+struct ScriptFile {
+    const char* path;
+    bool keepsWaiting;
+};
+
+// Opens the libraries and loads the file. Argument: the file.
 int loadScript(lua_State* lua) {
-    const char* const path = static_cast<const char*>(lua_touserdata(lua, 1));
+    const ScriptFile& file = *static_cast<const ScriptFile*>(lua_touserdata(lua, 1));
     luaL_openlibs(lua);
+    if (file.keepsWaiting) return luaL_error(lua, "cannot open %s: not a regular file", file.path);
     lua_pushlightuserdata(lua, const_cast<char*>(&kLoadedScript));
-    if (luaL_loadfile(lua, path) != 0) return lua_error(lua);
+    if (luaL_loadfile(lua, file.path) != 0) return lua_error(lua);
     lua_rawset(lua, LUA_REGISTRYINDEX);
     return 0;
 }
@@ -151,7 +172,8 @@ void LuaConfig::init(std::string path) {
         writeError(kInitPlace, "not enough memory");
         return;
     }
-    if (lua_cpcall(lua, &loadScript, path.data()) != 0) return reportError(lua, kInitPlace);
+    ScriptFile file{path.c_str(), mayKeepWaiting(path)};
+    if (lua_cpcall(lua, &loadScript, &file) != 0) return reportError(lua, kInitPlace);
     pushLoadedScript(lua);
     if (lua_pcall(lua, 0, LUA_MULTRET, 0) != 0) return reportError(lua, kInitPlace);
     if (lua_cpcall(lua, &registerHostFunctions, nullptr) != 0) reportError(lua, kInitPlace);

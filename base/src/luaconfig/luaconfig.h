@@ -21,7 +21,8 @@ TRADERBASE_API void printLog(std::string message);
 //
 // Whatever a script gets wrong is one line at ERROR level, Lua's own message, and an empty answer; nothing is thrown
 // but std::bad_alloc, when there is no memory for an answer.
-// A script that runs for ever is waited for, and one that ends the process by os.exit ends it.
+// Scripts are trusted: one that runs for ever is waited for, and one that ends the process by os.exit, or by a string
+// pattern of many thousand items, for which the interpreter takes the stack of the process, ends it.
 class LuaConfig {
 public:
     // Both stay inline: whoever owns an instance brings the interpreter's library along.
@@ -35,7 +36,8 @@ public:
     // Starts an interpreter with the standard libraries, loads the file and runs it once; what the script returns stays
     // on the interpreter's stack. printLog is there only after that, and only when the script ran to its end: its
     // functions may use it, its top level may not. After a failure the interpreter stays, with what the script had
-    // defined by then. Every call starts an interpreter anew and gives up the one before, unclosed: call it once.
+    // defined by then. A pipe or a device is not opened, since it may never end. Every call starts an interpreter anew
+    // and gives up the one before, unclosed: call it once.
     TRADERBASE_API void init(std::string path);
 
     // Calls the script's global function, without or with one argument, and answers the text that it gives, up to a NUL

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <log4cxx/logger.h>
+#include <sys/stat.h>
 
 #include <cerrno>
 #include <cstring>
@@ -234,6 +235,21 @@ TEST(LuaConfig, LogsAScriptThatCannotBeRead) {
     ASSERT_EQ(log.lines().size(), 1U);
     EXPECT_THAT(log.messages()[0], HasSubstr("cannot read"));
     EXPECT_EQ(LuaConfigPeer::results(config), 0);
+}
+
+// Nobody ever writes to this pipe, and the device never ends.
+TEST(LuaConfig, DoesNotWaitForPipesAndDevices) {
+    const tests::TempFolder folder;
+    ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
+    for (const std::string& path : {folder.path("pipe"), std::string("/dev/zero")}) {
+        const LogCapture log;
+        LuaConfig config;
+        config.init(path);
+        expectOneLine(log, "init", "cannot open " + path + ": not a regular file");
+        EXPECT_EQ(LuaConfigPeer::results(config), 0);
+        EXPECT_EQ(config.getConfig("tostring", "the libraries are there"), "the libraries are there");
+        EXPECT_EQ(config.getConfig("getMarkets"), "");
+    }
 }
 
 TEST(LuaConfig, LogsAScriptWithASyntaxError) {

@@ -122,6 +122,8 @@ TEST(LogFileOption, IsNeverAFileThatIsRead) {
         {"session", "--settings", settings, "--log-file", folder.path("link")},
         {"session", "-C", folder.path(""), "--platform", "p.json", "--log-file", platform},
         {"algos", "--script", script, "--log-file", script},
+        {"ask", "initMarketTradingTime", script, "--log-file", script},
+        {"ask", "-C", folder.path(""), "readConfig", settings, "--log-file", "link"},
     };
     for (const auto& call : calls) {
         const ToolRun run = runTool(call);

@@ -50,7 +50,7 @@ int runSessionOnInput(const CommandLine& commandLine, Output& output) {
 }
 
 int runAskWhenLoaded(const CommandLine& commandLine, Output& output) {
-    carryOut(commandLine.shared);
+    carryOut(commandLine.shared, commandLine.words);
     return runAsk(commandLine, output);
 }
 
