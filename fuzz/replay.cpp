@@ -2,6 +2,9 @@
 //
 //   fuzz_NAME_replay MAX_LEN CORPUS...
 //
+// A corpus is a folder, or those files of a folder that have an ending: FOLDER/*.ENDING. A target can say of what its
+// seeds must be enough; it is asked between seeds and mutations.
+//
 // Prints nothing when all is well. When an input ends the program, it is left in the current folder.
 
 #include <algorithm>
@@ -20,6 +23,13 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 // Only where a sanitizer is linked.
 extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
+
+namespace fuzz {
+
+// Only where the target has it: whether the seeds replayed so far are enough; says what they lack.
+__attribute__((weak)) bool seedsSuffice();
+
+}  // namespace fuzz
 
 namespace {
 
@@ -69,10 +79,12 @@ void replay(const std::string& name, const std::string& bytes) {
     LLVMFuzzerTestOneInput(copy.get(), bytes.size());
 }
 
-std::vector<std::filesystem::path> filesOf(const std::string& folder) {
+std::vector<std::filesystem::path> filesOf(const std::filesystem::path& corpus) {
+    const bool hasPattern = corpus.stem() == "*";
     std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        if (entry.is_regular_file()) files.push_back(entry.path());
+    for (const auto& entry : std::filesystem::directory_iterator(hasPattern ? corpus.parent_path() : corpus)) {
+        const bool isWanted = !hasPattern || entry.path().extension() == corpus.extension();
+        if (isWanted && entry.is_regular_file()) files.push_back(entry.path());
     }
     std::sort(files.begin(), files.end());
     return files;
@@ -138,8 +150,8 @@ int main(int count, char** words) {
     current();
     catchEnds();
     std::vector<std::string> seeds;
-    for (int folder = 2; folder < count; ++folder) {
-        for (const std::filesystem::path& file : filesOf(words[folder])) {
+    for (int corpus = 2; corpus < count; ++corpus) {
+        for (const std::filesystem::path& file : filesOf(words[corpus])) {
             seeds.push_back(bytesOf(file));
             replay(file.string(), seeds.back());
         }
@@ -148,6 +160,7 @@ int main(int count, char** words) {
         std::fprintf(stderr, "there is nothing to replay\n");
         return 1;
     }
+    if (&fuzz::seedsSuffice != nullptr && !fuzz::seedsSuffice()) return 1;
     Mutator mutator(seeds);
     const std::size_t longest = std::strtoul(words[1], nullptr, 10);
     for (int i = 0; i < kMutations; ++i)

@@ -26,6 +26,12 @@ public:
     // Writes a file, seen from the client's own folder, and answers its path.
     std::string write(const std::string& name, std::string_view bytes) const { return folder.write(name, bytes); }
 
+    // Copies a file into a folder of it, or what is in a folder.
+    void copy(const std::string& from, const std::string& to) const {
+        std::filesystem::create_directories(folder.path(to));
+        std::filesystem::copy(from, folder.path(to), std::filesystem::copy_options::recursive);
+    }
+
 private:
     tests::TempFolder folder;
     std::filesystem::path before = std::filesystem::current_path();

@@ -6,9 +6,7 @@
 #include <standin/platformdatafile.h>
 
 #include <algorithm>
-#include <fstream>
 #include <nlohmann/json.hpp>
-#include <sstream>
 #include <string>
 
 #include "fuzz/scratchfolder.h"
@@ -20,23 +18,61 @@ namespace {
 using fuzz::require;
 using Json = nlohmann::json;
 
-std::string sample(const std::string& name) {
-    std::ostringstream bytes;
-    bytes << std::ifstream(TT_SOURCE_DIR "/samples/" + name, std::ios::binary).rdbuf();
-    return bytes.str();
-}
-
-// A client's folder with the samples in it, entered once.
+// A client's folder, entered once: the samples, and the files that the golden sessions ask for.
 void enterFolder() {
     static const fuzz::ScratchFolder folder;
     static const bool isFilled = [] {
-        folder.write("bin/settings.ini", sample("settings.ini"));
-        folder.write("bin/MarketTime.lua", sample("luaScripts/MarketTime.lua"));
-        folder.write("bin/AlgoParams.lua", sample("luaScripts/AlgoParams.lua"));
+        constexpr const char* kSamples = TT_SOURCE_DIR "/samples/";
+        constexpr const char* kSessions = TT_SOURCE_DIR "/tests/tools/ttconfig/sessions/";
+        folder.copy(kSessions + std::string("settings"), "bin");
+        folder.copy(kSessions + std::string("luaScripts"), "luaScripts");
+        folder.copy(kSamples + std::string("settings.ini"), "bin");
+        folder.copy(kSamples + std::string("luaScripts"), "bin");
         std::string error;
-        return standin::installPlatformFile(TT_SOURCE_DIR "/samples/platform.json", error);
+        return standin::installPlatformFile(kSamples + std::string("platform.json"), error);
     }();
     require(isFilled, "the sample platform loads");
+}
+
+// Where a text that is no JSON stops being it because of a number that no double can hold.
+struct WideNumber : nlohmann::json_sax<Json> {
+    std::size_t end = 0;
+    std::string digits;
+
+    bool null() override { return true; }
+    bool boolean(bool /*value*/) override { return true; }
+    bool number_integer(number_integer_t /*value*/) override { return true; }
+    bool number_unsigned(number_unsigned_t /*value*/) override { return true; }
+    bool number_float(number_float_t /*value*/, const string_t& /*text*/) override { return true; }
+    bool string(string_t& /*value*/) override { return true; }
+    bool binary(binary_t& /*value*/) override { return true; }
+    bool start_object(std::size_t /*size*/) override { return true; }
+    bool key(string_t& /*value*/) override { return true; }
+    bool end_object() override { return true; }
+    bool start_array(std::size_t /*size*/) override { return true; }
+    bool end_array() override { return true; }
+    bool parse_error(std::size_t position, const std::string& token, const Json::exception& trouble) override {
+        constexpr int kNumberOverflow = 406;
+        if (trouble.id == kNumberOverflow) {
+            end = position;
+            digits = token;
+        }
+        return false;
+    }
+};
+
+// The request that a line is, with null for each number that no double can hold; discarded where the line is no JSON.
+Json readRequest(std::string_view line) {
+    // The JSON library takes a NUL for the end of the text; the session does not.
+    if (line.find('\0') != std::string_view::npos) return Json(Json::value_t::discarded);
+    std::string text(line);
+    for (;;) {
+        WideNumber wide;
+        if (Json::sax_parse(text, &wide) || wide.end == 0) return Json::parse(text, nullptr, false);
+        const std::size_t begin = wide.end - wide.digits.size();
+        require(text.compare(begin, wide.digits.size(), wide.digits) == 0, "a wide number is where it is said", line);
+        text.replace(begin, wide.digits.size(), "null");
+    }
 }
 
 void checkAnswer(const std::string& answer, std::string_view line) {
@@ -49,17 +85,12 @@ void checkAnswer(const std::string& answer, std::string_view line) {
             "an error says what was wrong", answer);
     require(object.size() == 1U + object.count("id"), "an answer has no other members", answer);
 
-    // The JSON library takes a NUL for the end of the text; the session does not.
-    const bool hasNul = line.find('\0') != std::string_view::npos;
-    const Json request = hasNul ? Json(Json::value_t::discarded) : Json::parse(line, nullptr, false);
-    // The parser takes a NUL for the end of the line; the session refuses it.
-    if (request.is_discarded() || line.find('\0') != std::string_view::npos) {
-        // A number that no double can hold is the one thing that the session puts up with.
-        require(!isOk || line.find_first_of("0123456789") != std::string_view::npos, "what is no JSON is refused",
-                line);
+    const Json request = readRequest(line);
+    if (request.is_discarded()) {
+        require(!isOk && object.count("id") == 0, "what is no JSON is refused", line);
     } else if (!request.is_object()) {
         require(!isOk && object.count("id") == 0, "what is no request is refused", line);
-    } else if (!isOk || object.contains("id")) {
+    } else {
         const bool isTold = object.contains("id");
         require(!isTold || object["id"] == request["id"], "the id is echoed", line);
         require(isTold || !request.contains("id") || answer.find("nested deeper") != std::string::npos,

@@ -2,6 +2,8 @@
 
 #include "fuzz/sessioncalls.h"
 
+#include <filesystem>
+#include <map>
 #include <set>
 #include <string>
 #include <utility>
@@ -25,6 +27,13 @@ bool takesPath(const std::string& name) {
     return kNames.count(name) > 0 || name.rfind("AlgorithmParamConfig.read", 0) == 0;
 }
 
+// Whether a path, seen from the client's own folder, stays in the folder around it. There are no links in there.
+bool staysInside(const std::string& text) {
+    // No file system looks behind a NUL.
+    const std::filesystem::path path = (std::filesystem::path("bin") / text.c_str()).lexically_normal();
+    return path.is_relative() && *path.begin() != "..";
+}
+
 bool isOwnFunction(const std::string& function) {
     static const std::set<std::string> kNames = {"dofile", "loadfile", "module", "print", "require"};
     return kNames.count(function) == 0;
@@ -38,16 +47,22 @@ struct Initialised {
 
 void refuseSecondInit(CallState& state, const std::string& name, const Arguments& arguments) {
     if (name != "LuaConfig.init") return;
-    if (!state.part<Initialised>().handles.insert(arguments.at(0).get<int>()).second) throw CallRefused("once only");
+    if (state.part<Initialised>().handles.count(arguments.at(0).get<int>()) > 0) throw CallRefused("once only");
 }
 
 void refuseOutside(const std::string& name, const Arguments& arguments) {
     for (const auto& argument : arguments) {
         if (!argument.is_string()) continue;
         const auto& text = argument.get_ref<const std::string&>();
-        if (takesPath(name) && text.find('/') != std::string::npos) throw CallRefused("not in this folder");
+        if (takesPath(name) && !staysInside(text)) throw CallRefused("not in this folder");
         if (name == "LuaConfig.getConfig" && !isOwnFunction(text)) throw CallRefused("not a function of the script");
     }
+}
+
+// Whether each row of the table was carried out, by its name and what it takes.
+std::map<std::string, bool>& carriedOut() {
+    static std::map<std::string, bool> rows;
+    return rows;
 }
 
 }  // namespace
@@ -57,10 +72,14 @@ const CallTable& sessionCalls() {
         CallTable rows;
         for (const auto& [name, overloads] : ttconfig::callTable().rows()) {
             for (Call call : overloads) {
-                call.run = [name = name, run = call.run](CallState& state, const Arguments& arguments) {
+                bool& done = carriedOut()[name + call.signature()];
+                call.run = [name = name, run = call.run, &done](CallState& state, const Arguments& arguments) {
                     refuseOutside(name, arguments);
                     refuseSecondInit(state, name, arguments);
-                    return run(state, arguments);
+                    ttconfig::Answer answer = run(state, arguments);
+                    done = true;
+                    if (name == "LuaConfig.init") state.part<Initialised>().handles.insert(arguments.at(0).get<int>());
+                    return answer;
                 };
                 rows.add(name, std::move(call));
             }
@@ -68,6 +87,15 @@ const CallTable& sessionCalls() {
         return rows;
     }();
     return table;
+}
+
+std::vector<std::string> neverCarriedOut() {
+    sessionCalls();
+    std::vector<std::string> rows;
+    for (const auto& [row, isDone] : carriedOut()) {
+        if (!isDone) rows.push_back(row);
+    }
+    return rows;
 }
 
 void startAnew() {

@@ -16,6 +16,10 @@ namespace fuzz {
 // Runs one input; whatever does not hold ends the program.
 void runInput(std::string_view input);
 
+// A target may define it: whether the seeds that were run before are enough. Says on the standard error stream what
+// they lack. Asked by replay.cpp.
+bool seedsSuffice();
+
 // Ends the program with one line unless the condition holds.
 inline void require(bool holds, const char* rule, std::string_view about = {}) {
     if (holds) return;

@@ -33,10 +33,12 @@ Argument parseRequest(std::string_view line) {
     // The parser would take it for the end of the line and never look behind it.
     if (line.find('\0') != std::string_view::npos) throw CallRefused("not JSON: a NUL byte");
     try {
-        return Argument::parse(line);
-    } catch (const Argument::out_of_range&) {
-        // A number that no double can hold is no value of any argument, but no reason to lose the request's id.
-        return Argument::parse(withoutWideNumbers(line));
+        try {
+            return Argument::parse(line);
+        } catch (const Argument::out_of_range&) {
+            // A number that no double can hold is no value of any argument, but no reason to lose the request's id.
+            return Argument::parse(withoutWideNumbers(line));
+        }
     } catch (const Argument::exception& trouble) {
         throw CallRefused(parseTrouble(trouble));
     }

@@ -53,6 +53,8 @@ std::string_view nearestName(std::string_view misspelt, const std::vector<std::s
     std::size_t best = mostSlips + 1;
     std::string_view nearest;
     for (const std::string_view name : names) {
+        // Each letter too many or too few is a slip of its own.
+        if (std::max(name.size(), misspelt.size()) - std::min(name.size(), misspelt.size()) >= best) continue;
         const std::size_t found = distance(misspelt, name);
         if (found < best) {
             best = found;

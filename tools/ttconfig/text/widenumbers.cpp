@@ -1,9 +1,11 @@
 // Wide numbers: makes a JSON text readable that holds numbers beyond every double.
 // Doors: withoutWideNumbers().
 // Owns: nothing.
-// Covered by tests/tools/ttconfig/text_test.cpp.
+// Covered by tests/tools/ttconfig/session_test.cpp.
 
 #include "ttconfig/text/widenumbers.h"
+
+#include <algorithm>
 
 #include "traderbase/base/config/internal/strictnumbers.h"
 
@@ -11,7 +13,8 @@ namespace ttconfig {
 
 namespace {
 
-constexpr std::string_view kNumberCharacters = "+-.0123456789eE";
+constexpr std::string_view kNull = "null";
+constexpr std::string_view kDigits = "0123456789";
 
 // The text in quotes that starts here, its closing quote included.
 std::string_view quotedFrom(std::string_view text) {
@@ -25,6 +28,33 @@ std::string_view quotedFrom(std::string_view text) {
     return text;
 }
 
+// The digits that start there.
+std::string_view digitsFrom(std::string_view text, std::size_t start) {
+    const std::string_view rest = text.substr(std::min(start, text.size()));
+    return rest.substr(0, rest.find_first_not_of(kDigits));
+}
+
+// The number that starts here, as long as JSON's grammar has it: what stands behind it is no part of it. Of a "-"
+// without a number that "-" alone.
+std::string_view numberFrom(std::string_view text) {
+    std::size_t end = text[0] == '-' ? 1 : 0;
+    const std::string_view whole = digitsFrom(text, end);
+    if (whole.empty()) return text.substr(0, 1);
+    end += whole[0] == '0' ? 1 : whole.size();
+    if (text.substr(end, 1) == ".") {
+        const std::string_view fraction = digitsFrom(text, end + 1);
+        if (fraction.empty()) return text.substr(0, end);
+        end += 1 + fraction.size();
+    }
+    if (text.substr(end, 1) == "e" || text.substr(end, 1) == "E") {
+        const std::string_view sign = text.substr(end + 1, 1);
+        const std::size_t start = end + (sign == "+" || sign == "-" ? 2 : 1);
+        const std::string_view exponent = digitsFrom(text, start);
+        if (!exponent.empty()) end = start + exponent.size();
+    }
+    return text.substr(0, end);
+}
+
 }  // namespace
 
 std::string withoutWideNumbers(std::string_view text) {
@@ -33,9 +63,11 @@ std::string withoutWideNumbers(std::string_view text) {
         std::string_view token = text.substr(0, 1);
         const bool mayBeNumber = token[0] == '-' || (token[0] >= '0' && token[0] <= '9');
         if (token[0] == '"') token = quotedFrom(text);
-        if (mayBeNumber) token = text.substr(0, text.find_first_not_of(kNumberCharacters));
-        const bool isWide = mayBeNumber && !ttservice::internal::strictDouble(token);
-        result.append(isWide ? "null" : token);
+        if (mayBeNumber) token = numberFrom(text);
+        const bool isWide = mayBeNumber && token != "-" && !ttservice::internal::strictDouble(token);
+        result.append(isWide ? kNull : token);
+        // A wide number takes more bytes than "null": what stands behind it keeps its column.
+        if (isWide) result.append(std::max(token.size(), kNull.size()) - kNull.size(), ' ');
         text.remove_prefix(token.size());
     }
     return result;
