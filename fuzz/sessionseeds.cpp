@@ -64,9 +64,9 @@ std::string objection(const std::string& line, std::set<std::string>& names) {
     const Json value = Json::parse(*word, nullptr, false);
     if (value.is_string()) names.insert(value.get<std::string>());
     if (!value.is_object() || !value.contains("call")) return {};
-    const auto name = value["call"].get<std::string>();
-    names.insert(name);
     try {
+        const auto name = value["call"].get<std::string>();
+        names.insert(name);
         ttconfig::CallState state;
         ttconfig::callTable().requireArguments(state, name, value.value("args", ttconfig::Arguments()));
     } catch (const std::exception& refused) {
