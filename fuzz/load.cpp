@@ -1,43 +1,62 @@
-// readConfig() of any bytes, then every query of the store: the answers that can be worked out slowly are compared, the
-// others have to be among those that may be. Then a second load, of nothing.
+// readConfig() of any bytes, then every query of the store, whose answers are held against those of a slow store. An
+// input is one settings file, or two with the line "%%" between them: the second load goes over the first. At last
+// comes a load of nothing.
 
 #include <standin/platformdatafile.h>
 
-#include <map>
 #include <string>
 #include <vector>
 
 #include "fuzz/loadquestions.h"
 #include "fuzz/scratchfolder.h"
 #include "fuzz/target.h"
-#include "tests/support/slowgrammars.h"
+#include "standin/settingstext.h"
 #include "traderbase/base/config/internal/platformswitchtable.h"
 #include "traderbase/base/config/internal/storeslot.h"
 
 namespace {
 
 using fuzz::require;
-using standin::SettingsText;
 using ttservice::ConfigCollector;
 using ttservice::internal::StoreSlot;
 
-using Lists = std::map<std::string, std::vector<int>>;
+constexpr std::string_view kNextFile = "\n%%\n";
 
-Lists slowLists(const SettingsText& text) {
-    Lists lists;
-    if (const standin::SettingsSection* setting = text.findSection("setting")) {
-        for (const standin::SettingsEntry& entry : setting->entries) {
-            if (entry.repeated) continue;
-            lists[std::string(entry.key)] = tests::slowPlatformList(std::string(entry.value)).ids;
-        }
+// The files of an input, one or two.
+std::vector<std::string_view> filesOf(std::string_view input) {
+    const std::size_t end = input.find(kNextFile);
+    if (end == std::string_view::npos) return {input};
+    return {input.substr(0, end + 1), input.substr(end + kNextFile.size())};
+}
+
+// What the input names, and one instrument of every category of the sample platform.
+fuzz::Named namesOf(std::string_view input) {
+    fuzz::Named named = fuzz::namedIn(standin::SettingsText(std::string(input)));
+    for (const char* code : {"688001", "689001", "511801", "510050", "501001", "508001", "155001", "110801", "204001",
+                             "203001", "202001", "732001", "783001", "600950", "600960"}) {
+        named.instruments.emplace_back("SH", code);
     }
-    return lists;
+    for (const auto& [market, code] :
+         {std::pair("SHO", "10007001"), std::pair("NEEQ", "400001"), std::pair("sgt", "00981"),
+          std::pair("SZSEHKEX", "STOCK"), std::pair("HK", "TRANSFER"), std::pair("SH", "stock")}) {
+        named.instruments.emplace_back(market, code);
+    }
+    return named;
 }
 
 boost::shared_ptr<ConfigCollector> newStore() {
     boost::shared_ptr<ConfigCollector> store = StoreSlot::build();
     StoreSlot::exchange(store);
     return store;
+}
+
+void load(const fuzz::Asked& asked, const std::string& path, std::string_view bytes) {
+    asked.store.readConfig(path);
+    asked.slow.load(std::string(bytes));
+    std::string kept;
+    asked.store.getOriginalStr(kept);
+    require(kept == path, "the path is kept");
+    askEverything(asked);
 }
 
 void checkOverrides(ConfigCollector& store) {
@@ -49,22 +68,19 @@ void checkOverrides(ConfigCollector& store) {
     store.setUseLocalConfig({});
 }
 
-void loadNothing(ConfigCollector& store, const Lists& lists) {
-    const auto fixedIncome = store.getSHFixIncomeLimit(static_cast<EBondTradeType>(2));
-    store.readConfig("missing.ini");
-    require(store.getAllpts() == lists, "switches that a file lacks keep their lists");
-    require(store.getSHFixIncomeLimit(static_cast<EBondTradeType>(2)) == fixedIncome, "fixed-income limits stay");
+// What nothing but the defaults makes, said once more without the slow store.
+void checkDefaults(ConfigCollector& store) {
     require(store.getFlowHistoryDays() == -1 && store.getRefLimit() == 0, "missing values are the defaults");
     require(store.getCounterMaxCompactsRespNum(12) == 500, "values by platform are emptied");
     require(store.getAlgoTypes().empty() && store.getT0Strategy().empty(), "lists of names are replaced whole");
     require(!store.isHttpProductID("P1"), "so are those of products");
+    require(store.getOrderLimit("SZ", "000001", BROKER_PRICE_INVALID).first == 1000000, "so are limits");
 }
 
 }  // namespace
 
 void fuzz::runInput(std::string_view input) {
     static const ScratchFolder folder;
-    static const std::string settings = folder.write("settings.ini", "");
     static const bool hasPlatform = [] {
         std::string error;
         return standin::installPlatformFile(TT_SOURCE_DIR "/samples/platform.json", error);
@@ -72,21 +88,17 @@ void fuzz::runInput(std::string_view input) {
     require(hasPlatform, "the sample platform loads");
     const SilentErrors silent;
 
-    folder.write("settings.ini", input);
-    const SettingsText text{std::string(input)};
-    const Lists lists = slowLists(text);
     const boost::shared_ptr<ConfigCollector> store = newStore();
-    store->readConfig(settings);
-    std::string path;
-    store->getOriginalStr(path);
-    require(path == settings, "the path is kept");
-    require(store->getAllpts() == lists, "switches are the keys of the main section");
-    askEverything(*store, text);
+    SlowStore slow;
+    const Named named = namesOf(input);
+    HandedOut handedOut;
+    const Asked asked{*store, slow, named, handedOut};
+    for (const std::string_view file : filesOf(input))
+        load(asked, folder.write("settings.ini", file), file);
+    askUnits(asked);
     checkOverrides(*store);
-
-    store->readConfig(settings);
-    require(store->getAllpts() == lists, "a second load of the same text changes no switch");
-    loadNothing(*store, lists);
+    load(asked, "missing.ini", "");
+    checkDefaults(*store);
 }
 
 TT_FUZZ_TARGET

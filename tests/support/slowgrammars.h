@@ -13,14 +13,36 @@
 #include <boost/algorithm/string.hpp>
 #include <boost/lexical_cast.hpp>
 
-// Slow and obvious readings of the value grammars, as oracles for the fast ones: texts are copied, split and converted
-// by Boost, loose numbers by the C library.
+// Slow and obvious readings of the value grammars, as oracles for the fast ones: texts are copied, strict numbers are
+// converted by Boost, loose ones by the C library.
 
 namespace tests {
 
 inline std::vector<std::string> slowPieces(const std::string& text, char separator) {
+    std::vector<std::string> pieces(1);
+    for (const char character : text) {
+        if (character == separator) {
+            pieces.emplace_back();
+        } else {
+            pieces.back() += character;
+        }
+    }
+    return pieces;
+}
+
+inline std::vector<std::string> slowPiecesWithSomething(const std::string& text, char separator) {
+    std::vector<std::string> kept;
+    for (const std::string& piece : slowPieces(text, separator)) {
+        if (!piece.empty()) kept.push_back(piece);
+    }
+    return kept;
+}
+
+// Runs of the separator count as one, but at the ends there is an empty piece.
+inline std::vector<std::string> slowSqueezedPieces(const std::string& text, char separator) {
     std::vector<std::string> pieces;
-    boost::split(pieces, text, [separator](char character) { return character == separator; });
+    boost::split(
+        pieces, text, [separator](char character) { return character == separator; }, boost::token_compress_on);
     return pieces;
 }
 
@@ -56,8 +78,7 @@ struct SlowPlatformList {
 
 inline SlowPlatformList slowPlatformList(const std::string& text) {
     SlowPlatformList result;
-    for (const std::string& item : slowPieces(text, ',')) {
-        if (item.empty()) continue;
+    for (const std::string& item : slowPiecesWithSomething(text, ',')) {
         if (const auto id = slowStrictNumber<int>(item)) {
             result.ids.push_back(*id);
         } else {
@@ -77,9 +98,7 @@ struct SlowPerPlatform {
 template <typename Value>
 SlowPerPlatform<Value> slowPerPlatformList(const std::string& text, Value builtIn, Value before, bool squeeze) {
     SlowPerPlatform<Value> result{{}, before};
-    std::vector<std::string> items;
-    boost::split(items, text, boost::is_any_of(";"), squeeze ? boost::token_compress_on : boost::token_compress_off);
-    for (const std::string& item : items) {
+    for (const std::string& item : squeeze ? slowSqueezedPieces(text, ';') : slowPieces(text, ';')) {
         const std::size_t colon = item.find(':');
         if (item.empty()) {
             result.fallback = builtIn;
@@ -119,6 +138,31 @@ inline std::vector<SlowLimitItem> slowLimitKey(const std::string& key) {
         }
     }
     return items;
+}
+
+// The fields of a row, letter by letter: i is an integer, d a decimal, t a text.
+inline const std::string kSlowOrderLimit = "it";
+inline const std::string kSlowBlockTradeLimit = "iti";
+inline const std::string kSlowStockRate = "ddddddi";
+inline const std::string kSlowConnectRate = "dddddddddddddd";
+inline const std::string kSlowFixedIncome = "diiiiii";
+
+struct SlowRow {
+    std::vector<double> numbers;  // of the fields that are numbers, in order
+    std::vector<std::string> texts;
+};
+
+// Nothing when the fields are not as many as the letters.
+inline std::optional<SlowRow> slowRow(const std::string& value, const std::string& letters) {
+    const std::vector<std::string> fields = slowPieces(value, ',');
+    if (fields.size() != letters.size()) return std::nullopt;
+    SlowRow row;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (letters[i] == 'i') row.numbers.push_back(slowLooseInt(fields[i]));
+        if (letters[i] == 'd') row.numbers.push_back(slowLooseDouble(fields[i]));
+        if (letters[i] == 't') row.texts.push_back(fields[i]);
+    }
+    return row;
 }
 
 // ASCII letters alone.

@@ -7,6 +7,7 @@
 
 #include "standin/platformdata.h"
 #include "standin/queryhook.h"
+#include "tests/support/slowcategories.h"
 
 using ttservice::internal::blockTradeAmountCategory;
 using ttservice::internal::blockTradeQuantityCategory;
@@ -18,27 +19,15 @@ using ttservice::internal::stockRateCategory;
 
 namespace {
 
-enum class Source { Base, Center };
-
-struct Type {
-    Source source;
-    int number;
-};
-
-// One rule of a table: an instrument of the type goes by the word, unless an earlier rule has it.
-struct Rule {
-    Type type;
-    std::string word;
-};
-
+using Source = tests::TypeSource;
+using Type = tests::InstrumentType;
+using Rule = tests::CategoryRule;
 using Categorise = LimitCategory (*)(const std::string& market, const std::string& code);
 
-// A table's rules in their order, and the word of an instrument that none of them has.
-struct Table {
+// A table's rules, and what goes by them.
+struct Table : tests::CategoryTable {
     std::string name;
     Categorise categorise;
-    std::vector<Rule> rules;
-    std::string otherwise;
 };
 
 constexpr int kOrdinaryPrice = 11;
@@ -49,50 +38,11 @@ LimitCategory orderCategory(const std::string& market, const std::string& code) 
 
 const std::vector<Table>& tables() {
     static const std::vector<Table> all = {
-        {"order limits",
-         &orderCategory,
-         {{{Source::Base, 1062}, "IPO"},
-          {{Source::Base, 1117}, "IPO"},
-          {{Source::Base, 1172}, "TECHSTOCKMARKET"},
-          {{Source::Center, 100003}, "STOCK"},
-          {{Source::Center, 100024}, "MONEYFUND"},
-          {{Source::Center, 100016}, "LOAN"},
-          {{Source::Center, 100103}, "PIF"},
-          {{Source::Center, 100004}, "FUND"},
-          {{Source::Center, 100013}, "ETF"},
-          {{Source::Center, 126}, "REPURCHASE"},
-          {{Source::Center, 100017}, "REPURCHASE"}},
-         "DEF"},
-        {"block trade quantities",
-         &blockTradeQuantityCategory,
-         {{{Source::Center, 100003}, "STOCK"},
-          {{Source::Center, 100104}, "DIRECTIONALCONVERTIBALEBOND"},
-          {{Source::Center, 100103}, "PIF"},
-          {{Source::Center, 100016}, "LOAN"},
-          {{Source::Center, 100004}, "FUND"},
-          {{Source::Center, 100013}, "FUND"}},
-         "STOCK"},
-        {"block trade amounts",
-         &blockTradeAmountCategory,
-         {{{Source::Center, 100003}, "STOCK"},
-          {{Source::Center, 100016}, "LOAN"},
-          {{Source::Center, 100004}, "FUND"},
-          {{Source::Center, 100013}, "FUND"}},
-         "STOCK"},
-        {"stock rates",
-         &stockRateCategory,
-         {{{Source::Base, 1154}, "LONDONCDR"},
-          {{Source::Base, 1124}, "INNOVATION"},
-          {{Source::Base, 1136}, "CDR"},
-          {{Source::Center, 100003}, "STOCK"},
-          {{Source::Center, 100016}, "LOAN"},
-          {{Source::Center, 100103}, "PIF"},
-          {{Source::Center, 100004}, "FUND"},
-          {{Source::Center, 100013}, "ETF"},
-          {{Source::Center, 126}, "REPURCHASE"},
-          {{Source::Center, 100017}, "REPURCHASE"}},
-         "DEF"},
-        {"Shanghai connect rates", &shanghaiConnectRateCategory, {{{Source::Center, 100016}, "LOAN"}}, "DEF"},
+        {tests::kOrderLimitCategories, "order limits", &orderCategory},
+        {tests::kBlockTradeQuantityCategories, "block trade quantities", &blockTradeQuantityCategory},
+        {tests::kBlockTradeAmountCategories, "block trade amounts", &blockTradeAmountCategory},
+        {tests::kStockRateCategories, "stock rates", &stockRateCategory},
+        {tests::kShanghaiConnectRateCategories, "Shanghai connect rates", &shanghaiConnectRateCategory},
     };
     return all;
 }
