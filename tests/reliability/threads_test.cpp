@@ -7,6 +7,7 @@
 #include <chrono>
 #include <functional>
 #include <iostream>
+#include <iterator>
 #include <map>
 #include <string>
 #include <thread>
@@ -16,63 +17,145 @@
 #include "tests/support/standarderror.h"
 #include "traderbase/base/config/algorithmparamconfig.h"
 #include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/platformswitchtable.h"
 
 using tests::ClientFolder;
 using ttservice::AlgorithmParamConfig;
 using ttservice::ConfigCollector;
+using ttservice::internal::SwitchSense;
 
 namespace {
 
 constexpr int kAskers = 8;
 constexpr auto kDuration = std::chrono::seconds(TT_THREAD_SECONDS);
 
-// Every list is {1, 2} or {3, 4}, every ratio pair (1, 2) or (3, 4), every code set {"A", "B"} or {"C", "D"}.
-const char* const kFirst =
-    "[setting]\nneedmaxamount=1,2\nisnotneedreplacecashrequired=1,2\nsome other key=1,2\n"
-    "[CreditSetting]\nuse_collateral_buy_Concentration_Ratio=1:1,2;2:1,2\n"
-    "use_collateral_sale_repay_debt=1:A,B;2:A,B\n"
-    "[MonetaryFundSetting]\nfix_price_by_nontrade_monetaryfund=SZSE:A,B;SSE:A,B\n";
-const char* const kSecond =
-    "[setting]\nneedmaxamount=3,4\nisnotneedreplacecashrequired=3,4\nsome other key=3,4\n"
-    "[CreditSetting]\nuse_collateral_buy_Concentration_Ratio=1:3,4;2:3,4\n"
-    "use_collateral_sale_repay_debt=1:C,D;2:C,D\n"
-    "[MonetaryFundSetting]\nfix_price_by_nontrade_monetaryfund=SZSE:C,D;SSE:C,D\n";
+// Two settings files are loaded in turn. Platform 9, code K and fund K are listed everywhere in both of them, platform
+// 5, code E and fund E nowhere; of the rest, what one file lists the other does not.
+constexpr int kAlways = 9;
+constexpr int kNever = 5;
+const std::vector<int> kFirstList{1, 2, kAlways};
+const std::vector<int> kSecondList{kAlways, 3, 4};
+const char* const kFirstTables =
+    "[CreditSetting]\nuse_collateral_buy_Concentration_Ratio=1:1,2;9:1,2\n"
+    "use_collateral_sale_repay_debt=1:A,K;9:A,B,K\n"
+    "[MonetaryFundSetting]\nfix_price_by_nontrade_monetaryfund=SZSE:A,B,K;SSE:A,K\n";
+const char* const kSecondTables =
+    "[CreditSetting]\nuse_collateral_buy_Concentration_Ratio=9:3,4;12:3,4\n"
+    "use_collateral_sale_repay_debt=9:K,L;12:K,L\n"
+    "[MonetaryFundSetting]\nfix_price_by_nontrade_monetaryfund=SSE:K,L;SZSE:K,L,M\n";
 
-const std::vector<int> kFirstList{1, 2};
-const std::vector<int> kSecondList{3, 4};
+struct Predicate {
+    const char* name;
+    bool (ConfigCollector::*ask)(int) const;
+    const char* key;
+    bool whenListed;
+};
 
-bool isLegal(const std::vector<int>& list) {
-    return list == kFirstList || list == kSecondList;
+const Predicate kPredicates[] = {
+#define TT_PLATFORM_SWITCH(predicate, key, sense, meaning) \
+    {#predicate, &ConfigCollector::predicate, key, SwitchSense::sense == SwitchSense::Listed},
+#include "traderbase/base/config/platformswitches.def"
+};
+
+using Lists = std::map<std::string, std::vector<int>>;
+
+// Every switch, and a key that the library does not know, with this list.
+Lists listsOf(const std::vector<int>& list) {
+    Lists lists{{"some other key", list}};
+    for (const Predicate& each : kPredicates)
+        lists[each.key] = list;
+    return lists;
 }
 
-// One round of everything that may be asked while a load runs. False for an answer that nothing gave. Two questions in
-// a row may meet two tables, so only what one question answers is judged, and what holds in both tables.
-bool asksLegally(const ConfigCollector& store, int round) {
-    const int platform = 1 + round % 2;
-    for (const char* key : {"needmaxamount", "isnotneedreplacecashrequired", "some other key"}) {
-        if (!isLegal(store.getPts(key))) return false;
+std::string settingsOf(const Lists& lists, const char* tables) {
+    std::string text = "[setting]\n";
+    for (const auto& [key, list] : lists) {
+        text += key + '=';
+        for (const int id : list)
+            text += std::to_string(id) + ',';
+        text += '\n';
     }
-    const auto all = store.getAllpts();
-    for (const auto& [key, list] : all) {
-        if (!isLegal(list)) return false;
-    }
-    // Whoever sets one of the two sets both.
-    if (all.at("needmaxamount") != all.at("isnotneedreplacecashrequired")) return false;
-    // Nothing lists 5 and nothing lists 0; whatever is asked of the others is a yes or a no of one of the two tables.
-    if (store.isNeedMaxAmountPts(5) || store.isSomePt("some other key", 0)) return false;
-    if (!store.needReplaceCashRequired(5)) return false;
-    store.isNeedMaxAmountPts(platform);
-    store.isSomePt("needmaxamount", platform);
-    double first = 0;
-    double second = 0;
-    if (!store.isUseConcentrationRatioPts(platform, first, second)) return false;
-    if (!(first == 1 && second == 2) && !(first == 3 && second == 4)) return false;
-    if (store.isUseConcentrationRatioPts(3, first, second)) return false;
-    store.isRepayDebtByCollateralSell(platform, round % 2 == 0 ? "A" : "C");
-    if (store.isRepayDebtByCollateralSell(platform, "E") || store.isRepayDebtByCollateralSell(3, "A")) return false;
-    store.isNeedFixPriceByNonTradeMonetaryFund("SZSE", round % 2 == 0 ? "B" : "D");
-    return !store.isNeedFixPriceByNonTradeMonetaryFund("SSE", "E");
+    return text + tables;
 }
+
+// Asks everything that may be asked while a load runs. Two questions in a row may meet two tables, so only what one
+// question answers is judged, by what holds in both tables. A question answers its name when it was answered as nothing
+// says, else null.
+class Asker {
+public:
+    Asker() : keys(listsOf({})) {}
+
+    // One round: everything once, and one table of the four over and over, since what is wrong for a moment is seen by
+    // who asks at that moment.
+    const char* wrongAnswer(const ConfigCollector& store, int asker, int round) {
+        if (const char* wrong = wrongSwitch(store, round)) return wrong;
+        constexpr const char* (*kOthers[])(const ConfigCollector&) = {&wrongRatio, &wrongRepayment, &wrongFund};
+        for (const auto other : kOthers) {
+            if (const char* wrong = other(store)) return wrong;
+        }
+        const auto own = static_cast<std::size_t>(asker) % (std::size(kOthers) + 1);
+        for (int i = 0; i < 200 && own < std::size(kOthers); ++i) {
+            if (const char* wrong = kOthers[own](store)) return wrong;
+        }
+        return nullptr;
+    }
+
+    bool sawBothLists() const { return sawFirst && sawSecond; }
+
+private:
+    const char* wrongSwitch(const ConfigCollector& store, int round) {
+        for (const Predicate& each : kPredicates) {
+            if ((store.*each.ask)(kAlways) != each.whenListed) return each.name;
+            if ((store.*each.ask)(kNever) == each.whenListed) return each.name;
+        }
+        const auto& key = std::next(keys.begin(), round % static_cast<int>(keys.size()))->first;
+        if (!store.isSomePt(key, kAlways) || store.isSomePt(key, kNever)) return "isSomePt";
+        const std::vector<int> list = store.getPts(key);
+        if (list != kFirstList && list != kSecondList) return "getPts";
+        return knowsAllLists(store.getAllpts()) ? nullptr : "getAllpts";
+    }
+
+    // Whoever sets one list sets all of them, so they are all the same at any moment.
+    bool knowsAllLists(const Lists& all) {
+        const std::vector<int>& list = all.begin()->second;
+        if (list == kFirstList) sawFirst = true;
+        if (list == kSecondList) sawSecond = true;
+        const auto isSame = [&list](const auto& each) { return each.second == list; };
+        return (list == kFirstList || list == kSecondList) && all.size() == keys.size() &&
+               std::all_of(all.begin(), all.end(), isSame);
+    }
+
+    static const char* wrongRatio(const ConfigCollector& store) {
+        double first = 0;
+        double second = 0;
+        const bool isListed = store.isUseConcentrationRatioPts(kAlways, first, second);
+        const bool isPair = (first == 1 && second == 2) || (first == 3 && second == 4);
+        if (isListed && isPair && !store.isUseConcentrationRatioPts(kNever, first, second)) return nullptr;
+        return "isUseConcentrationRatioPts";
+    }
+
+    static const char* wrongRepayment(const ConfigCollector& store) {
+        if (store.isRepayDebtByCollateralSell(kAlways, "K") && !store.isRepayDebtByCollateralSell(kAlways, "E") &&
+            !store.isRepayDebtByCollateralSell(kNever, "K")) {
+            return nullptr;
+        }
+        return "isRepayDebtByCollateralSell";
+    }
+
+    static const char* wrongFund(const ConfigCollector& store) {
+        for (const char* market : {"SZSE", "SSE"}) {
+            if (!store.isNeedFixPriceByNonTradeMonetaryFund(market, "K") ||
+                store.isNeedFixPriceByNonTradeMonetaryFund(market, "E")) {
+                return "isNeedFixPriceByNonTradeMonetaryFund";
+            }
+        }
+        return nullptr;
+    }
+
+    const Lists keys;
+    std::atomic<bool> sawFirst{false};
+    std::atomic<bool> sawSecond{false};
+};
 
 // Starts so many threads at one moment and waits for them.
 void runTogether(int threads, const std::function<void(int)>& work) {
@@ -92,17 +175,21 @@ void runTogether(int threads, const std::function<void(int)>& work) {
 
 }  // namespace
 
+// Goes on until there was enough of everything to mean something, however little of the processors it gets.
 TEST(Threads, EveryAnswerIsLegalWhileLoadsAndSetPtsRun) {
     const ClientFolder client;
     const tests::TempFolder folder;
     const tests::StandardError caught;
-    const std::string files[] = {folder.write("first.ini", kFirst), folder.write("second.ini", kSecond)};
+    const Lists lists[] = {listsOf(kFirstList), listsOf(kSecondList)};
+    const std::string files[] = {folder.write("first.ini", settingsOf(lists[0], kFirstTables)),
+                                 folder.write("second.ini", settingsOf(lists[1], kSecondTables))};
     const auto store = ConfigCollector::instance();
     store->readConfig(files[0]);
 
+    Asker asker;
+    std::atomic<const char*> wrong{nullptr};
     std::atomic<bool> ended{false};
     std::atomic<long> rounds{0};
-    std::atomic<long> wrong{0};
     std::atomic<long> loads{0};
     std::atomic<long> replacements{0};
     const auto end = std::chrono::steady_clock::now() + kDuration;
@@ -110,32 +197,39 @@ TEST(Threads, EveryAnswerIsLegalWhileLoadsAndSetPtsRun) {
         for (int round = number; !ended; ++round) {
             if (number == 0) {  // loads are the client's to serialise: one thread loads
                 store->readConfig(files[round % 2]);
-                ++loads;
-                ended = std::chrono::steady_clock::now() >= end;
+                const bool isEnough = ++loads > 10 && replacements > 10 && rounds > 100 && asker.sawBothLists();
+                ended = wrong != nullptr || (isEnough && std::chrono::steady_clock::now() >= end);
             } else if (number == 1) {
-                const std::vector<int>& list = round % 2 == 0 ? kFirstList : kSecondList;
-                store->setPts({{"needmaxamount", list}, {"isnotneedreplacecashrequired", list}});
+                store->setPts(lists[round % 2]);
                 ++replacements;
                 std::this_thread::yield();
             } else {
-                if (!asksLegally(*store, round)) ++wrong;
+                const char* const question = asker.wrongAnswer(*store, number, round);
+                if (question != nullptr) wrong = question;
                 ++rounds;
             }
         }
     });
-    EXPECT_EQ(wrong, 0);
-    EXPECT_GT(loads, 10);
-    EXPECT_GT(replacements, 10);
-    EXPECT_GT(rounds, 100);
+    EXPECT_EQ(wrong.load(), nullptr) << wrong.load() << " gave an answer of neither table";
     RecordProperty("seconds", TT_THREAD_SECONDS);
     std::cout << kAskers << " askers, " << TT_THREAD_SECONDS << " s: " << rounds << " rounds of questions, " << loads
               << " loads, " << replacements << " setPts\n";
 }
 
+namespace {
+
+// A market-time script of one market that takes its time, so that the others come while the first user's object is
+// made.
+std::string slowScript(const std::string& text) {
+    return "function getMarkets() for i = 1, 5000000 do end return '{\"SSE\":1}' end\n"
+           "function getMarketTradeDuration() return '" +
+           text + "' end\n";
+}
+
+}  // namespace
+
 TEST(Threads, SixteenFirstUsersGetOneStore) {
-    const ClientFolder client(
-        "function getMarkets() return '{\"SSE\":1}' end\n"
-        "function getMarketTradeDuration() return '{\"93000\":50,\"150000\":49}' end\n");
+    const ClientFolder client(slowScript(R"({"93000":50,"150000":49})"));
     std::vector<boost::shared_ptr<ConfigCollector>> stores(16);
     runTogether(16, [&stores](int number) { stores[static_cast<std::size_t>(number)] = ConfigCollector::instance(); });
     for (const auto& store : stores) {
@@ -145,9 +239,7 @@ TEST(Threads, SixteenFirstUsersGetOneStore) {
 }
 
 TEST(Threads, SixteenFirstUsersGetOneCatalogue) {
-    const ClientFolder client(
-        "function getMarkets() return '{\"SSE\":1}' end\n"
-        "function getMarketTradeDuration() return 'all day' end\n");
+    const ClientFolder client(slowScript("all day"));
     std::vector<boost::shared_ptr<AlgorithmParamConfig>> catalogues(16);
     runTogether(16, [&catalogues](int number) {
         catalogues[static_cast<std::size_t>(number)] = AlgorithmParamConfig::instance();
@@ -160,12 +252,20 @@ TEST(Threads, SixteenFirstUsersGetOneCatalogue) {
     }
 }
 
-TEST(Threads, SixteenFirstUsersGetBothAtOnce) {
-    const ClientFolder client;
-    std::atomic<int> seen{0};
-    runTogether(16, [&seen](int number) {
-        if (number % 2 == 0 ? ConfigCollector::instance() != nullptr : AlgorithmParamConfig::instance() != nullptr)
-            ++seen;
+TEST(Threads, SixteenFirstUsersOfBothGetOneOfEach) {
+    const ClientFolder client(slowScript("all day"));
+    std::vector<boost::shared_ptr<ConfigCollector>> stores(16);
+    std::vector<boost::shared_ptr<AlgorithmParamConfig>> catalogues(16);
+    runTogether(16, [&](int number) {
+        const auto place = static_cast<std::size_t>(number);
+        if (number % 2 == 0) stores[place] = ConfigCollector::instance();
+        catalogues[place] = AlgorithmParamConfig::instance();
+        if (number % 2 != 0) stores[place] = ConfigCollector::instance();
     });
-    EXPECT_EQ(seen, 16);
+    ASSERT_NE(stores.front(), nullptr);
+    ASSERT_NE(catalogues.front(), nullptr);
+    for (const auto& store : stores)
+        EXPECT_EQ(store, stores.front());
+    for (const auto& catalogue : catalogues)
+        EXPECT_EQ(catalogue, catalogues.front());
 }
