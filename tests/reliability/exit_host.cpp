@@ -34,7 +34,7 @@ void askEverything(bool isLoaded) {
     require(ttservice::getTradeMinUnit("SH", "600000") > 0, "a trade unit answers");
     store->setPts({{"needmaxamount", {12, 13}}});
     store->addLocalConfig("needmaxamount", isLoaded);
-    require(catalogue->getAlgoParam("nobody") == nullptr, "a catalogue answers");
+    require((catalogue->getAlgoParam("x") != nullptr) == isLoaded, "a catalogue answers");
     std::map<std::string, std::string> times;
     catalogue->getMarketTimeMap(times);
 }
@@ -69,7 +69,7 @@ MadeBefore madeBefore;
 int main(int argc, char** argv) {
     if (argc != 2) return 2;
     madeBefore.held = ConfigCollector::instance();
-    AlgorithmParamConfig::instance();
+    AlgorithmParamConfig::instance()->readCiticConfig(R"({"content":{"name":"x"}})");
     static MadeAfter madeAfter;
     ConfigCollector::instance()->readConfig(argv[1]);
     return 0;
