@@ -1,16 +1,13 @@
-// Settings files that are not there, are no files, or change while they are read. The library answers every one of them
-// with what could be read, and never waits for one.
+// Settings files that are not there, are no files or too large ones. The library answers every one of them with what
+// could be read, and never waits for one.
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <filesystem>
 #include <fstream>
-#include <set>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "tests/support/clientfolder.h"
@@ -153,90 +150,4 @@ TEST(FileFaults, ALineOfAHundredMegabytesIsOneValue) {
     store->readConfig(path);
     EXPECT_EQ(store->getPts("needmaxamount"), std::vector<int>{7});
     EXPECT_EQ(store->getFlowHistoryDays(), 6);
-}
-
-namespace {
-
-constexpr int kKeys = 2000;
-
-// So many switches, each with this list.
-std::string manySwitches(const std::string& list) {
-    std::string text = "[setting]\n";
-    for (int i = 0; i < kKeys; ++i)
-        text += "switch" + std::to_string(i) + '=' + list + '\n';
-    return text;
-}
-
-// Does something to the file over and over while the store loads it.
-template <typename Disturb, typename Check>
-void loadWhile(const std::string& path, const Disturb& disturb, const Check& check) {
-    const Deadline deadline(kLongestLoad);
-    const tests::StandardError caught;
-    const auto store = ConfigCollector::instance();
-    std::atomic<bool> ended{false};
-    std::thread other([&] {
-        for (int round = 0; !ended; ++round)
-            disturb(round);
-    });
-    for (int load = 0; load < 300; ++load) {
-        store->readConfig(path);
-        check(*store);
-    }
-    ended = true;
-    other.join();
-}
-
-}  // namespace
-
-// Every number in the file is 7, so whatever part of it was there makes lists of sevens.
-TEST(FileFaults, AFileThatIsTruncatedWhileReadGivesWhatWasThere) {
-    const ClientFolder client;
-    const TempFolder folder;
-    const std::string text = manySwitches("7,7,7,7,7,7,7,7");
-    const std::string path = folder.write("settings.ini", text);
-    loadWhile(
-        path,
-        [&](int round) {
-            fs::resize_file(path, static_cast<std::uintmax_t>(round) * 7919 % text.size());
-            std::ofstream(path, std::ios::binary | std::ios::in) << text;
-        },
-        [](const ConfigCollector& store) {
-            const auto all = store.getAllpts();
-            // Where a file grows, a few reads of a million find NULs for a moment, be it in place of a line's end or of
-            // a key's name. What two lines are then read as is allowed, seldom; numbers of nowhere never are.
-            constexpr std::size_t kMostOdd = 3;
-            std::size_t odd = 0;
-            ASSERT_LE(all.size(), static_cast<std::size_t>(kKeys) + 1 + kMostOdd);
-            for (const auto& [key, list] : all) {
-                if (key.compare(0, 6, "switch") != 0 || list.size() > 8) ++odd;
-                for (const int id : list)
-                    ASSERT_EQ(id, 7) << key;
-            }
-            ASSERT_LE(odd, kMostOdd);
-        });
-}
-
-// The usual way to write a file: beside it, then in its place.
-TEST(FileFaults, AFileThatIsReplacedWhileReadIsTheOldOrTheNewOne) {
-    const ClientFolder client;
-    const TempFolder folder;
-    const std::string texts[] = {manySwitches("1,2"), manySwitches("3,4")};
-    const std::string path = folder.write("settings.ini", texts[0]);
-    std::set<std::vector<int>> seen;
-    loadWhile(
-        path,
-        [&](int round) {
-            folder.write("new.ini", texts[round % 2]);
-            fs::rename(folder.path("new.ini"), path);
-        },
-        [&](const ConfigCollector& store) {
-            const auto all = store.getAllpts();
-            ASSERT_EQ(all.size(), static_cast<std::size_t>(kKeys));
-            const std::vector<int> first = all.begin()->second;
-            for (const auto& [key, list] : all)
-                ASSERT_EQ(list, first) << key;
-            seen.insert(first);
-        });
-    for (const std::vector<int>& list : seen)
-        EXPECT_TRUE(list == (std::vector<int>{1, 2}) || list == (std::vector<int>{3, 4}));
 }

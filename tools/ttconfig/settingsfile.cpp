@@ -1,5 +1,5 @@
 // The settings file: answers whether the file that was named can be meant.
-// Doors: requireUsableSettings().
+// Doors: requireUsableSettings(), FileMoment.
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/startup_test.cpp.
 
@@ -11,6 +11,7 @@
 #include <fstream>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "ttconfig/fault.h"
@@ -58,6 +59,18 @@ void requireUsableSettings(const std::string& path) {
     if (holdsNul(file))
         refuse(path, "holds NUL bytes", "save it as plain text, in UTF-8 or another encoding without NULs");
     if (file.bad()) refuse(path, "cannot be read to the end", "check the disk it is on");
+}
+
+FileMoment::FileMoment(std::string file) : path(std::move(file)) {
+    std::error_code none;  // what cannot be told is told alike both times
+    size = fs::file_size(path, none);
+    written = fs::last_write_time(path, none);
+}
+
+void FileMoment::requireUnchanged() const {
+    const FileMoment now(path);
+    if (now.size == size && now.written == written) return;
+    refuse(path, "was changed while it was read", "run it again when nothing writes to it");
 }
 
 }  // namespace ttconfig

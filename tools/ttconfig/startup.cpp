@@ -21,7 +21,6 @@
 #include "traderbase/base/config/internal/markettimescript.h"
 #include "ttconfig/fault.h"
 #include "ttconfig/overwriting.h"
-#include "ttconfig/settingsfile.h"
 
 namespace ttconfig {
 
@@ -64,9 +63,10 @@ void startLog(const std::string& path) {
 
 }  // namespace
 
-void carryOut(const SharedOptions& options, const std::vector<std::string>& alsoRead) {
+FileMoment carryOut(const SharedOptions& options, const std::vector<std::string>& alsoRead) {
     for (const std::string& directory : options.directories)
         enter(directory);
+    FileMoment beforeLoad(options.settings.value_or(""));
     if (options.settings) requireUsableSettings(*options.settings);
     if (options.logFile) {
         std::vector<std::optional<std::string>> inputs(alsoRead.begin(), alsoRead.end());
@@ -78,6 +78,7 @@ void carryOut(const SharedOptions& options, const std::vector<std::string>& also
     if (options.platform && !standin::installPlatformFile(*options.platform, error)) throw Fault(kExitInput, error);
     if (options.logFile) startLog(*options.logFile);
     if (options.settings) ttservice::ConfigCollector::instance()->readConfig(*options.settings);
+    return beforeLoad;
 }
 
 bool endLogging(const SharedOptions& options) {

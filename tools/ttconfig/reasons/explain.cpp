@@ -69,12 +69,14 @@ void warnOfUnknownOverrides(const CommandLine& commandLine) {
 
 // The store has loaded the same file. That both say the same is tested; a program that explains away what a client
 // really does would be worse than none.
-void requireStoreAgrees(const std::string& call, const Arguments& arguments, const Answer& answer) {
+void requireStoreAgrees(const std::string& call, const Arguments& arguments, const Answer& answer,
+                        const FileMoment& beforeLoad) {
     CallState state;
     const Answer store = callTable().answer(state, call, arguments);
     if (store == answer) return;
     // As written: a number that is none, such as nan, equals nothing, itself included.
     if (answerJson(withoutRecordNumbers(store)) == answerJson(withoutRecordNumbers(answer))) return;
+    beforeLoad.requireUnchanged();
     throw Fault(kExitInternal, "the library answers " + answerText(store) + ", the explanation is of " +
                                    answerText(answer) + "; please report this with the settings file");
 }
@@ -82,10 +84,10 @@ void requireStoreAgrees(const std::string& call, const Arguments& arguments, con
 }  // namespace
 
 int runExplain(const CommandLine& commandLine, Output& output) {
-    {
+    const FileMoment beforeLoad = [&commandLine] {
         const QuietLoad quiet;
-        carryOut(commandLine.shared);
-    }
+        return carryOut(commandLine.shared);
+    }();
     warnOfUnknownOverrides(commandLine);
     for (const auto& [key, value] : commandLine.overrides)
         ttservice::ConfigCollector::instance()->addLocalConfig(key, value);
@@ -98,7 +100,7 @@ int runExplain(const CommandLine& commandLine, Output& output) {
     const Arguments arguments = argumentsOf(call, words);
     const Explainer explainer(text, commandLine.overrides, file);
     ShownExplanation shown{text, file, call, words, explained(explainer, call, arguments), {}, {}};
-    requireStoreAgrees(call, arguments, shown.explanation.answer);
+    requireStoreAgrees(call, arguments, shown.explanation.answer, beforeLoad);
     if (commandLine.whyNot) {
         requireSameKind(call, shown.explanation.answer, *commandLine.whyNot);
         shown.wanted = commandLine.whyNot;
