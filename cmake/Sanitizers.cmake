@@ -23,10 +23,18 @@ function(tt_enable_sanitizers target)
     if(TT_FUZZ)
         list(APPEND flags -fsanitize=fuzzer-no-link)
     endif()
-    if(TT_COVERAGE)
-        # Tests with threads count together: without atomic counters their sums would go wrong.
-        list(APPEND flags --coverage -fprofile-abs-path -fprofile-update=atomic)
-    endif()
     target_compile_options(${target} PRIVATE ${flags})
     target_link_options(${target} PRIVATE ${flags})
+endfunction()
+
+# Tests as well as the library: an inline function in both is there once, and it may be the tests' that is kept. Those
+# with threads count together, and without atomic counters their sums would go wrong. What is unmeasured itself is still
+# linked with the library's counters.
+function(tt_enable_coverage target unmeasured)
+    if(TT_COVERAGE)
+        target_link_options(${target} PRIVATE --coverage)
+        if(NOT unmeasured)
+            target_compile_options(${target} PRIVATE --coverage -fprofile-abs-path -fprofile-update=atomic)
+        endif()
+    endif()
 endfunction()

@@ -1,6 +1,7 @@
-# What every target of ours has in common.
+# What every target of ours has in common. UNMEASURED: no coverage is counted in it.
 
 function(tt_configure_target target)
+    cmake_parse_arguments(arg "UNMEASURED" "" "" ${ARGN})
     target_compile_features(${target} PUBLIC cxx_std_17)
     set_target_properties(${target} PROPERTIES
         CXX_EXTENSIONS OFF
@@ -10,5 +11,6 @@ function(tt_configure_target target)
     )
     tt_enable_warnings(${target})
     tt_enable_sanitizers(${target})
+    tt_enable_coverage(${target} ${arg_UNMEASURED})
     tt_enable_hardening(${target})
 endfunction()

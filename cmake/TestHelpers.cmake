@@ -15,7 +15,9 @@ function(tt_add_test name)
         target_compile_options(${name} PRIVATE -O0)
     endif()
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
-    target_compile_definitions(${name} PRIVATE TT_SOURCE_DIR="${PROJECT_SOURCE_DIR}" TT_BINARY_DIR="${PROJECT_BINARY_DIR}")
+    target_compile_definitions(${name} PRIVATE
+        TT_SOURCE_DIR="${PROJECT_SOURCE_DIR}" TT_BINARY_DIR="${PROJECT_BINARY_DIR}" TT_COUNTS_COVERAGE=$<BOOL:${TT_COVERAGE}>
+    )
     if(arg_EXPORTS_ONLY)
         target_link_libraries(${name} PRIVATE traderbaseconfig ${arg_LIBS} tt::gmock_main)
     else()

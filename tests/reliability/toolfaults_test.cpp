@@ -16,6 +16,7 @@
 
 using testing::HasSubstr;
 using testing::StartsWith;
+using tests::runOnFullDisk;
 using tests::runShell;
 using tests::TempFolder;
 using tests::ToolRun;
@@ -185,10 +186,9 @@ TEST(ToolFaults, SaysSoWhenTheLogCannotBeWritten) {
 // A page is large: the file system fills up in the middle of it. No half page is left where a whole one was meant.
 TEST(ToolFaults, LeavesNoHalfPage) {
     const TempFolder folder;
-    const ToolRun run =
-        runShell("trap '' XFSZ; ulimit -f 20; exec timeout 60 \"$TTCONFIG\" report --settings '" TT_SOURCE_DIR
-                 "/samples/settings.ini' --output '" +
-                 folder.path("page.html") + "'");
+    const ToolRun run = runOnFullDisk(20, "exec timeout 60 \"$TTCONFIG\" report --settings '" TT_SOURCE_DIR
+                                          "/samples/settings.ini' --output '" +
+                                              folder.path("page.html") + "'");
     EXPECT_EQ(run.exitCode, kInternal) << run.err;
     EXPECT_THAT(run.err, HasSubstr("cannot be written"));
     EXPECT_TRUE(fs::is_empty(folder.path("")));
@@ -210,7 +210,6 @@ TEST(ToolFaults, SaysSoWhenStandardOutputIsClosed) {
 TEST(ToolFaults, SaysSoWhenTheDiskFillsUpMeanwhile) {
     const TempFolder folder;
     const ToolRun run =
-        runShell("trap '' XFSZ; ulimit -f 1; exec timeout 60 \"$TTCONFIG\" switches --format markdown >'" +
-                 folder.path("out") + "'");
+        runOnFullDisk(1, "exec timeout 60 \"$TTCONFIG\" switches --format markdown >'" + folder.path("out") + "'");
     expectOneMessage(run, kInternal, "standard output cannot be written");
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-// Which sanitizer this build has, as 0 or 1: some tests measure or waste memory, which it would not let them.
+// Which sanitizer this build has, as 0 or 1: some tests measure or waste memory, which it would not let them. And whether
+// it counts coverage, TT_COUNTS_COVERAGE, which the build defines.
 
 #if defined(__SANITIZE_ADDRESS__)
 #define TT_ADDRESS_SANITIZER 1
@@ -25,11 +26,16 @@
 #define TT_THREAD_SANITIZER 0
 #endif
 
+#if !defined(TT_COUNTS_COVERAGE)
+#define TT_COUNTS_COVERAGE 0
+#endif
+
 namespace tests {
 
 inline constexpr bool kUnderSanitizer = TT_ADDRESS_SANITIZER != 0 || TT_THREAD_SANITIZER != 0;
 
-// Tests that try very many generated texts try one in so many: a sanitizer makes them ten times as long.
-inline constexpr unsigned kTriedOneIn = kUnderSanitizer ? 4 : 1;
+// Tests that try very many generated texts try one in so many: a sanitizer makes them ten times as long, and counting
+// coverage without the optimiser, too.
+inline constexpr unsigned kTriedOneIn = kUnderSanitizer || TT_COUNTS_COVERAGE != 0 ? 4 : 1;
 
 }  // namespace tests

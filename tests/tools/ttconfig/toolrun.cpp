@@ -49,6 +49,11 @@ ToolRun runShell(const std::string& command, std::string_view input) {
     return run;
 }
 
+ToolRun runOnFullDisk(int blocks, const std::string& command) {
+    return runShell("export GCOV_PREFIX=/dev/null GCOV_ERROR_FILE=/dev/null; trap '' XFSZ; ulimit -f " +
+                    std::to_string(blocks) + "; " + command);
+}
+
 ToolRun runTool(const std::vector<std::string>& arguments, std::string_view input) {
     std::string command = "exec \"$TTCONFIG\"";
     for (const std::string& argument : arguments)

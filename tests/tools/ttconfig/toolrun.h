@@ -22,6 +22,10 @@ ToolRun runTool(const std::vector<std::string>& arguments, std::string_view inpu
 // Runs a shell command in which $TTCONFIG is the tool, for redirections and pipes.
 ToolRun runShell(const std::string& command, std::string_view input = {});
 
+// The same where no file can grow beyond so many blocks of 512 bytes, as on a disk that is full then. What a build that
+// counts coverage writes down at its end is given up, so that no half of it stays.
+ToolRun runOnFullDisk(int blocks, const std::string& command);
+
 // The bytes of a file; empty when there is none.
 std::string fileText(const std::string& path);
 

@@ -14,6 +14,7 @@ using testing::Not;
 using testing::StartsWith;
 using tests::fileText;
 using tests::MadeReport;
+using tests::runOnFullDisk;
 using tests::runShell;
 using tests::runTool;
 using tests::TempFolder;
@@ -149,8 +150,7 @@ TEST(Report, AFullDiskLeavesWhatWasThereBefore) {
     const TempFolder folder;
     const std::string settings = folder.write("settings.ini", kSettings);
     const std::string page = folder.write("report.html", "before");
-    const ToolRun run = runShell("trap '' XFSZ; ulimit -f 8; exec \"$TTCONFIG\" report --settings '" + settings +
-                                 "' -o '" + page + "'");
+    const ToolRun run = runOnFullDisk(8, "exec \"$TTCONFIG\" report --settings '" + settings + "' -o '" + page + "'");
     expectRefused(run, 4, "cannot be written");
     EXPECT_EQ(fileText(page), "before");
     EXPECT_THAT(othersIn(folder, {"settings.ini", "report.html"}), IsEmpty());
