@@ -110,6 +110,7 @@ void fuzz::runInput(std::string_view input) {
     // Numbers are more often parts of a value than the whole of it.
     for (const std::string& piece : tests::slowPieces(text, ',')) {
         checkNumbers(piece);
+        checkInteger(piece);
         checkDecimal(piece);
     }
 }

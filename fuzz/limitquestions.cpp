@@ -3,6 +3,7 @@
 #include <ttplatform/ratelimitrecords.h>
 
 #include <string>
+#include <vector>
 
 #include "fuzz/loadquestions.h"
 #include "fuzz/recordnumbers.h"
@@ -14,14 +15,18 @@ namespace fuzz {
 
 namespace {
 
-// One of every price that decides something, and one that does not.
-constexpr int kPriceTypes[] = {-1, 50, 117, 85, 90};
+// One of every price that decides something, and one that does not. Prices count for options and the technology board;
+// of other instruments two are enough to tell if they do.
+std::vector<int> pricesFor(const std::string& market, const std::string& code) {
+    if (market == "SHO" || market == "SZO" || code.substr(0, 3) == "688") return {-1, 50, 117, 85, 90};
+    return {-1, 50};
+}
 
 void askOrderLimits(const Asked& asked, const std::string& market, const std::string& code) {
     const std::string upperMarket = tests::slowUpperCase(market);
     const std::string upperCode = tests::slowUpperCase(code);
     const bool isUpper = market == upperMarket && code == upperCode;
-    for (const int priceType : kPriceTypes) {
+    for (const int priceType : pricesFor(upperMarket, upperCode)) {
         const auto price = static_cast<EBrokerPriceType>(priceType);
         const auto limit = asked.store.getOrderLimit(market, code, price);
         require(limit == asked.slow.orderLimit(market, code, priceType), "order limits agree", code);

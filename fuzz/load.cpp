@@ -38,7 +38,7 @@ fuzz::Named namesOf(std::string_view input) {
     }
     for (const auto& [market, code] :
          {std::pair("SHO", "10007001"), std::pair("NEEQ", "400001"), std::pair("sgt", "00981"),
-          std::pair("SZSEHKEX", "STOCK"), std::pair("HK", "TRANSFER"), std::pair("SH", "stock")}) {
+          std::pair("SZSEHKEX", "STOCK"), std::pair("HK", "TRANSFER"), std::pair("SH", "stock"), std::pair("", "")}) {
         named.instruments.emplace_back(market, code);
     }
     return named;

@@ -39,13 +39,14 @@ bool flag(const Asked& asked, const SettingKey& key) {
     return integer(asked, key, 0) == 1;
 }
 
-std::vector<int> listOf(const Asked& asked, const std::string& key) {
+const std::vector<int>& listOf(const Asked& asked, const std::string& key) {
+    static const std::vector<int> kNone;
     const auto found = asked.slow.switches.find(key);
-    return found == asked.slow.switches.end() ? std::vector<int>() : found->second;
+    return found == asked.slow.switches.end() ? kNone : found->second;
 }
 
 bool isListed(const Asked& asked, const std::string& key, int platform) {
-    const std::vector<int> list = listOf(asked, key);
+    const std::vector<int>& list = listOf(asked, key);
     return std::find(list.begin(), list.end(), platform) != list.end();
 }
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-// What the fuzz targets share. A target is one file that defines runInput(); libFuzzer or replay.cpp calls it.
+// What the fuzz targets share. A target defines runInput(); libFuzzer or replay.cpp calls it.
 
 namespace fuzz {
 
