@@ -4,6 +4,7 @@
 // Test: tests/platform/filebytes_test.cpp
 #include "standin/filebytes.h"
 
+#include <cerrno>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -17,6 +18,12 @@ namespace {
 // Longer texts are no path on any system; JSON handed in as a path is told by this before it is taken apart.
 constexpr std::size_t kLongestPath = 32767;
 
+// A system that lacks memory to open or to read a file says nothing about the file: whoever took it for an empty one
+// would work with wrong values.
+void throwIfNoMemory(const std::error_code& code) {
+    if (code == std::errc::not_enough_memory) throw std::bad_alloc();
+}
+
 FileProblem problemOf(const std::filesystem::path& path) {
     std::error_code code;
     const std::filesystem::file_status status = std::filesystem::status(path, code);
@@ -28,10 +35,19 @@ FileProblem problemOf(const std::filesystem::path& path) {
         case std::filesystem::file_type::directory:
             return FileProblem::kDirectory;
         case std::filesystem::file_type::none:
+            throwIfNoMemory(code);
             return code == std::errc::filename_too_long ? FileProblem::kBadPath : FileProblem::kUnreadable;
         default:
             return FileProblem::kNotRegular;
     }
+}
+
+// The stream over the file. One that could not be opened leaves the system's reason in errno, and nowhere else.
+std::ifstream openedStream(const std::filesystem::path& path) {
+    errno = 0;
+    std::ifstream stream(path, std::ios::binary);
+    if (!stream) throwIfNoMemory(std::error_code(errno, std::generic_category()));
+    return stream;
 }
 
 // Reads up to the end rather than the size that the file system tells: some files tell none, others grow meanwhile.
@@ -39,8 +55,9 @@ FileProblem readToEnd(const std::filesystem::path& path, std::string& bytes) {
     std::error_code code;
     const std::uintmax_t expected = std::filesystem::file_size(path, code);
     if (!code && expected > kLargestFile) return FileProblem::kTooLarge;
-    std::ifstream stream(path, std::ios::binary);
+    std::ifstream stream = openedStream(path);
     if (!stream) return FileProblem::kUnreadable;
+    stream.exceptions(std::ios::badbit);  // what goes wrong from here on is an exception, which has a reason
     // One byte more than expected, so that the end of the file is met within the first read.
     std::size_t step = code ? std::size_t{1} << 16 : static_cast<std::size_t>(expected) + 1;
     while (true) {
@@ -48,7 +65,6 @@ FileProblem readToEnd(const std::filesystem::path& path, std::string& bytes) {
         bytes.resize(before + step);
         stream.read(&bytes[before], static_cast<std::streamsize>(step));
         bytes.resize(before + static_cast<std::size_t>(stream.gcount()));
-        if (stream.bad()) return FileProblem::kUnreadable;
         if (bytes.size() > kLargestFile) return FileProblem::kTooLarge;
         if (stream.eof()) return FileProblem::kNone;
         step = std::size_t{1} << 16;
@@ -69,7 +85,11 @@ FileProblem readFileBytes(const std::string& path, std::string& bytes) {
         if (problem == FileProblem::kNone) problem = readToEnd(native, bytes);
     } catch (const std::bad_alloc&) {
         bytes.clear();
-        throw;  // no problem of the file: whoever took it for an empty one would work with wrong values
+        throw;
+    } catch (const std::ios_base::failure& failure) {
+        bytes.clear();
+        throwIfNoMemory(failure.code());
+        problem = FileProblem::kUnreadable;
     } catch (const std::exception&) {
         // Some systems convert path texts, and not every text converts.
         problem = FileProblem::kBadPath;

@@ -2,7 +2,9 @@
 // Doors: toLog(), bsonValueFromObj(), CAlgorithmsParams::contentJson().
 // Owns: nothing.
 // Test: tests/platform/records_test.cpp
+#include <mongo/util/assert_util.h>
 #include <initializer_list>
+#include <new>
 #include <stdexcept>
 
 #include "standin/bsonjson.h"
@@ -29,6 +31,19 @@ std::string connectRatesText(const ConnectRecord& record) {
     return ratesText({record.rate1, record.rate2, record.rate3, record.rate4, record.rate5, record.rate6, record.rate7,
                       record.rate8, record.rate9, record.rate10, record.rate11, record.rate12, record.rate13,
                       record.rate14});
+}
+
+// BSONObj::copy() would write to where no memory is; the library's builder looks.
+mongo::BSONObj ownedCopy(const mongo::BSONObj& object) {
+    constexpr int kNoBuffer = 10000;
+    try {
+        mongo::BSONObjBuilder builder(object.objsize());
+        builder.appendElements(object);
+        return builder.obj();
+    } catch (const mongo::DBException& failure) {
+        if (failure.getCode() == kNoBuffer) throw std::bad_alloc();
+        throw;
+    }
 }
 
 }  // namespace
@@ -63,7 +78,7 @@ void CAlgorithmsParams::bsonValueFromObj(const mongo::BSONObj& object, bool /*fl
         }
         newName = element.str();
     }
-    kept = object.copy();
+    kept = ownedCopy(object);
     name.swap(newName);
 }
 

@@ -72,6 +72,12 @@ TEST(FileBytes, FileThatTellsNoSizeIsReadToItsEnd) {
     EXPECT_GT(bytes.size(), 100u);
 }
 
+TEST(FileBytes, FileWhoseBytesCannotBeHadIsUnreadable) {
+    const std::string path = "/proc/self/mem";  // opens, but its first bytes are no memory
+    if (!std::filesystem::is_regular_file(path)) GTEST_SKIP() << "no " << path << " here";
+    EXPECT_EQ(problemOf(path), FileProblem::kUnreadable);
+}
+
 TEST(FileBytes, FileBeyondTheLimitIsTooLarge) {
     const tests::TempFolder folder;
     const std::string path = folder.write("file", "");

@@ -24,7 +24,8 @@ public:
     ~Configuration();
 
     // Reads the file at path and replaces what was read before. False when it is not a readable regular file; the
-    // configuration is then empty.
+    // configuration is then empty. Memory that runs out, the system's for an open file included, is std::bad_alloc and
+    // never false: callers take false for a file that says nothing, and every setting falls back to its default.
     bool parse(std::string path);
 
     // The keys of a section, each once, in file order; empty for a section that the file does not have.
