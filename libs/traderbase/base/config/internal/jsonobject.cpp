@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <iterator>
 #include <limits>
-#include <mutex>
 #include <new>
 #include <string_view>
 
@@ -193,10 +193,29 @@ private:
     std::string prepared;
 };
 
-// The parser's first exception in a process would make its log manager without a lock.
+// The parser's first exception in a process would make its log manager without a lock. Not by std::call_once: an
+// exception from inside of that passes through the C library, which may need memory to let it.
 void makeLogManager() {
-    static std::once_flag made;
-    std::call_once(made, [] { bson::logger::globalLogManager(); });
+    [[maybe_unused]] static const auto* const made = bson::logger::globalLogManager();
+}
+
+// What the JSON library says when there is no memory for a buffer of its own.
+bool tellsOfNoBuffer(int code) {
+    constexpr int kNoFirstBuffer = 10000;
+    constexpr int kNoLargerBuffer = 16070;
+    constexpr int kNoBufferBesidesTheStack = 15912;
+    constexpr int kNoNewBuffer = 15913;
+    return code == kNoFirstBuffer || code == kNoLargerBuffer || code == kNoBufferBesidesTheStack ||
+           code == kNoNewBuffer;
+}
+
+// The same in words, as it stands in an exception that was made of another.
+bool tellsOfNoMemory(std::string_view reason) {
+    constexpr std::string_view kNoBuffer[] = {"out of memory BufBuilder", "out of memory BufBuilder::grow_reallocate",
+                                              "out of memory StackAllocator::Realloc",
+                                              "out of memory BufBuilder::reset"};
+    return reason == std::bad_alloc().what() ||
+           std::find(std::begin(kNoBuffer), std::end(kNoBuffer), reason) != std::end(kNoBuffer);
 }
 
 // The parser makes an exception of its own out of every one that is raised inside it, and has no memory for the whole
@@ -204,11 +223,12 @@ void makeLogManager() {
 bool tellsOfNoMemory(const bson::DBException& failure) {
     constexpr int kParserFailed = 17031;
     constexpr std::string_view kIntroduction = "caught exception from within JSON parser: ";
+    if (tellsOfNoBuffer(failure.getCode())) return true;
     if (failure.getCode() != kParserFailed) return false;
     const std::string_view message = failure.what();
     if (message.size() <= kIntroduction.size()) return kIntroduction.substr(0, message.size()) == message;
     return message.substr(0, kIntroduction.size()) == kIntroduction &&
-           message.substr(kIntroduction.size()) == std::bad_alloc().what();
+           tellsOfNoMemory(message.substr(kIntroduction.size()));
 }
 
 }  // namespace
