@@ -1,12 +1,14 @@
 // The script runtime: runs a configuration script and asks its functions for texts.
-// Doors: LuaConfig::init, LuaConfig::getConfig, printLog.
+// Doors: LuaConfig::init, LuaConfig::getConfig, printLog; TableScript.
 // Owns: the interpreter and the lock of each instance.
 // Covered by tests/base/luaconfig/.
 
 #include "luaconfig/luaconfig.h"
 
 #include <array>
+#include <cerrno>
 #include <charconv>
+#include <cstring>
 #include <filesystem>
 #include <new>
 #include <system_error>
@@ -16,11 +18,43 @@
 #include <luabind/luabind.hpp>
 
 #include "traderbase/base/config/internal/guardedlog.h"
+#include "traderbase/base/config/internal/tablescript.h"
 
 // An error that reaches Lua outside of a protected call ends the process. Running out of memory is such an error and
 // may come from nearly every call, and so is whatever a script's metamethods raise. So all work is done in C functions
 // under lua_cpcall and lua_pcall; outside of them stand only calls that neither allocate nor call back. No C++
 // exception may pass through Lua's own frames, and no object with a destructor may live across a call that can raise.
+
+namespace {
+
+// A text that a script hands to printLog, where the interpreter keeps it.
+struct ScriptText {
+    const char* data;
+    std::size_t size;
+};
+
+}  // namespace
+
+// luabind's own conversion to std::string would make a script's error of an exception that says there is no memory.
+// Scripts are told of a std::string all the same.
+namespace luabind {
+
+template <>
+struct default_converter<ScriptText> : native_converter_base<ScriptText> {
+    static int compute_score(lua_State* lua, int index) { return lua_type(lua, index) == LUA_TSTRING ? 0 : -1; }
+
+    static ScriptText from(lua_State* lua, int index) { return {lua_tostring(lua, index), lua_objlen(lua, index)}; }
+};
+
+namespace detail {
+
+template <>
+struct type_to_string<ScriptText> {
+    static void get(lua_State* lua) { lua_pushliteral(lua, "std::string"); }
+};
+
+}  // namespace detail
+}  // namespace luabind
 
 namespace luabase {
 
@@ -35,8 +69,11 @@ constexpr LogPlace kInitPlace{kFile, kShortFile, "init"};
 constexpr LogPlace kGetConfigPlace{kFile, kShortFile, "getConfig"};
 constexpr LogPlace kPrintLogPlace{kFile, kShortFile, "luabase::printLog"};
 
-// Its address is the place in the registry where the loaded script waits to be run.
+// Their addresses are places in the registry: where the loaded script waits to be run; where a true says that the
+// standard libraries were opened and that no memory has been lacking since; where the host function lies.
 const char kLoadedScript = 0;
+const char kWhole = 0;
+const char kHostFunction = 0;
 
 // The number as the interpreter writes it, but with a point whatever the process's locale.
 std::string numberText(lua_Number number) {
@@ -73,60 +110,142 @@ void reportError(lua_State* lua, const LogPlace& place) noexcept {
 
 // Pipes and devices: opening or reading them may wait for ever. What is missing and what is a directory is no such
 // thing, and the interpreter has its own words for both.
-bool mayKeepWaiting(const std::string& path) {
+bool mayKeepWaiting(const char* path) {
     namespace fs = std::filesystem;
     try {
         std::error_code ignored;
-        const fs::file_status status = fs::status(path.c_str(), ignored);
+        const fs::file_status status = fs::status(path, ignored);
         return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
     } catch (const std::system_error&) {  // a text that the system cannot make a path of opens nothing
         return false;
     }
 }
 
-struct ScriptFile {
+void pushPlace(lua_State* lua, const char& place) {
+    lua_pushlightuserdata(lua, const_cast<char*>(&place));
+}
+
+// Whether the script that init() loaded is there as far as memory goes. Raises nothing.
+bool isWhole(lua_State* lua) {
+    pushPlace(lua, kWhole);
+    lua_rawget(lua, LUA_REGISTRYINDEX);
+    const bool whole = lua_toboolean(lua, -1) != 0;
+    lua_pop(lua, 1);
+    return whole;
+}
+
+// Pushes the key and the value of the table's entry with that name, or nothing when there is none. Unlike lua_getfield
+// it raises nothing.
+bool pushEntry(lua_State* lua, int table, const char* name) {
+    lua_pushnil(lua);
+    while (lua_next(lua, table) != 0) {
+        if (lua_type(lua, -2) == LUA_TSTRING && std::strcmp(lua_tostring(lua, -2), name) == 0) return true;
+        lua_pop(lua, 1);
+    }
+    return false;
+}
+
+// Takes from file handles what closes them when they are released. Lua's io library makes handles for the process's own
+// standard streams and only then marks them as not to be closed: cut short in between, it would close the stream.
+// Raises nothing.
+void letGoOfFiles(lua_State* lua) {
+    const int top = lua_gettop(lua);
+    if (pushEntry(lua, LUA_REGISTRYINDEX, LUA_FILEHANDLE)) {
+        const int metatable = lua_gettop(lua);
+        if (pushEntry(lua, metatable, "__gc")) {
+            lua_pop(lua, 1);
+            lua_pushnil(lua);
+            lua_rawset(lua, metatable);
+        }
+    }
+    lua_settop(lua, top);
+}
+
+// Remembers that the interpreter ran out of memory on its way to the loaded script. Raises nothing: an entry that is
+// there is changed, and none is made.
+void rememberLack(lua_State* lua) {
+    if (!isWhole(lua)) return letGoOfFiles(lua);
+    pushPlace(lua, kWhole);
+    lua_pushboolean(lua, 0);
+    lua_rawset(lua, LUA_REGISTRYINDEX);
+}
+
+struct Loading {
     const char* path;
     bool keepsWaiting;
+    bool noMemory = false;  // it was lacking elsewhere than in the interpreter, which raised an error like any other
 };
 
-// Opens the libraries and loads the file. Argument: the file.
+// Opens the libraries and loads the file. Argument: the loading.
 int loadScript(lua_State* lua) {
-    const ScriptFile& file = *static_cast<const ScriptFile*>(lua_touserdata(lua, 1));
+    Loading& loading = *static_cast<Loading*>(lua_touserdata(lua, 1));
     luaL_openlibs(lua);
-    if (file.keepsWaiting) return luaL_error(lua, "cannot open %s: not a regular file", file.path);
-    lua_pushlightuserdata(lua, const_cast<char*>(&kLoadedScript));
-    if (luaL_loadfile(lua, file.path) != 0) return lua_error(lua);
+    pushPlace(lua, kWhole);
+    lua_pushboolean(lua, 1);
+    lua_rawset(lua, LUA_REGISTRYINDEX);
+    if (loading.keepsWaiting) return luaL_error(lua, "cannot open %s: not a regular file", loading.path);
+    pushPlace(lua, kLoadedScript);
+    errno = 0;
+    if (const int status = luaL_loadfile(lua, loading.path); status != 0) {
+        // For a file, the system's reason is left in errno, and nowhere else but in the message.
+        loading.noMemory = status == LUA_ERRMEM || (status == LUA_ERRFILE && errno == ENOMEM);
+        return lua_error(lua);
+    }
     lua_rawset(lua, LUA_REGISTRYINDEX);
     return 0;
 }
 
 // Pushes the script that loadScript() left. Raises nothing: the entry is there, and it is emptied, not removed.
 void pushLoadedScript(lua_State* lua) {
-    void* const key = const_cast<char*>(&kLoadedScript);
-    lua_pushlightuserdata(lua, key);
+    pushPlace(lua, kLoadedScript);
     lua_rawget(lua, LUA_REGISTRYINDEX);
-    lua_pushlightuserdata(lua, key);
+    pushPlace(lua, kLoadedScript);
     lua_pushnil(lua);
     lua_rawset(lua, LUA_REGISTRYINDEX);
 }
 
-bool fillWithHostFunctions(lua_State* lua, int table) {
+void printScriptText(ScriptText text) {
     try {
-        luabind::module(luabind::object(luabind::from_stack(lua, table)))[luabind::def("printLog", &printLog)];
+        printLog(std::string(text.data, text.size));
+    } catch (...) {  // NOLINT(bugprone-empty-catch): no memory for the line
+    }
+}
+
+using PrintLog = luabind::detail::function_object_impl<decltype(&printScriptText),
+                                                       decltype(luabind::detail::deduce_signature(&printScriptText)),
+                                                       luabind::detail::null_type>;
+
+// printLog as luabind calls it. It lies in the interpreter's own memory, so that nothing is lost when an error of Lua's
+// jumps over the making of it; the interpreter gives that memory back, and luabind gives back nothing.
+struct HostFunction : PrintLog {
+    HostFunction() : PrintLog(&printScriptText, {}) { name = "printLog"; }
+    static void* operator new(std::size_t /*size*/, void* place) { return place; }
+    static void operator delete(void* /*place*/, void* /*where*/) {}
+    static void operator delete(void* /*place*/) {}
+};
+
+// False when there is no memory for it elsewhere than in the interpreter.
+bool pushHostFunction(lua_State* lua, void* memory) {
+    try {
+        luabind::detail::make_function_aux(lua, new (memory) HostFunction).push(lua);
         return true;
     } catch (...) {
         return false;
     }
 }
 
-// Registers printLog. luabind fills a table of ours, and from there the function is put where no metatable can object:
-// a script that guards its globals against new names gets it all the same.
+// Registers printLog, and puts it where no metatable can object: a script that guards its globals against new names
+// gets it all the same. Argument: the loading.
 int registerHostFunctions(lua_State* lua) {
-    lua_newtable(lua);
-    if (!fillWithHostFunctions(lua, lua_gettop(lua))) return luaL_error(lua, "printLog cannot be registered");
+    Loading& loading = *static_cast<Loading*>(lua_touserdata(lua, 1));
+    pushPlace(lua, kHostFunction);
+    void* const memory = lua_newuserdata(lua, sizeof(HostFunction));
+    lua_rawset(lua, LUA_REGISTRYINDEX);
     lua_pushliteral(lua, "printLog");
-    lua_pushvalue(lua, -1);
-    lua_rawget(lua, -3);
+    if (!pushHostFunction(lua, memory)) {
+        loading.noMemory = true;
+        return luaL_error(lua, "not enough memory");
+    }
     lua_rawset(lua, LUA_GLOBALSINDEX);
     return 0;
 }
@@ -164,42 +283,78 @@ void printLog(std::string message) {
     writeError(kPrintLogPlace, message);
 }
 
-void LuaConfig::init(std::string path) {
+LuaConfig::Run LuaConfig::start(const char* path) {
     const Guard guard(mutex);
+    Loading loading{path, mayKeepWaiting(path)};
     lua_State* const lua = luaL_newstate();
     state = lua;
     if (lua == nullptr) {
         writeError(kInitPlace, "not enough memory");
-        return;
+        throw std::bad_alloc();
     }
-    ScriptFile file{path.c_str(), mayKeepWaiting(path)};
-    if (lua_cpcall(lua, &loadScript, &file) != 0) return reportError(lua, kInitPlace);
-    pushLoadedScript(lua);
-    if (lua_pcall(lua, 0, LUA_MULTRET, 0) != 0) return reportError(lua, kInitPlace);
-    if (lua_cpcall(lua, &registerHostFunctions, nullptr) != 0) reportError(lua, kInitPlace);
+    int status = lua_cpcall(lua, &loadScript, &loading);
+    if (status == 0) {
+        pushLoadedScript(lua);
+        status = lua_pcall(lua, 0, LUA_MULTRET, 0);
+    }
+    if (status == 0) status = lua_cpcall(lua, &registerHostFunctions, &loading);
+    if (status == 0) return Run::Done;
+    reportError(lua, kInitPlace);
+    if (status != LUA_ERRMEM && !loading.noMemory) return Run::Failed;
+    rememberLack(lua);
+    return Run::NoMemory;
+}
+
+LuaConfig::Run LuaConfig::ask(const char* function, const char* argument, std::string& answer) {
+    if (state == nullptr) return Run::Done;
+    Question question{function, argument, {}, false};
+    lua_State* const lua = state;  // the script may come back here and call init()
+    if (const int status = lua_cpcall(lua, &callFunction, &question); status != 0) {
+        reportError(lua, kGetConfigPlace);
+        return status == LUA_ERRMEM ? Run::NoMemory : Run::Failed;
+    }
+    // An empty answer would say that the script has none, and what is made of that would be wrong.
+    if (question.tooLarge) throw std::bad_alloc();
+    answer = std::move(question.answer);
+    return Run::Done;
+}
+
+void LuaConfig::init(std::string path) {
+    start(path.c_str());
 }
 
 std::string LuaConfig::getConfig(std::string function) {
     const Guard guard(mutex);
-    return ask(function.c_str(), nullptr);
+    std::string answer;
+    ask(function.c_str(), nullptr, answer);
+    return answer;
 }
 
 std::string LuaConfig::getConfig(std::string function, std::string argument) {
     const Guard guard(mutex);
-    return ask(function.c_str(), argument.c_str());
+    std::string answer;
+    ask(function.c_str(), argument.c_str(), answer);
+    return answer;
 }
 
-std::string LuaConfig::ask(const char* function, const char* argument) {
-    if (state == nullptr) return {};
-    Question question{function, argument, {}, false};
-    lua_State* const lua = state;  // the script may come back here and call init()
-    if (lua_cpcall(lua, &callFunction, &question) != 0) {
-        reportError(lua, kGetConfigPlace);
-        return {};
-    }
-    // An empty answer would say that the script has none, and what is made of that would be wrong.
-    if (question.tooLarge) throw std::bad_alloc();
-    return std::move(question.answer);
+std::string LuaConfig::askForTable(const char* function, const char* argument) {
+    const Guard guard(mutex);
+    std::string answer;
+    if (state != nullptr && !isWhole(state)) throw std::bad_alloc();
+    if (ask(function, argument, answer) == Run::NoMemory) throw std::bad_alloc();
+    return answer;
+}
+
+void TableScript::init(LuaConfig& script, const std::string& path) {
+    if (script.start(path.c_str()) == LuaConfig::Run::NoMemory) throw std::bad_alloc();
+}
+
+std::string TableScript::getConfig(LuaConfig& script, const std::string& function) {
+    return script.askForTable(function.c_str(), nullptr);
+}
+
+std::string TableScript::getConfig(LuaConfig& script, const std::string& function, const std::string& argument) {
+    return script.askForTable(function.c_str(), argument.c_str());
 }
 
 }  // namespace luabase

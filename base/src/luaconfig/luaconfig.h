@@ -19,8 +19,10 @@ TRADERBASE_API void printLog(std::string message);
 // instance, and a call that comes back to the same instance from inside a script's printLog is answered. Destroy it
 // when nobody asks any more. Instances share nothing.
 //
-// Whatever a script gets wrong is one line at ERROR level, Lua's own message, and an empty answer; nothing is thrown
-// but std::bad_alloc, when there is no memory for an answer.
+// Whatever a script gets wrong is one line at ERROR level, Lua's own message, and an empty answer; so is running out of
+// the interpreter's memory, "not enough memory". Nothing is thrown but std::bad_alloc, when there is no memory for an
+// interpreter or for an answer. (The store and the catalogue tell a lack of memory from an empty answer and keep what
+// they have.)
 // Scripts are trusted: one that runs for ever is waited for, and one that ends the process by os.exit, or by a string
 // pattern of many thousand items, for which the interpreter takes the stack of the process, ends it.
 class LuaConfig {
@@ -49,8 +51,15 @@ public:
 private:
     // The tests' way to the interpreter.
     friend struct LuaConfigPeer;
+    // The library's own way to learn that an empty answer means a lack of memory.
+    friend struct TableScript;
 
-    std::string ask(const char* function, const char* argument);
+    // What came of running a script or one of its functions.
+    enum class Run { Done, Failed, NoMemory };
+
+    Run start(const char* path);
+    Run ask(const char* function, const char* argument, std::string& answer);
+    std::string askForTable(const char* function, const char* argument);
 
     lua_State* state = nullptr;
     boost::recursive_mutex mutex;

@@ -1,29 +1,23 @@
 // An interpreter that runs out of memory, at every single point where it could.
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <lua.hpp>
+#include <new>
 #include <string>
+#include <vector>
 
 #include "luaconfig/luaconfig.h"
 #include "standin/logsetup.h"
 #include "tests/base/luaconfig/script.h"
-#include "tests/support/sanitizers.h"
-
-#if TT_ADDRESS_SANITIZER
-#include <sanitizer/lsan_interface.h>
-// What luabind has begun when Lua's error jumps over it is lost; that is its business.
-using LeaksAllowed = __lsan::ScopedDisabler;
-#else
-struct LeaksAllowed {
-    LeaksAllowed() {}
-};
-#endif
+#include "traderbase/base/config/internal/tablescript.h"
 
 using luabase::LuaConfig;
 using luabase::LuaConfigPeer;
+using luabase::TableScript;
 using standin::LogCapture;
 using testing::ElementsAre;
 
@@ -47,13 +41,18 @@ void* limited(void*, void* block, std::size_t before, std::size_t wanted) {
 // Loads the script with memory for no request, for one, for two and so on until that is enough. Answers 0, or the
 // number of the first check that failed.
 int loadUntilItSucceeds(const std::string& path) {
-    const LeaksAllowed leaksAllowed;
     for (long points = 0;; ++points) {
         const LogCapture log;
         LuaConfig config;
         budget = points;
-        config.init(path);
+        bool interpreter = true;
+        try {
+            config.init(path);
+        } catch (const std::bad_alloc&) {
+            interpreter = false;
+        }
         budget = -1;
+        if (interpreter != (LuaConfigPeer::interpreter(config) != nullptr)) return 6;
         const std::string answer = config.getConfig("ask", "!");
         if (log.messages().empty()) {  // it was enough
             if (answer.size() != 101) return 1;
@@ -62,6 +61,21 @@ int loadUntilItSucceeds(const std::string& path) {
         }
         if (log.messages()[0] != "not enough memory" || log.lines()[0].function != "init") return 4;
         if (!answer.empty() && answer.size() != 101) return 5;
+    }
+}
+
+// Which of the process's standard streams are open.
+std::vector<bool> openStreams() {
+    return {fcntl(0, F_GETFD) != -1, fcntl(1, F_GETFD) != -1, fcntl(2, F_GETFD) != -1};
+}
+
+template <typename Work>
+bool isOutOfMemory(const Work& work) {
+    try {
+        work();
+        return false;
+    } catch (const std::bad_alloc&) {
+        return true;
     }
 }
 
@@ -77,7 +91,7 @@ TEST(LuaConfig, SurvivesAnInterpreterThatCannotBeMade) {
     const LogCapture log;
     LuaConfig config;
     budget = 0;
-    config.init("any.lua");
+    EXPECT_THROW(config.init("any.lua"), std::bad_alloc);
     EXPECT_THAT(log.messages(), ElementsAre("not enough memory"));
     EXPECT_EQ(log.lines()[0].function, "init");
     EXPECT_EQ(LuaConfigPeer::interpreter(config), nullptr);
@@ -85,13 +99,57 @@ TEST(LuaConfig, SurvivesAnInterpreterThatCannotBeMade) {
     EXPECT_EQ(log.lines().size(), 1U);
 }
 
-// Lua's io library, cut short while it takes over the standard streams, closes them in the end. So this is tried in a
-// process of its own, which tells by its exit code alone: 0, or what was wrong.
+// Lua's io library, cut short while it takes over the standard streams, would close them in the end.
 TEST(LuaConfig, SurvivesMemoryThatRunsOutWhileTheScriptIsLoaded) {
     const tests::TempFolder folder;
     const std::string path = folder.write(
         "script.lua", "text = string.rep('x', 100) function ask(t) return text .. t end return 1, text, {}");
-    EXPECT_EXIT(std::_Exit(loadUntilItSucceeds(path)), testing::ExitedWithCode(0), "");
+    const std::vector<bool> streams = openStreams();
+    EXPECT_EQ(loadUntilItSucceeds(path), 0);
+    EXPECT_EQ(openStreams(), streams);
+}
+
+// A table that would be filled by the answer must not be filled by none.
+TEST(LuaConfig, TellsTablesOfMemoryThatRanOutWhileTheScriptWasLoaded) {
+    const tests::TempFolder folder;
+    const std::string path = folder.write("script.lua", "function ask(t) return 'the answer to ' .. t end");
+    long refused = 0;
+    for (bool complete = false; !complete; ++refused) {
+        LuaConfig config;
+        budget = refused;
+        complete = !isOutOfMemory([&] { TableScript::init(config, path); });
+        budget = -1;
+        if (complete) {
+            EXPECT_EQ(TableScript::getConfig(config, "ask", "!"), "the answer to !");
+        } else if (LuaConfigPeer::interpreter(config) != nullptr) {
+            EXPECT_THROW(TableScript::getConfig(config, "ask", "!"), std::bad_alloc) << refused;
+        }
+    }
+    EXPECT_GT(refused, 300);
+}
+
+TEST(LuaConfig, TellsTablesOfMemoryThatRunsOutDuringACall) {
+    const tests::TempFolder folder;
+    const std::string path = folder.write("script.lua",
+                                          "function ask(t) return table.concat({t, t .. t, t}) end "
+                                          "function fail() error('an error of its own') end");
+    LogCapture log;
+    LuaConfig config;
+    TableScript::init(config, path);
+    long refused = 0;
+    for (bool complete = false; !complete; ++refused) {
+        const std::string argument = "argument " + std::to_string(refused) + ", ";
+        std::string answer;
+        log.clear();
+        budget = refused;
+        complete = !isOutOfMemory([&] { answer = TableScript::getConfig(config, "ask", argument); });
+        budget = -1;
+        EXPECT_EQ(answer, complete ? argument + argument + argument + argument : "") << refused;
+        EXPECT_EQ(log.messages().size(), complete ? 0U : 1U) << refused;
+    }
+    EXPECT_GT(refused, 5);
+    EXPECT_EQ(TableScript::getConfig(config, "fail"), "");
+    EXPECT_EQ(TableScript::getConfig(config, "missing"), "");
 }
 
 TEST(LuaConfig, SurvivesMemoryThatRunsOutDuringACall) {

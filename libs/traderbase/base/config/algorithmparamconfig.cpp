@@ -17,6 +17,7 @@
 #include "traderbase/base/config/internal/lastingslot.h"
 #include "traderbase/base/config/internal/markettimescript.h"
 #include "traderbase/base/config/internal/replacing.h"
+#include "traderbase/base/config/internal/tablescript.h"
 #include "traderbase/base/config/internal/vendorblocks.h"
 
 namespace ttservice {
@@ -56,7 +57,7 @@ AlgorithmParamConfig::AlgorithmParamConfig(internal::Lifetime lifetime) {
 void AlgorithmParamConfig::initAlgoParams(luabase::LuaConfig& script) {
     try {
         for (const internal::VendorBlock& block : internal::kVendorBlocks) {
-            if (isWanted(block)) (this->*block.read)(script.getConfig(block.function));
+            if (isWanted(block)) (this->*block.read)(luabase::TableScript::getConfig(script, block.function));
         }
     } catch (...) {
         reportError("initAlgoParams");
@@ -65,7 +66,7 @@ void AlgorithmParamConfig::initAlgoParams(luabase::LuaConfig& script) {
 
 void AlgorithmParamConfig::initMarketTime() {
     luabase::LuaConfig script;
-    script.init(internal::kMarketTimeScript);
+    luabase::TableScript::init(script, internal::kMarketTimeScript);
     std::map<std::string, std::string> fresh;
     if (!internal::readMarketTimes(script, fresh)) reportError("initMarketTime");
     internal::replaceEntries(marketTimes, fresh);

@@ -37,11 +37,12 @@ public:
 
     // Asks the script, which the client has loaded, for the vendors that the user holds rights to, and always for the
     // algorithms and the help text of the platform itself. Called again it replaces the texts and appends the records
-    // once more. After an exception the vendors read so far stay and the others are left out.
+    // once more. After an exception, or when memory runs out, the script's included, the vendors read so far stay and
+    // the others are left out.
     void initAlgoParams(luabase::LuaConfig& script);
 
     // Reads the market times from "../luaScripts/MarketTime.lua", as the construction does; markets that the script
-    // does not name stay.
+    // does not name stay. Memory that runs out, the script's included, is std::bad_alloc and leaves all as they are.
     void initMarketTime();
 
     // The earliest record of exactly that name, shared; null without one.

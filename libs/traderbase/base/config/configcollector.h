@@ -299,7 +299,8 @@ public:
     // Times are seconds since midnight. Not locked: built with the store, and again only when the client asks for it.
 
     // Builds the sessions of all markets anew from a market-time script; "../luaScripts/MarketTime.lua" when none is
-    // named. A script that names no markets leaves them as they are; Lua errors are logged at ERROR level.
+    // named. A script that names no markets leaves them as they are; Lua errors are logged at ERROR level. Memory that
+    // runs out, the script's included, is std::bad_alloc and leaves them as they are.
     void initMarketTradingTime();
     void initMarketTradingTime(const std::string& scriptPath);
 

@@ -6,6 +6,7 @@
 #include "luaconfig/luaconfig.h"
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/markettimescript.h"
+#include "traderbase/base/config/internal/tablescript.h"
 #include "traderbase/base/config/internal/tradingsessions.h"
 
 namespace ttservice {
@@ -16,7 +17,7 @@ void ConfigCollector::initMarketTradingTime() {
 
 void ConfigCollector::initMarketTradingTime(const std::string& scriptPath) {
     luabase::LuaConfig script;
-    script.init(scriptPath);
+    luabase::TableScript::init(script, scriptPath);
     std::map<std::string, std::string> sessionTexts;
     internal::readMarketTimes(script, sessionTexts);
     initMarketTradingTime(sessionTexts);

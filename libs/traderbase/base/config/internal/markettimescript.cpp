@@ -9,21 +9,21 @@
 
 #include <mongo/bson/bson.h>
 
-#include "luaconfig/luaconfig.h"
 #include "traderbase/base/config/internal/jsonobject.h"
+#include "traderbase/base/config/internal/tablescript.h"
 
 namespace bson = mongo;
 
 namespace ttservice::internal {
 
 bool readMarketTimes(luabase::LuaConfig& script, std::map<std::string, std::string>& sessionTexts) {
-    const std::string list = script.getConfig("getMarkets");
+    const std::string list = luabase::TableScript::getConfig(script, "getMarkets");
     if (list.empty()) return true;
     const std::optional<bson::BSONObj> markets = readJsonObject(list);
     if (!markets) return false;
     for (bson::BSONObjIterator field(*markets); field.more();) {
         const std::string market = field.next().fieldName();
-        sessionTexts[market] = script.getConfig("getMarketTradeDuration", market);
+        sessionTexts[market] = luabase::TableScript::getConfig(script, "getMarketTradeDuration", market);
     }
     return true;
 }
