@@ -1,16 +1,13 @@
 #pragma once
 
-#include <exception>
-#include <new>
-#include <utility>
-
 namespace tests {
 
 // Whether only one request fails, or that one and all that follow.
 enum class Shortage { Once, FromThenOn };
 
 // Refuses memory to this thread from its n-th request on, counted from 1, for as long as it lives. The program must
-// link failingallocations.cpp, which stands in for the global operator new.
+// link failingallocations.cpp and either failingmalloc.cpp, which sees every request in the process, or failingnew.cpp,
+// which sees those of C++ alone.
 class FailingAllocations {
 public:
     FailingAllocations(long nth, Shortage shortage);
@@ -22,31 +19,10 @@ public:
     bool refused() const;
 };
 
+// Whether failingmalloc.cpp is linked.
+bool isEverybodyRefused();
+
 // How many pieces of memory all threads together hold now.
 long piecesHeld();
-
-// How many requests were refused in this process.
-long requestsRefused();
-
-enum class Outcome { Done, NoMemory, OtherException };
-
-// Does the work while memory is refused as said. Done and refused: the work coped with the refusal.
-struct Attempt {
-    Outcome outcome;
-    bool refused;
-};
-
-template <typename Work>
-Attempt attempt(long nth, Shortage shortage, Work&& work) {
-    const FailingAllocations failing(nth, shortage);
-    try {
-        std::forward<Work>(work)();
-        return {Outcome::Done, failing.refused()};
-    } catch (const std::bad_alloc&) {
-        return {Outcome::NoMemory, failing.refused()};
-    } catch (...) {
-        return {Outcome::OtherException, failing.refused()};
-    }
-}
 
 }  // namespace tests

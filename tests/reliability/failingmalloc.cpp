@@ -1,0 +1,78 @@
+// Refuses whatever anybody in the process asks for: stands in for malloc and its relatives, on which operator new, the
+// JSON library's buffers, the interpreter and the C library's files build. For glibc, whose own functions go by second
+// names, in builds without a sanitizer.
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+
+#include "tests/reliability/failingallocations.h"
+#include "tests/reliability/refusals.h"
+
+#define TT_FOR_EVERYBODY extern "C" __attribute__((visibility("default")))
+
+extern "C" {
+void* __libc_malloc(std::size_t bytes);
+void* __libc_calloc(std::size_t count, std::size_t bytes);
+void* __libc_realloc(void* memory, std::size_t bytes);
+void* __libc_memalign(std::size_t alignment, std::size_t bytes);
+void __libc_free(void* memory);
+}
+
+namespace {
+
+void* counted(void* memory) noexcept {
+    if (memory != nullptr) tests::refusals::taken();
+    return memory;
+}
+
+bool isRefused() noexcept {
+    if (!tests::refusals::isRefused()) return false;
+    errno = ENOMEM;
+    return true;
+}
+
+}  // namespace
+
+TT_FOR_EVERYBODY void* malloc(std::size_t bytes) noexcept {
+    return isRefused() ? nullptr : counted(__libc_malloc(bytes));
+}
+
+TT_FOR_EVERYBODY void* calloc(std::size_t count, std::size_t bytes) noexcept {
+    return isRefused() ? nullptr : counted(__libc_calloc(count, bytes));
+}
+
+// The piece stays where it is when it cannot grow. A request to shrink is refused as well: nobody may count on it.
+TT_FOR_EVERYBODY void* realloc(void* memory, std::size_t bytes) noexcept {
+    if (memory != nullptr && bytes == 0) {
+        tests::refusals::givenBack();
+        return __libc_realloc(memory, bytes);
+    }
+    if (isRefused()) return nullptr;
+    return memory == nullptr ? counted(__libc_malloc(bytes)) : __libc_realloc(memory, bytes);
+}
+
+TT_FOR_EVERYBODY void* memalign(std::size_t alignment, std::size_t bytes) noexcept {
+    return isRefused() ? nullptr : counted(__libc_memalign(alignment, bytes));
+}
+
+TT_FOR_EVERYBODY void* aligned_alloc(std::size_t alignment, std::size_t bytes) noexcept {
+    return memalign(alignment, bytes);
+}
+
+TT_FOR_EVERYBODY int posix_memalign(void** memory, std::size_t alignment, std::size_t bytes) noexcept {
+    void* const fresh = memalign(alignment, bytes);
+    if (fresh == nullptr) return ENOMEM;
+    *memory = fresh;
+    return 0;
+}
+
+TT_FOR_EVERYBODY void free(void* memory) noexcept {
+    if (memory == nullptr) return;
+    tests::refusals::givenBack();
+    __libc_free(memory);
+}
+
+bool tests::isEverybodyRefused() {
+    return true;
+}
