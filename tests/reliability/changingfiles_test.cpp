@@ -11,6 +11,7 @@
 
 #include "tests/reliability/changingfile.h"
 #include "tests/support/clientfolder.h"
+#include "tests/support/sanitizers.h"
 #include "tests/support/standarderror.h"
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/storeslot.h"
@@ -27,6 +28,7 @@ namespace {
 
 constexpr std::size_t kSwitches = 2047;
 constexpr int kMostLoads = 2000;  // whatever is to be seen is seen in a handful, unless the machine does much else
+constexpr int kLeastReplaced = tests::kUnderSanitizer ? 60 : 300;
 constexpr unsigned kLongestLoad = 240;
 
 // What a load into an empty store finds. One that hangs ends the test.
@@ -83,7 +85,8 @@ TEST(FileFaults, AFileThatIsReplacedWhileReadIsTheOldOrTheNewOne) {
     int firsts = 0;
     int seconds = 0;
     int disturbed = 0;
-    for (int load = 0; load < kMostLoads && (load < 300 || firsts < 10 || seconds < 10 || disturbed < 10); ++load) {
+    for (int load = 0; load < kMostLoads && (load < kLeastReplaced || firsts < 10 || seconds < 10 || disturbed < 10);
+         ++load) {
         const long before = replacing.times();
         const SwitchLists lists = loaded(replacing.path());
         if (replacing.times() > before + 1) ++disturbed;

@@ -5,12 +5,15 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include "tests/support/tempfile.h"
 #include "tests/tools/ttconfig/toolrun.h"
+#include "ttconfig/fault.h"
+#include "ttconfig/settingsfile.h"
 
 namespace {
 
@@ -57,6 +60,22 @@ TEST(SettingsOption, NamesAFileThatCanBeMeant) {
         expectRefused({"ask", "getRefLimit", "--settings", row.path}, row.path, row.said);
         expectRefused({"summary", "--settings", row.path}, row.path, row.said);
     }
+}
+
+TEST(FileMoment, TellsAFileThatWasWrittenToReplacedOrRemoved) {
+    const tests::TempFolder folder;
+    const std::string path = folder.write("settings.ini", "[setting]\n");
+    const ttconfig::FileMoment before(path);
+    EXPECT_NO_THROW(before.requireUnchanged());
+    const auto written = std::filesystem::last_write_time(path);
+    std::filesystem::last_write_time(path, written + std::chrono::seconds(1));
+    EXPECT_THROW(before.requireUnchanged(), ttconfig::Fault);
+    folder.write("settings.ini", "[setting]\n\n");
+    std::filesystem::last_write_time(path, written);
+    EXPECT_THROW(before.requireUnchanged(), ttconfig::Fault);
+    std::filesystem::remove(path);
+    EXPECT_THROW(before.requireUnchanged(), ttconfig::Fault);
+    EXPECT_NO_THROW(ttconfig::FileMoment(path).requireUnchanged());
 }
 
 TEST(SettingsOption, NeedsAFileThatMayBeRead) {
