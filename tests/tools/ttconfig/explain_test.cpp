@@ -86,6 +86,26 @@ TEST(Explain, HandsNoControlCharacterOnToTheTerminal) {
     }
 }
 
+TEST(Explain, ShowsNamesOfFilesWithTheirControlCharactersAsEscapes) {
+    const tests::TempFolder folder;
+    const std::string settings = folder.write("es\x1B[31mc\xC2\x9B.ini", "[setting]\nrefLimit=7\n");
+    const ToolRun run = explain({"getRefLimit", "--why-not", "8"}, settings);
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_THAT(run.out, HasSubstr("/es\\u001b[31mc\\u009b.ini:2:10: refLimit=7\n"));
+    EXPECT_THAT(run.out, HasSubstr("/es\\u001b[31mc\\u009b.ini:2\n- refLimit=7\n+ refLimit=8\n"));
+    const json answer = json::parse(explain({"getRefLimit", "--format", "json"}, settings).out);
+    EXPECT_EQ(answer.at("place").at("file"), settings);
+}
+
+TEST(Explain, ShowsControlCharactersBeyondAsciiAsQuestionMarks) {
+    const tests::TempFolder folder;
+    const std::string settings = folder.write("a.ini", "[setting]\nneedmaxamount=12\xC2\x9B,\t8\n");
+    const ToolRun run = explain({"isNeedMaxAmountPts", "12"}, settings);
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_THAT(run.out, HasSubstr("a.ini:2:15: needmaxamount=12?,\t8\n"));
+    EXPECT_THAT(run.out, testing::Not(HasSubstr("\xC2\x9B")));
+}
+
 TEST(Explain, AnswersJsonWithTheSameParts) {
     for (const std::string& line : cases()) {
         std::vector<std::string> question = words(line);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "traderbase/base/config/internal/splitting.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/showntext.h"
 
@@ -25,6 +26,7 @@ struct Page {
     explicit Page(const ShownExplanation& shown)
         : text(shown.text),
           file(shown.file),
+          shownFile(visibleText(shown.file)),
           explanation(shown.explanation),
           wanted(shown.wanted),
           whyNot(shown.whyNot),
@@ -32,6 +34,7 @@ struct Page {
 
     const standin::SettingsText& text;
     const std::string& file;
+    const std::string shownFile;  // for people
     const Explanation& explanation;
     const std::optional<std::string>& wanted;
     const std::optional<WhyNot>& whyNot;
@@ -42,14 +45,14 @@ bool isInside(std::string_view text, std::size_t at) {
     return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
 }
 
-// A line as it can be shown: no control characters, valid UTF-8.
+// A line as it can be shown: on one line, with its tabs.
 std::string shownBytes(std::string_view bytes) {
-    std::string text(bytes);
-    for (char& c : text) {
-        const auto code = static_cast<unsigned char>(c);
-        if ((code < 0x20 && c != '\t') || code == 0x7F) c = '?';
-    }
-    return withReplacedBytes(text);
+    std::string text;
+    ttservice::internal::splitKeepEmpty(bytes, '\t', [&](std::string_view piece) {
+        if (piece.data() != bytes.data()) text += '\t';
+        text += onOneLine(std::string(piece));
+    });
+    return text;
 }
 
 std::string shownLine(const Page& shown, const Place& place) {
@@ -65,7 +68,8 @@ std::string shownLine(const Page& shown, const Place& place) {
 }
 
 std::string placeText(const Page& shown, const Place& place, const Colours& colours) {
-    const std::string where = shown.file + ":" + std::to_string(place.line) + ":" + std::to_string(place.column) + ":";
+    const std::string where =
+        shown.shownFile + ":" + std::to_string(place.line) + ":" + std::to_string(place.column) + ":";
     return colours(Tint::Place, where) + " " + shownLine(shown, place);
 }
 
@@ -73,7 +77,7 @@ std::string placeText(const Page& shown, const Place& place, const Colours& colo
 
 std::string editText(const Page& shown, const Edit& edit, const Colours& colours) {
     const EditLines lines = linesOf(shown.text, edit);
-    std::string text = colours(Tint::Place, shown.file + ":" + std::to_string(edit.line)) + "\n";
+    std::string text = colours(Tint::Place, shown.shownFile + ":" + std::to_string(edit.line)) + "\n";
     for (const std::string& line : lines.before)
         text += colours(Tint::Bad, "- " + shownBytes(line)) + "\n";
     for (const std::string& line : lines.after)
