@@ -1,13 +1,14 @@
-# tt_add_fuzzer(NAME SOURCES a.cpp ... MAX_LEN bytes [DICT name] [SEEDS path] [LIBS lib ...] [TOOL])
+# tt_add_fuzzer(NAME SOURCES a.cpp ... MAX_LEN bytes [DICT name] [SEEDS path ...] [LIBS lib ...] [TOOL])
 #
 # One fuzz target: a function that takes bytes and ends the program when something does not hold. With BUILD_TESTING it
 # becomes fuzz_NAME_replay, which goes through fuzz/corpus/NAME and a few hundred mutations of what is there, and is the
 # CTest test Fuzz.NAME. With TT_FUZZ it becomes fuzz_NAME as well, driven by libFuzzer. MAX_LEN is the longest input
-# worth trying, fuzz/DICT.dict has words for libFuzzer to try, SEEDS is a folder of the project, or files of one as
-# FOLDER/*.ENDING, that serve this target, too. It links the library's objects, with TOOL those of ttconfig as well.
+# worth trying, fuzz/DICT.dict has words for libFuzzer to try, SEEDS serve this target, too: files and folders of the
+# project, or the files of a folder that have an ending, FOLDER/*.ENDING. It links the library's objects, with TOOL those
+# of ttconfig as well.
 
 function(tt_add_fuzzer name)
-    cmake_parse_arguments(arg "TOOL" "MAX_LEN;DICT;SEEDS" "SOURCES;LIBS" ${ARGN})
+    cmake_parse_arguments(arg "TOOL" "MAX_LEN;DICT" "SOURCES;LIBS;SEEDS" ${ARGN})
     if(BUILD_TESTING)
         tt_add_fuzz_program(fuzz_${name}_replay ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/fuzz/replay.cpp)
         list(TRANSFORM arg_SEEDS PREPEND ${PROJECT_SOURCE_DIR}/ OUTPUT_VARIABLE furtherSeeds)
@@ -18,7 +19,8 @@ function(tt_add_fuzzer name)
     if(TT_FUZZ)
         tt_add_fuzz_program(fuzz_${name} ${arg_SOURCES})
         target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
-        file(APPEND ${PROJECT_BINARY_DIR}/fuzzers.txt "${name} ${arg_MAX_LEN} ${arg_DICT} ${arg_SEEDS}\n")
+        string(REPLACE ";" "," seeds "${arg_SEEDS}")
+        file(APPEND ${PROJECT_BINARY_DIR}/fuzzers.txt "${name} ${arg_MAX_LEN} ${arg_DICT} ${seeds}\n")
     endif()
 endfunction()
 

@@ -1,132 +1,211 @@
 // `ttconfig explain` of any settings: for every question that can be explained the explanation's answer is the store's,
-// and an edit that is said to make an answer another one does so in a store that loads the edited text.
+// text and JSON tell it and each other's places, and an edit that is said to make an answer another one does so in a
+// store that loads the edited text. All seeds together have every such question answered by what a file says.
+
+#include "ttconfig/reasons/explain.h"
 
 #include <standin/platformdatafile.h>
 
-#include <iterator>
+#include <algorithm>
+#include <cstdio>
 #include <map>
-#include <nlohmann/json.hpp>
-#include <random>
+#include <set>
 #include <string>
 #include <vector>
 
-#include "fuzz/namedin.h"
+#include "fuzz/capturedoutput.h"
+#include "fuzz/dice.h"
+#include "fuzz/explainquestions.h"
 #include "fuzz/scratchfolder.h"
+#include "fuzz/shownbytes.h"
 #include "fuzz/target.h"
+#include "fuzz/toldexplanation.h"
+#include "tests/support/slowlines.h"
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/platformswitchtable.h"
 #include "traderbase/base/config/internal/storeslot.h"
-#include "ttconfig/calls/calltable.h"
+#include "ttconfig/fault.h"
 #include "ttconfig/reasons/explainer.h"
 #include "ttconfig/reasons/whynot.h"
 #include "ttconfig/text/answertext.h"
 
 namespace {
 
+using fuzz::Dice;
+using fuzz::ExplainQuestion;
 using fuzz::require;
 using ttconfig::Answer;
-using ttconfig::Arguments;
-using ttconfig::Call;
-using ttconfig::CallState;
 using ttconfig::Explainer;
 using ttconfig::Explanation;
+using ttconfig::Reason;
 using ttservice::internal::StoreSlot;
 using Overrides = std::map<std::string, bool>;
 
-struct Question {
-    std::string call;
-    Arguments arguments;
+// How many questions of an input are asked why their answer is not another one, beside those that it holds.
+constexpr std::size_t kWhyNots = 2;
 
-    std::string shown() const { return call + Answer(ttconfig::Argument(arguments)).dump(-1, ' ', true, kReplace); }
+// A settings file, what it is read as, and where it is.
+struct Settings {
+    const std::string path;
+    const standin::SettingsText text;
+    const std::vector<std::string> lines;
+    Overrides overrides;
+    const fuzz::ScratchFolder& folder;
 
-    static constexpr auto kReplace = Answer::error_handler_t::replace;
+    // A new store that has loaded these bytes, or nothing, in place of the process's one.
+    void load(std::string_view bytes) const {
+        loadNothing();
+        folder.writeAnew("bin/" + path, bytes);
+        StoreSlot::current()->setUseLocalConfig(overrides);
+        StoreSlot::current()->readConfig(path);
+    }
+    static void loadNothing() { StoreSlot::exchange(StoreSlot::build()); }
 };
 
-// Makes arguments out of what a text names; the same ones for the same text.
-class Chooser {
-public:
-    Chooser(const standin::SettingsText& text, std::string_view input) : named(fuzz::namedIn(text)) {
-        std::seed_seq seed(input.begin(), input.end());
-        random.seed(seed);
-    }
-
-    std::size_t below(std::size_t limit) { return random() % limit; }
-
-    std::string word() {
-        static const std::vector<std::string> kOthers = {"SH", "SZ", "HGT", "HK", "NEEQ", "P1", "needmaxamount"};
-        return below(4) == 0 ? kOthers[below(kOthers.size())] : named.words[below(named.words.size())];
-    }
-
-    // Arguments that the overload takes; none where one of them is of a kind that settings do not name.
-    bool choose(const Call& call, Arguments& arguments) {
-        const auto& instrument = named.instruments[below(named.instruments.size())];
-        const bool isInstrument = below(3) != 0;
-        std::size_t texts = 0;
-        for (const ttconfig::Parameter& parameter : call.parameters) {
-            if (parameter.wanted == "text") {
-                ++texts;
-                const bool isMarket = texts == 1;
-                arguments.push_back(!isInstrument || texts > 2 ? word()
-                                                               : (isMarket ? instrument.first : instrument.second));
-            } else if (parameter.wanted == "int") {
-                arguments.push_back(number());
-            } else if (parameter.wanted == "bool") {
-                arguments.push_back(below(2) == 0);
-            } else {
-                return false;
-            }
-        }
-        return true;
-    }
-
-private:
-    int number() {
-        static constexpr int kOthers[] = {1, 2, 3, 4, 5, 50, 57, 84, 117};
-        return below(4) == 0 ? kOthers[below(std::size(kOthers))] : named.platforms[below(named.platforms.size())];
-    }
-
-    const fuzz::Named named;
-    std::mt19937 random;
-};
-
-// A new store that has loaded the text, in place of the process's one.
-std::string loadAnew(const fuzz::ScratchFolder& folder, std::string_view bytes, const Overrides& overrides) {
-    StoreSlot::exchange(StoreSlot::build());
-    const std::string path = folder.write("settings.ini", bytes);
-    StoreSlot::current()->setUseLocalConfig(overrides);
-    StoreSlot::current()->readConfig(path);
-    return path;
+// The reasons that each operation's answers had.
+std::map<std::string, std::set<Reason>>& reasonsSeen() {
+    static std::map<std::string, std::set<Reason>> seen;
+    return seen;
 }
 
 // The store's answer to a session's first request.
-Answer asked(const Question& question) {
-    CallState state;
+Answer asked(const ExplainQuestion& question) {
+    ttconfig::CallState state;
     return ttconfig::callTable().answer(state, question.call, question.arguments);
 }
 
-bool isSame(const Answer& left, const Answer& right) {
-    return ttconfig::answerJson(left) == ttconfig::answerJson(right);
-}
-
-std::vector<Question> questionsFor(Chooser& chooser) {
-    std::vector<Question> questions;
-    for (const auto& [name, overloads] : ttconfig::callTable().rows()) {
-        if (!Explainer::explains(name)) continue;
-        for (const Call& call : overloads) {
-            Question question{name, {}};
-            if (chooser.choose(call, question.arguments)) questions.push_back(std::move(question));
-        }
-    }
-    return questions;
-}
-
-void checkExplanation(const Explainer& explainer, const Question& question) {
-    const Explanation explanation = explainer.explain(question.call, question.arguments);
-    const Answer answer = asked(question);
-    require(isSame(explanation.answer, answer), "an explanation has the store's answer",
+Explanation checkedExplanation(const Explainer& explainer, const ExplainQuestion& question, const Answer& answer,
+                               const Settings& settings) {
+    Explanation explanation = explainer.explain(question.call, question.arguments);
+    require(ttconfig::answerJson(explanation.answer) == ttconfig::answerJson(answer),
+            "an explanation has the store's answer",
             question.shown() + " " + ttconfig::answerJson(explanation.answer) + " " + ttconfig::answerJson(answer));
     require(!explanation.rule.empty(), "an explanation names its rule", question.shown());
+    fuzz::checkPlaces(explanation, settings.lines);
+    reasonsSeen()[question.call].insert(explanation.reason);
+    return explanation;
 }
+
+// --- edits
+
+// Both edits, and what somebody makes of them who carries them out by hand, lead to the wanted answer.
+void checkEdits(const ExplainQuestion& question, const ttconfig::WhyNot& whyNot, const std::string& json,
+                const Settings& settings) {
+    const ttconfig::Wanted wanted(*question.wanted);
+    const auto leadsThere = [&](const std::string& bytes, const char* rule) {
+        settings.load(bytes);
+        require(wanted.matches(asked(question)), rule, question.shown() + "\n" + bytes);
+    };
+    for (const auto& edit : {whyNot.edit, whyNot.narrower}) {
+        if (!edit) continue;
+        require(edit->line >= 1 && edit->line <= settings.lines.size() + 1, "an edit is in the file", question.shown());
+        leadsThere(editedText(settings.text, *edit), "an edit makes the answer what was wanted");
+    }
+    const std::vector<std::string> words = question.words();
+    if (!fuzz::isUtf8(*question.wanted) || !std::all_of(words.begin(), words.end(), fuzz::isUtf8)) return;
+    for (const std::string& bytes : fuzz::editedByHand(json, settings.lines))
+        leadsThere(bytes, "an edit as it is told makes the answer what was wanted");
+}
+
+// --- the command
+
+ttconfig::CommandLine commandFor(const ttconfig::ShownExplanation& shown, const Settings& settings) {
+    ttconfig::CommandLine command;
+    command.words = {shown.call};
+    command.words.insert(command.words.end(), shown.words.begin(), shown.words.end());
+    command.shared.settings = settings.path;
+    command.overrides = settings.overrides;
+    command.whyNot = shown.wanted;
+    return command;
+}
+
+// The command writes just that, in either format, or refuses what nobody could mean.
+void checkCommand(const ttconfig::ShownExplanation& shown, const fuzz::ToldExplanation& printed, bool isJson,
+                  const Settings& settings) {
+    ttconfig::CommandLine command = commandFor(shown, settings);
+    command.colouring = ttconfig::Colouring::Never;
+    command.format = isJson ? ttconfig::Format::Json : ttconfig::Format::Text;
+    const std::string_view bytes = settings.text.bytes();
+    settings.load(bytes);
+    Settings::loadNothing();
+    int exitCode = -1;
+    const std::string written = fuzz::outputOf([&](ttconfig::Output& output) {
+        try {
+            exitCode = ttconfig::runExplain(command, output);
+        } catch (const ttconfig::Fault& fault) {
+            const bool isUsable = !bytes.empty() && bytes.find('\0') == std::string_view::npos;
+            const bool isOtherKind = shown.wanted && !shown.explanation.answer.is_structured();
+            require(fault.exitCode == ttconfig::kExitInput ? !isUsable
+                                                           : fault.exitCode == ttconfig::kExitUsage && isOtherKind,
+                    "what can be explained is explained", fault.what());
+        }
+    });
+    if (exitCode < 0) return require(written.empty(), "what is refused writes nothing", written);
+    require(written == (isJson ? printed.json + "\n" : printed.text), "the command writes the explanation", written);
+    const bool isImpossible = shown.whyNot && !shown.whyNot->isSoAlready && !shown.whyNot->edit;
+    require(exitCode == (isImpossible ? ttconfig::kExitFindings : ttconfig::kExitDone), "the exit code tells it");
+}
+
+// --- one input
+
+class ExplainedInput {
+public:
+    ExplainedInput(Settings& settingsFile, Dice& inputDice)
+        : settings(settingsFile),
+          dice(inputDice),
+          maker(settings.text, dice),
+          explainer(settings.text, settings.overrides, settings.path) {}
+
+    void ask(const std::vector<ExplainQuestion>& written) {
+        std::vector<ExplainQuestion> questions = maker.forEveryCall();
+        const std::size_t ofEveryCall = questions.size();
+        questions.insert(questions.end(), written.begin(), written.end());
+        settings.load(settings.text.bytes());
+        for (const ExplainQuestion& question : questions) {
+            answers.push_back(asked(question));
+            explanations.push_back(checkedExplanation(explainer, question, answers.back(), settings));
+        }
+        // Written anew, each costs as much as many answers.
+        for (std::size_t i = dice.below(8); i < questions.size(); i += 8)
+            tell(i, questions[i]);
+        for (std::size_t i = 0; i < kWhyNots; ++i)
+            tellWhyNot(dice.below(ofEveryCall), questions);
+        for (std::size_t i = ofEveryCall; i < questions.size(); ++i)
+            tellWhyNot(i, questions);
+    }
+
+private:
+    ttconfig::ShownExplanation shownOf(std::size_t number, const ExplainQuestion& question) const {
+        return {settings.text, settings.path, question.call, question.words(), explanations[number], {}, {}};
+    }
+
+    void tell(std::size_t number, const ExplainQuestion& question) const {
+        fuzz::checkedTelling(shownOf(number, question), answers[number], settings.lines);
+    }
+
+    void tellWhyNot(std::size_t number, const std::vector<ExplainQuestion>& questions) {
+        ExplainQuestion question = questions[number];
+        if (!question.wanted) question.wanted = maker.wantedBeside(answers[number]);
+        ttconfig::ShownExplanation shown = shownOf(number, question);
+        const ttconfig::Wanted wanted(*question.wanted);
+        const ttconfig::WhyNot found = ttconfig::whyNot(explainer, question.call, question.arguments, wanted);
+        require(found.isSoAlready == wanted.matches(answers[number]), "what is so already is told", question.shown());
+        require(found.isSoAlready + found.edit.has_value() + !found.whyNone.empty() == 1,
+                "it is so, there is an edit, or it is told why there is none", question.shown());
+        shown.wanted = question.wanted;
+        shown.whyNot = found;
+        const fuzz::ToldExplanation printed = fuzz::checkedTelling(shown, answers[number], settings.lines);
+        if (found.edit) checkEdits(question, found, printed.json, settings);
+        if (dice.oneIn(4)) checkCommand(shown, printed, dice.oneIn(2), settings);
+    }
+
+    Settings& settings;
+    Dice& dice;
+    fuzz::QuestionMaker maker;
+    const Explainer explainer;
+    std::vector<Answer> answers;
+    std::vector<Explanation> explanations;
+};
 
 }  // namespace
 
@@ -139,28 +218,33 @@ void fuzz::runInput(std::string_view input) {
     require(hasPlatform, "the sample platform loads");
     const SilentErrors silent;
 
-    const standin::SettingsText text{std::string(input)};
-    Chooser chooser(text, input);
-    Overrides overrides;
-    if (chooser.below(4) == 0) {
-        const auto& row =
-            ttservice::internal::kPlatformSwitches[chooser.below(ttservice::internal::kPlatformSwitchCount)];
-        overrides[std::string(row.key)] = chooser.below(2) == 0;
+    Dice dice(input);
+    const WrittenQuestions written = writtenQuestions(input);
+    Settings settings{written.file, standin::SettingsText{std::string(input)}, tests::slowLines(std::string(input)),
+                      written.overrides, folder};
+    if (dice.oneIn(4)) {
+        const auto& row = dice.any(ttservice::internal::kPlatformSwitches);
+        settings.overrides[std::string(row.key)] = dice.oneIn(2);
     }
-    const std::string path = loadAnew(folder, input, overrides);
-    const Explainer explainer(text, overrides, path);
-    const std::vector<Question> questions = questionsFor(chooser);
-    for (const Question& question : questions)
-        checkExplanation(explainer, question);
+    ExplainedInput(settings, dice).ask(written.questions);
+    folder.remove("bin/" + settings.path);
+}
 
-    static const std::vector<std::string> kWanted = {"true", "false", "7",     "0.5",
-                                                     "[]",   "none",  "12,15", "[1000,\"股\"]"};
-    const Question& question = questions[chooser.below(questions.size())];
-    const ttconfig::Wanted wanted(chooser.below(3) == 0 ? chooser.word() : kWanted[chooser.below(kWanted.size())]);
-    const ttconfig::WhyNot found = ttconfig::whyNot(explainer, question.call, question.arguments, wanted);
-    if (!found.edit) return;
-    loadAnew(folder, ttconfig::editedText(text, *found.edit), overrides);
-    require(wanted.matches(asked(question)), "an edit makes the answer what was wanted", question.shown());
+// A new operation needs a seed, or a line in one, that has its answer from the file.
+bool fuzz::seedsSuffice() {
+    bool isEnough = true;
+    for (const auto& row : ttconfig::callTable().rows()) {
+        const std::string& name = row.first;
+        if (!Explainer::explains(name)) continue;
+        const std::set<Reason>& reasons = reasonsSeen()[name];
+        const bool isSaid = std::any_of(reasons.begin(), reasons.end(), [](Reason reason) {
+            return reason != Reason::BuiltInDefault && reason != Reason::KeyAbsent;
+        });
+        if (isSaid) continue;
+        std::fprintf(stderr, "no seed of explain has an answer of %s that a file decides\n", name.c_str());
+        isEnough = false;
+    }
+    return isEnough;
 }
 
 TT_FUZZ_TARGET

@@ -2,8 +2,8 @@
 //
 //   fuzz_NAME_replay MAX_LEN CORPUS...
 //
-// A corpus is a folder, or those files of a folder that have an ending: FOLDER/*.ENDING. A target can say of what its
-// seeds must be enough; it is asked between seeds and mutations.
+// A corpus is a folder, a file, or those files of a folder that have an ending: FOLDER/*.ENDING. A target can say of
+// what its seeds must be enough; it is asked between seeds and mutations.
 //
 // Prints nothing when all is well. When an input ends the program, it is left in the current folder.
 
@@ -19,6 +19,8 @@
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include "fuzz/target.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 // Only where a sanitizer is linked.
@@ -79,8 +81,11 @@ void replay(const std::string& name, const std::string& bytes) {
     LLVMFuzzerTestOneInput(copy.get(), bytes.size());
 }
 
-std::vector<std::filesystem::path> filesOf(const std::filesystem::path& corpus) {
+// With paths that stay good when a target changes the current folder.
+std::vector<std::filesystem::path> filesOf(const std::string& named) {
+    const std::filesystem::path corpus = std::filesystem::absolute(named);
     const bool hasPattern = corpus.stem() == "*";
+    if (!hasPattern && !std::filesystem::is_directory(corpus)) return {corpus};
     std::vector<std::filesystem::path> files;
     for (const auto& entry : std::filesystem::directory_iterator(hasPattern ? corpus.parent_path() : corpus)) {
         const bool isWanted = !hasPattern || entry.path().extension() == corpus.extension();
@@ -149,17 +154,21 @@ int main(int count, char** words) {
     }
     current();
     catchEnds();
-    std::vector<std::string> seeds;
+    std::vector<std::filesystem::path> files;
     for (int corpus = 2; corpus < count; ++corpus) {
-        for (const std::filesystem::path& file : filesOf(words[corpus])) {
-            seeds.push_back(bytesOf(file));
-            replay(file.string(), seeds.back());
-        }
+        for (const std::filesystem::path& file : filesOf(words[corpus]))
+            files.push_back(file);
+    }
+    std::vector<std::string> seeds;
+    for (const std::filesystem::path& file : files) {
+        seeds.push_back(bytesOf(file));
+        replay(file.string(), seeds.back());
     }
     if (seeds.empty()) {
         std::fprintf(stderr, "there is nothing to replay\n");
         return 1;
     }
+    current().name = "the seeds";
     if (&fuzz::seedsSuffice != nullptr && !fuzz::seedsSuffice()) return 1;
     Mutator mutator(seeds);
     const std::size_t longest = std::strtoul(words[1], nullptr, 10);

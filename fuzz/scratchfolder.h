@@ -25,6 +25,12 @@ public:
 
     // Writes a file, seen from the client's own folder, and answers its path.
     std::string write(const std::string& name, std::string_view bytes) const { return folder.write(name, bytes); }
+    // The same in place of one that may be there: writing over it would wait for the disk.
+    std::string writeAnew(const std::string& name, std::string_view bytes) const {
+        remove(name);
+        return folder.write(name, bytes);
+    }
+    void remove(const std::string& name) const { std::filesystem::remove(folder.path(name)); }
 
     // Copies a file into a folder of it, or what is in a folder.
     void copy(const std::string& from, const std::string& to) const {

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <sstream>
 #include <streambuf>
 #include <string>
 #include <string_view>
@@ -45,6 +46,21 @@ private:
 
     Nowhere nowhere;
     std::streambuf* before;
+};
+
+// Keeps what is written to the standard error stream as long as it lives.
+class CapturedErrors {
+public:
+    CapturedErrors() : screen(std::cerr.rdbuf(kept.rdbuf())) {}
+    CapturedErrors(const CapturedErrors&) = delete;
+    CapturedErrors& operator=(const CapturedErrors&) = delete;
+    ~CapturedErrors() { std::cerr.rdbuf(screen); }
+
+    std::string text() const { return kept.str(); }
+
+private:
+    std::ostringstream kept;
+    std::streambuf* screen;
 };
 
 // Whether a view lies within another one.

@@ -15,6 +15,7 @@
 #include "tests/support/sanitizers.h"
 #include "tests/tools/ttconfig/madepairs.h"
 #include "tests/tools/ttconfig/madesettings.h"
+#include "tests/tools/ttconfig/writings.h"
 #include "traderbase/base/config/internal/platformswitchtable.h"
 #include "ttconfig/findings/checking.h"
 #include "ttconfig/reasons/explainer.h"
@@ -74,12 +75,6 @@ bool isSwitch(const std::string& name) {
     return std::any_of(std::begin(rows), std::end(rows), [&](const auto& row) { return row.predicate == name; });
 }
 
-// The answer in the ways in which the tool prints it.
-std::vector<std::string> writings(const Answer& answer) {
-    return {ttconfig::answerText(answer), ttconfig::answerJson(answer),
-            ttconfig::answerJson(ttconfig::withoutRecordNumbers(answer))};
-}
-
 // Whether it is the line that changed which gives the answer, and the change makes nothing that has to be told about. A
 // key that becomes another one loses what it said.
 bool isMeant(const MadePair& pair, const ttconfig::Explanation& then) {
@@ -116,7 +111,7 @@ protected:
 
     void ask(const Case& asked, const Explainer& now, const ttconfig::Explanation& then) {
         Counts& count = counts[asked.call];
-        const std::vector<std::string> ways = writings(then.answer);
+        const std::vector<std::string> ways = tests::writings(then.answer);
         const std::string& wanted = ways[count.asked % ways.size()];
         ++count.asked;
         const auto whyNot = ttconfig::whyNot(now, asked.call, asked.arguments, Wanted(wanted));

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <random>
+#include <string_view>
+
+namespace fuzz {
+
+// What an input chooses beside what it says: the same throws for the same bytes.
+class Dice {
+public:
+    explicit Dice(std::string_view input) {
+        std::seed_seq seed(input.begin(), input.end());
+        random.seed(seed);
+    }
+
+    std::size_t below(std::size_t limit) { return random() % limit; }
+    bool oneIn(std::size_t count) { return below(count) == 0; }
+
+    template <typename List>
+    const auto& any(const List& list) {
+        return list[below(std::size(list))];
+    }
+
+private:
+    std::mt19937 random;
+};
+
+}  // namespace fuzz
