@@ -1,7 +1,7 @@
 #pragma once
 
-// Which sanitizer this build has, as 0 or 1: some tests measure or waste memory, which it would not let them. And whether
-// it counts coverage, TT_COUNTS_COVERAGE, which the build defines.
+// Which sanitizer this build has, as 0 or 1: some tests measure or waste memory, which it would not let them. And
+// whether it counts coverage, TT_COUNTS_COVERAGE, which the build defines.
 
 #if defined(__SANITIZE_ADDRESS__)
 #define TT_ADDRESS_SANITIZER 1

@@ -126,8 +126,8 @@ std::optional<double> strictDouble(std::string_view text) {
     return minus ? -taken.value : taken.value;
 }
 
-// The C function wants an end mark. It takes neither digits nor signs from the locale, and unlike atoi and atoll it says
-// what becomes of a number that is too large.
+// The C function wants an end mark. It takes neither digits nor signs from the locale, and unlike atoi and atoll it
+// says what becomes of a number that is too large.
 long long looseLong(std::string_view text) {
     return std::strtoll(std::string(text).c_str(), nullptr, 10);
 }
