@@ -161,6 +161,13 @@ void letGoOfFiles(lua_State* lua) {
     lua_settop(lua, top);
 }
 
+// Whether an interpreter that ran out of memory has it all itself. Its script is to blame then, which failed like any
+// other; one that had little met a process without memory. Raises nothing.
+bool hasTakenItAll(lua_State* lua) {
+    constexpr int kMuchForAScript = 64 * 1024;  // KiB
+    return lua_gc(lua, LUA_GCCOUNT, 0) >= kMuchForAScript;
+}
+
 // Remembers that the interpreter ran out of memory on its way to the loaded script. Raises nothing: an entry that is
 // there is changed, and none is made.
 void rememberLack(lua_State* lua) {
@@ -188,7 +195,7 @@ int loadScript(lua_State* lua) {
     errno = 0;
     if (const int status = luaL_loadfile(lua, loading.path); status != 0) {
         // For a file, the system's reason is left in errno, and nowhere else but in the message.
-        loading.noMemory = status == LUA_ERRMEM || (status == LUA_ERRFILE && errno == ENOMEM);
+        loading.noMemory = status == LUA_ERRFILE ? errno == ENOMEM : status == LUA_ERRMEM && !hasTakenItAll(lua);
         return lua_error(lua);
     }
     lua_rawset(lua, LUA_REGISTRYINDEX);
@@ -300,7 +307,8 @@ LuaConfig::Run LuaConfig::start(const char* path) {
     if (status == 0) status = lua_cpcall(lua, &registerHostFunctions, &loading);
     if (status == 0) return Run::Done;
     reportError(lua, kInitPlace);
-    if (status != LUA_ERRMEM && !loading.noMemory) return Run::Failed;
+    const bool noMemory = loading.noMemory || (status == LUA_ERRMEM && !hasTakenItAll(lua));
+    if (!noMemory) return Run::Failed;
     rememberLack(lua);
     return Run::NoMemory;
 }
@@ -311,7 +319,7 @@ LuaConfig::Run LuaConfig::ask(const char* function, const char* argument, std::s
     lua_State* const lua = state;  // the script may come back here and call init()
     if (const int status = lua_cpcall(lua, &callFunction, &question); status != 0) {
         reportError(lua, kGetConfigPlace);
-        return status == LUA_ERRMEM ? Run::NoMemory : Run::Failed;
+        return status == LUA_ERRMEM && !hasTakenItAll(lua) ? Run::NoMemory : Run::Failed;
     }
     // An empty answer would say that the script has none, and what is made of that would be wrong.
     if (question.tooLarge) throw std::bad_alloc();

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <limits>
 #include <lua.hpp>
 #include <new>
 #include <string>
@@ -26,15 +27,21 @@ namespace {
 // How many more times an interpreter gets memory before there is no more; -1: for ever.
 long budget = -1;
 
+// How many bytes an interpreter holds, and how many it may.
+std::size_t held = 0;
+std::size_t mostHeld = std::numeric_limits<std::size_t>::max();
+
 void* limited(void*, void* block, std::size_t before, std::size_t wanted) {
     if (wanted == 0) {
+        held -= before;
         std::free(block);
         return nullptr;
     }
     if (wanted > before) {
-        if (budget == 0) return nullptr;
+        if (budget == 0 || held - before + wanted > mostHeld) return nullptr;
         if (budget > 0) --budget;
     }
+    held += wanted - before;
     return std::realloc(block, wanted);
 }
 
@@ -150,6 +157,31 @@ TEST(LuaConfig, TellsTablesOfMemoryThatRunsOutDuringACall) {
     EXPECT_GT(refused, 5);
     EXPECT_EQ(TableScript::getConfig(config, "fail"), "");
     EXPECT_EQ(TableScript::getConfig(config, "missing"), "");
+}
+
+// There is no process without memory then, and nothing that a client could do about it but mend the script.
+TEST(LuaConfig, TakesAScriptThatTakesAllMemoryForOneThatFails) {
+    const tests::TempFolder folder;
+    const std::string eat = "local all = {} for i = 1, 1e9 do all[i] = string.rep('x', 100000) .. i end";
+    mostHeld = std::size_t{100} << 20;
+    {
+        const LogCapture log;
+        LuaConfig config;
+        TableScript::init(config,
+                          folder.write("calls.lua", "function ask(t) return t end function eat() " + eat + " end"));
+        EXPECT_EQ(TableScript::getConfig(config, "eat"), "");
+        EXPECT_THAT(log.messages(), ElementsAre("not enough memory"));
+    }
+    {
+        const LogCapture log;
+        LuaConfig config;
+        TableScript::init(config, folder.write("top.lua", "function ask(t) return t end " + eat));
+        EXPECT_EQ(TableScript::getConfig(config, "missing"), "");
+        ASSERT_FALSE(log.messages().empty());
+        EXPECT_EQ(log.messages()[0], "not enough memory");
+    }
+    mostHeld = std::numeric_limits<std::size_t>::max();
+    EXPECT_EQ(held, 0U);
 }
 
 TEST(LuaConfig, SurvivesMemoryThatRunsOutDuringACall) {

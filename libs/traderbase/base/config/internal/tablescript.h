@@ -8,7 +8,8 @@ class LuaConfig;
 
 // How a script is asked by who fills a table with its answers: as by LuaConfig's own operations, lines in the log
 // included, but that memory which its interpreter runs out of is std::bad_alloc. Answered by an empty text, it would
-// replace what the table holds by nothing.
+// replace what the table holds by nothing. A script that took all the memory itself, 64 MiB or more, is one that
+// failed, and answers empty texts.
 struct TableScript {
     static void init(LuaConfig& script, const std::string& path);
 
