@@ -108,14 +108,11 @@ void reportError(lua_State* lua, const LogPlace& place) noexcept {
     lua_pop(lua, 1);
 }
 
-// Pipes and devices: opening or reading them may wait for ever. What is missing and what is a directory is no such
-// thing, and the interpreter has its own words for both.
-bool mayKeepWaiting(const char* path) {
-    namespace fs = std::filesystem;
+// To open a named pipe would be to wait for somebody who writes to it.
+bool isPipe(const char* path) {
     try {
         std::error_code ignored;
-        const fs::file_status status = fs::status(path, ignored);
-        return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
+        return std::filesystem::is_fifo(path, ignored);
     } catch (const std::system_error&) {  // a text that the system cannot make a path of opens nothing
         return false;
     }
@@ -179,7 +176,7 @@ void rememberLack(lua_State* lua) {
 
 struct Loading {
     const char* path;
-    bool keepsWaiting;
+    bool isPipe;
     bool noMemory = false;  // it was lacking elsewhere than in the interpreter, which raised an error like any other
 };
 
@@ -190,7 +187,7 @@ int loadScript(lua_State* lua) {
     pushPlace(lua, kWhole);
     lua_pushboolean(lua, 1);
     lua_rawset(lua, LUA_REGISTRYINDEX);
-    if (loading.keepsWaiting) return luaL_error(lua, "cannot open %s: not a regular file", loading.path);
+    if (loading.isPipe) return luaL_error(lua, "cannot open %s: not a regular file", loading.path);
     pushPlace(lua, kLoadedScript);
     errno = 0;
     if (const int status = luaL_loadfile(lua, loading.path); status != 0) {
@@ -292,7 +289,7 @@ void printLog(std::string message) {
 
 LuaConfig::Run LuaConfig::start(const char* path) {
     const Guard guard(mutex);
-    Loading loading{path, mayKeepWaiting(path)};
+    Loading loading{path, isPipe(path)};
     lua_State* const lua = luaL_newstate();
     state = lua;
     if (lua == nullptr) {

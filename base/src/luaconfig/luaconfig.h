@@ -38,8 +38,8 @@ public:
     // Starts an interpreter with the standard libraries, loads the file and runs it once; what the script returns stays
     // on the interpreter's stack. printLog is there only after that, and only when the script ran to its end: its
     // functions may use it, its top level may not. After a failure the interpreter stays, with what the script had
-    // defined by then. A pipe or a device is not opened, since it may never end. Every call starts an interpreter anew
-    // and gives up the one before, unclosed: call it once.
+    // defined by then. A pipe is not opened: nobody may ever write to it. Every call starts an interpreter anew and
+    // gives up the one before, unclosed: call it once.
     TRADERBASE_API void init(std::string path);
 
     // Calls the script's global function, without or with one argument, and answers the text that it gives, up to a NUL
