@@ -20,6 +20,7 @@ using tests::runOnFullDisk;
 using tests::runShell;
 using tests::TempFolder;
 using tests::ToolRun;
+using tests::withCountersIn;
 
 namespace fs = std::filesystem;
 
@@ -113,10 +114,11 @@ TEST(ToolFaults, LogsIntoAPipeThatIsRead) {
 
 TEST(ToolFaults, RefusesAFileThatItMayNotRead) {
     // Root may read everything.
-    const std::string other = getuid() == 0 ? "setpriv --reuid 65534 --regid 65534 --clear-groups " : "";
-    if (runShell(other + "\"$TTCONFIG\" --version").exitCode != 0) GTEST_SKIP() << "nobody else can run the tool here";
     const TempFolder folder;
     fs::permissions(folder.path(""), fs::perms::all);
+    const std::string other = withCountersIn(folder.path("counters")) +
+                              (getuid() == 0 ? "setpriv --reuid 65534 --regid 65534 --clear-groups " : "");
+    if (runShell(other + "\"$TTCONFIG\" --version").exitCode != 0) GTEST_SKIP() << "nobody else can run the tool here";
     const std::string path = folder.write("settings.ini", "[setting]\n");
     ASSERT_EQ(chmod(path.c_str(), 0), 0);
     expectOneMessage(runShell(other + "\"$TTCONFIG\" summary --settings '" + path + "'"), kInput, "cannot be read");

@@ -49,9 +49,14 @@ ToolRun runShell(const std::string& command, std::string_view input) {
     return run;
 }
 
+std::string withCountersIn(const std::string& folder) {
+    return "export GCOV_PREFIX=" + quoted(folder) + " GCOV_ERROR_FILE=/dev/null; ";
+}
+
 ToolRun runOnFullDisk(int blocks, const std::string& command) {
-    return runShell("export GCOV_PREFIX=/dev/null GCOV_ERROR_FILE=/dev/null; trap '' XFSZ; ulimit -f " +
-                    std::to_string(blocks) + "; " + command);
+    const TempFolder counters;
+    return runShell(withCountersIn(counters.path("")) + "trap '' XFSZ; ulimit -f " + std::to_string(blocks) + "; " +
+                    command);
 }
 
 ToolRun runTool(const std::vector<std::string>& arguments, std::string_view input) {

@@ -22,9 +22,12 @@ ToolRun runTool(const std::vector<std::string>& arguments, std::string_view inpu
 // Runs a shell command in which $TTCONFIG is the tool, for redirections and pipes.
 ToolRun runShell(const std::string& command, std::string_view input = {});
 
-// The same where no file can grow beyond so many blocks of 512 bytes, as on a disk that is full then. What a build that
-// counts coverage writes down at its end is given up, so that no half of it stays.
+// The same where no file can grow beyond so many blocks of 512 bytes, as on a disk that is full then.
 ToolRun runOnFullDisk(int blocks, const std::string& command);
+
+// The beginning of such a command that may not write everywhere, or not all: what a build that counts coverage writes
+// at its end goes into this folder, where nobody looks, so that no half of it stays and nothing is said of it.
+std::string withCountersIn(const std::string& folder);
 
 // The bytes of a file; empty when there is none.
 std::string fileText(const std::string& path);
