@@ -275,19 +275,27 @@ void expectWholeVendors(const AlgorithmParamConfig& catalogue) {
     ASSERT_LE(catalogue.getAlgoritmsParams().size(), std::size(kVendors) + texts);
 }
 
+// A catalogue with the old text of every vendor, and the script that has the new ones.
+struct OldVendors {
+    OldVendors() : newScript(folder.write("new.lua", scriptOf("new"))), catalogue(*AlgorithmParamConfig::instance()) {
+        grantVendors();
+        catalogue.initAlgoParams(*tests::Script(scriptOf("old")));
+    }
+
+    const ClientFolder client;
+    const tests::TempFolder folder;
+    const std::string newScript;
+    AlgorithmParamConfig catalogue;
+};
+
 }  // namespace
 
 TEST(ScriptMemory, VendorAnswersComeInWholeOrNotAtAll) {
-    const ClientFolder client;
-    const tests::TempFolder folder;
-    grantVendors();
-    const std::string path = folder.write("new.lua", scriptOf("new"));
-    AlgorithmParamConfig filled(*AlgorithmParamConfig::instance());
-    filled.initAlgoParams(*tests::Script(scriptOf("old")));
+    const OldVendors old;
     const long points = refuseEachRequest([&](const Refusal& refusal) {
-        AlgorithmParamConfig catalogue(filled);
+        AlgorithmParamConfig catalogue(old.catalogue);
         LuaConfig script;
-        script.init(path);
+        script.init(old.newScript);
         ASSERT_EQ(refusal.during([&] { catalogue.initAlgoParams(script); }), Outcome::Done);
         expectWholeVendors(catalogue);
         if (!refusal.wasRefused()) {
@@ -299,16 +307,11 @@ TEST(ScriptMemory, VendorAnswersComeInWholeOrNotAtAll) {
 }
 
 TEST(ScriptMemory, VendorsStayWhenThereWasNoMemoryToLoadTheirScript) {
-    const ClientFolder client;
-    const tests::TempFolder folder;
-    grantVendors();
-    const std::string path = folder.write("new.lua", scriptOf("new"));
-    AlgorithmParamConfig filled(*AlgorithmParamConfig::instance());
-    filled.initAlgoParams(*tests::Script(scriptOf("old")));
+    const OldVendors old;
     const long points = refuseEachRequest([&](const Refusal& refusal) {
-        AlgorithmParamConfig catalogue(filled);
+        AlgorithmParamConfig catalogue(old.catalogue);
         LuaConfig script;
-        const Outcome loaded = refusal.during([&] { script.init(path); });
+        const Outcome loaded = refusal.during([&] { script.init(old.newScript); });
         ASSERT_NE(loaded, Outcome::OtherException);
         if (loaded == Outcome::Done) catalogue.initAlgoParams(script);
         expectWholeVendors(catalogue);

@@ -300,7 +300,8 @@ public:
 
     // Builds the sessions of all markets anew from a market-time script; "../luaScripts/MarketTime.lua" when none is
     // named. A script that names no markets leaves them as they are; Lua errors are logged at ERROR level. Memory that
-    // runs out, the script's included, is std::bad_alloc and leaves them as they are.
+    // runs out, the script's included, is std::bad_alloc and leaves them as they are; a script that takes 64 MiB or
+    // more before it runs out is one that fails.
     void initMarketTradingTime();
     void initMarketTradingTime(const std::string& scriptPath);
 
