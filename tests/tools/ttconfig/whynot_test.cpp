@@ -268,6 +268,43 @@ TEST(WhyNot, DoesNotTakeOneNameWithACommaForTwo) {
     EXPECT_TRUE(Wanted("[\"A,B\"]").isPlainly(Answer{"A,B"}));
 }
 
+TEST(WhyNot, TakesBytesThatAreNoUtf8) {
+    const standin::SettingsText text(
+        std::string("[setting]\nneedmaxamount=8\nk\xFF=9\nsamrtalgotypes=a\xFF\nt0algotypes=a:b\n"
+                    "algomultcontractsetting=P:\xFF,1,2,3,0\netfbrokerclienttag=a\xFF:b,c\n[StkExchangeOrderLimit]\nSH-"
+                    "600000=5,\xFF\n"));
+    const Explainer explainer(text);
+    const struct {
+        const char* call;
+        Arguments arguments;
+    } questions[] = {{"getAllpts", {}},
+                     {"getPts", {"k\xFF"}},
+                     {"getPts", {"needmaxamount"}},
+                     {"isSomePt", {"k\xFF", 9}},
+                     {"getAlgoTypes", {}},
+                     {"getT0Strategy", {}},
+                     {"getContractInfo", {"P", false}},
+                     {"getAllContractInfo", {}},
+                     {"getETFBrokerCLientTag", {}},
+                     {"getETFBrokerCLientQueryTimes", {}},
+                     {"getHgtSgtPriceDiff", {}},
+                     {"getOrderLimit", {"SH", "600000", 0}}};
+    const char* const wantedTexts[] = {"\xFF",
+                                       "a:\xFF",
+                                       "\xFF:8",
+                                       "k\xFF:[\xFF]",
+                                       "needmaxamount:\xFF",
+                                       "[\xFF]",
+                                       "5,\xFF",
+                                       "needmaxamount:[8],k\xFF:[9,\xFF]",
+                                       "P_stock:{productId:\xFF}"};
+    for (const auto& question : questions) {
+        for (const char* wanted : wantedTexts)
+            EXPECT_NO_THROW(ttconfig::whyNot(explainer, question.call, question.arguments, Wanted(wanted)))
+                << question.call << ' ' << wanted;
+    }
+}
+
 TEST(Wanted, MatchesAnswersAsTheToolShowsThem) {
     const Answer record = {{"@", 3}, {"fields", {0.5, 1}}};
     const struct {

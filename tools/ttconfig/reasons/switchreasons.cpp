@@ -219,7 +219,7 @@ std::vector<OtherList> otherLists(const Answer& lists, const Answer& than) {
     std::vector<OtherList> others;
     for (const auto& [key, ids] : lists.items()) {
         const bool isSame = than.contains(key) && answerText(than.at(key)) == answerText(ids);
-        if (!isSame) others.push_back({key, Wanted(ids.dump()).items()});
+        if (!isSame) others.push_back({key, Wanted(answerJson(ids)).items()});
     }
     return others;
 }
