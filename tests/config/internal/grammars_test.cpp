@@ -3,7 +3,10 @@
 #include <map>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include <boost/thread/thread.hpp>
 
 #include "tests/support/slowgrammars.h"
 #include "tests/support/standarderror.h"
@@ -111,11 +114,11 @@ TEST(PlatformList, CostsALineForEachBadPiece) {
 
 TEST(PlatformList, KeysAreSortedByTheirBytesAndTheFirstPlaceOfEachCounts) {
     std::mt19937 random(13);
-    for (const int count : {0, 1, 2, 500, 5000}) {
+    for (const auto& [count, front] : {std::pair(0, 6), {1, 6}, {2, 6}, {500, 6}, {5000, 6}, {500, 260}, {5000, 260}}) {
         std::vector<std::string> keys;
         std::map<std::string, std::size_t> expected;
         for (int i = 0; i < count; ++i) {
-            std::string key = i % 2 == 0 ? "switch" : "";
+            std::string key(static_cast<std::size_t>(i % 2 == 0 ? front : 0), 's');
             for (auto left = random() % 4; left > 0; --left)
                 key += "a\xFF\0Z"[random() % 4];
             expected.emplace(key, keys.size());
@@ -130,6 +133,22 @@ TEST(PlatformList, KeysAreSortedByTheirBytesAndTheFirstPlaceOfEachCounts) {
         }
         EXPECT_EQ(found, expected);
     }
+}
+
+// Clients ask from threads that have little.
+TEST(PlatformList, KeysWithMuchInCommonNeedNoDeepStack) {
+    constexpr std::size_t kKeys = 8000;
+    constexpr std::size_t kStack = 512 * 1024;
+    std::vector<std::string> keys;
+    for (std::size_t length = kKeys; length > 0; --length)
+        keys.emplace_back(length, 'a');
+    boost::thread::attributes attributes;
+    attributes.set_stack_size(kStack);
+    std::vector<ttservice::internal::PlacedKey> sorted;
+    boost::thread(attributes, [&] { sorted = sortedKeys(keys); }).join();
+    ASSERT_EQ(sorted.size(), kKeys);
+    for (std::size_t i = 0; i < kKeys; ++i)
+        ASSERT_EQ(sorted[i].index, kKeys - 1 - i);
 }
 
 TEST(PerPlatformList, EntriesAndDefault) {

@@ -14,6 +14,21 @@
 
 namespace ttservice::internal {
 
+namespace {
+
+// string_sort() goes a call deeper for each character that many keys have in common, whatever stack there is.
+constexpr std::size_t kLongKey = 256;
+
+bool isShort(const PlacedKey& place) {
+    return place.key.size() <= kLongKey;
+}
+
+bool comesFirst(const PlacedKey& left, const PlacedKey& right) {
+    return left.key < right.key;
+}
+
+}  // namespace
+
 std::vector<int> readPlatformList(std::string_view text) {
     std::vector<int> ids;
     ids.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), ',')) + (text.empty() ? 0 : 1));
@@ -35,11 +50,14 @@ std::vector<PlacedKey> sortedKeys(const std::vector<std::string>& keys) {
     for (const std::string& key : keys)
         places.push_back({key, places.size()});
     // Keys have much in common at their front, so they are sorted by their characters instead of compared in whole.
-    boost::sort::spreadsort::string_sort(
-        places.begin(), places.end(),
-        [](const PlacedKey& place, std::size_t offset) { return static_cast<unsigned char>(place.key[offset]); },
-        [](const PlacedKey& place) { return place.key.size(); },
-        [](const PlacedKey& left, const PlacedKey& right) { return left.key < right.key; });
+    if (std::all_of(places.begin(), places.end(), isShort)) {
+        boost::sort::spreadsort::string_sort(
+            places.begin(), places.end(),
+            [](const PlacedKey& place, std::size_t offset) { return static_cast<unsigned char>(place.key[offset]); },
+            [](const PlacedKey& place) { return place.key.size(); }, comesFirst);
+    } else {
+        std::sort(places.begin(), places.end(), comesFirst);
+    }
     std::size_t kept = 0;
     for (const PlacedKey& each : places) {
         if (kept > 0 && places[kept - 1].key == each.key) {
