@@ -2,9 +2,12 @@
 // that scripts fill are as they were or as they were to become, and never empty for want of memory.
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <iostream>
 #include <iterator>
 #include <map>
@@ -23,6 +26,7 @@
 #include "traderbase/base/config/algorithmparamconfig.h"
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/jsonobject.h"
+#include "ttplatform/logging.h"
 
 using luabase::LuaConfig;
 using standin::LogCapture;
@@ -116,16 +120,38 @@ TEST(ScriptMemory, MarketTimesOfTheCatalogueStayWholeOrAreReplacedWhole) {
 
 namespace {
 
-// Until somebody gets the object, with the first request refused, with the second and so on.
-template <typename Ask>
-long refuseUntilBuilt(Shortage shortage, const Ask& ask) {
+// A log that this thread has written a line to: for what the logging library keeps for a thread the system ends the
+// process when there is no memory. The line is none of an error, so that those of the script are the first of their
+// level in the process.
+struct LogInUse {
+    LogInUse() { g_TTStdLogger->info("a line"); }
+
+    const LogCapture log;
+};
+
+enum class Round { Judged, Wrong, NothingRefused };
+
+// What the process that runs the round makes of it, which ends with it.
+template <typename Ask, typename IsWhole>
+[[noreturn]] void endWith(const Refusal& refusal, const Ask& ask, const IsWhole& isWhole) {
+    const Outcome built = refusal.during(ask);
+    const bool isRight = built != Outcome::OtherException && isWhole();
+    const Round round = !isRight ? Round::Wrong : refusal.wasRefused() ? Round::Judged : Round::NothingRefused;
+    std::_Exit(static_cast<int>(round));
+}
+
+// Each round in a process of its own, since a process has one first call. Whatever it met, the next caller gets an
+// object that is whole.
+template <typename Ask, typename IsWhole>
+long refuseFirstCall(Shortage shortage, const Ask& ask, const IsWhole& isWhole) {
     for (long nth = 1;; ++nth) {
-        const Refusal refusal(nth, shortage);
-        const Outcome built = refusal.during(ask);
-        if (built != Outcome::NoMemory) {
-            EXPECT_EQ(built, Outcome::Done);
-            return nth - 1;
-        }
+        const pid_t round = fork();
+        if (round == 0) endWith(Refusal(nth, shortage), ask, isWhole);
+        int status = 0;
+        EXPECT_EQ(waitpid(round, &status, 0), round);
+        const bool hasEnded = WIFEXITED(status) && WEXITSTATUS(status) != static_cast<int>(Round::Wrong);
+        EXPECT_TRUE(hasEnded) << "request " << nth << " ended the process with " << status;
+        if (!hasEnded || WEXITSTATUS(status) == static_cast<int>(Round::NothingRefused)) return nth - 1;
     }
 }
 
@@ -135,18 +161,25 @@ class FirstInstance : public testing::TestWithParam<Shortage> {};
 
 TEST_P(FirstInstance, OfTheStoreIsBuiltByTheNextCaller) {
     const ClientFolder client(kMarketTimes);
-    const long points = refuseUntilBuilt(GetParam(), [] { ConfigCollector::instance(); });
+    const LogInUse log;
+    const auto isWhole = [] {
+        const auto store = ConfigCollector::instance();
+        return store->getTradingTime("SZSE").size() == 1 && store->getTradingTime("SSE").size() == 1 &&
+               !store->isNeedMaxAmountPts(1);
+    };
+    const long points = refuseFirstCall(
+        GetParam(), [] { ConfigCollector::instance(); }, isWhole);
     EXPECT_GT(points, atLeast(300, 5));
-    EXPECT_EQ(ConfigCollector::instance()->getTradingTime("SZSE").size(), 1U);
-    EXPECT_FALSE(ConfigCollector::instance()->isNeedMaxAmountPts(1));
     std::cout << points << " requests of the first store refused\n";
 }
 
 TEST_P(FirstInstance, OfTheCatalogueIsBuiltByTheNextCaller) {
     const ClientFolder client(kMarketTimes);
-    const long points = refuseUntilBuilt(GetParam(), [] { AlgorithmParamConfig::instance(); });
+    const LogInUse log;
+    const auto isWhole = [] { return marketTimesOf(*AlgorithmParamConfig::instance()).size() == 3; };
+    const long points = refuseFirstCall(
+        GetParam(), [] { AlgorithmParamConfig::instance(); }, isWhole);
     EXPECT_GT(points, atLeast(300, 5));
-    EXPECT_EQ(marketTimesOf(*AlgorithmParamConfig::instance()).size(), 3U);
     std::cout << points << " requests of the first catalogue refused\n";
 }
 

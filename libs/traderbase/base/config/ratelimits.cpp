@@ -54,9 +54,11 @@ void fill(ConnectRecord& record, const internal::LimitFields<decltype(internal::
 }
 
 void logItem(const internal::LimitItem& item, std::string_view family, const IData& record) {
-    if (!internal::debugWanted(internal::kRateLimitChannel)) return;  // before the record is turned into text
-    internal::logDebug(internal::kRateLimitChannel, "[readRateConfig], market = {0}, stockCode = {1}, {2} = {3}",
-                       item.market, item.item, family, record.toLog());
+    internal::writeIfPossible([&] {
+        if (!internal::debugWanted(internal::kRateLimitChannel)) return;  // before the record is turned into text
+        internal::logDebug(internal::kRateLimitChannel, "[readRateConfig], market = {0}, stockCode = {1}, {2} = {3}",
+                           item.market, item.item, family, record.toLog());
+    });
 }
 
 // Fills one table from its section, which is called after the family. All items of a row share one record.

@@ -1,7 +1,8 @@
 // Guarded logging: answers whether a line is wanted, and writes it.
-// Doors: infoWanted(), errorWanted(), debugWanted(), writeInfo(), writeError(), writeDebug(), logInfo(), logDebug().
+// Doors: infoWanted(), errorWanted(), debugWanted(), writeInfo(), writeError(), writeDebug(), writeIfPossible(),
+// logInfo(), logDebug().
 // Owns: nothing; the loggers belong to the host.
-// Covered by tests/config/internal/guardedlog_test.cpp.
+// Covered by tests/config/runtimeswitches_test.cpp, ratelimits_test.cpp and tests/reliability/scriptmemory_test.cpp.
 
 #include "traderbase/base/config/internal/guardedlog.h"
 
@@ -16,12 +17,10 @@ log4cxx::LoggerPtr debugFileLogger() {
     return log4cxx::Logger::getLogger("TTDbgFile");
 }
 
-void write(const LogPlace& place, const log4cxx::LevelPtr& level, const std::string& text) noexcept {
-    try {
-        const log4cxx::spi::LocationInfo location(place.file, place.shortFile, place.function, 0);
-        if (g_TTStdLogger) g_TTStdLogger->forcedLog(level, text, location);
-    } catch (...) {  // NOLINT(bugprone-empty-catch): a line that cannot be written is lost; the answer is not
-    }
+// Asked for a level for the first time, log4cxx takes memory to make it.
+void write(const LogPlace& place, log4cxx::LevelPtr (*level)(), const std::string& text) {
+    const log4cxx::spi::LocationInfo location(place.file, place.shortFile, place.function, 0);
+    if (g_TTStdLogger) g_TTStdLogger->forcedLog(level(), text, location);
 }
 
 }  // namespace
@@ -40,18 +39,17 @@ bool debugWanted(int channel) {
 }
 
 void writeInfo(const LogPlace& place, const std::string& text) noexcept {
-    write(place, log4cxx::Level::getInfo(), text);
+    writeIfPossible([&] { write(place, &log4cxx::Level::getInfo, text); });
 }
 
 void writeError(const LogPlace& place, const std::string& text) noexcept {
-    if (errorWanted()) write(place, log4cxx::Level::getError(), text);
+    writeIfPossible([&] {
+        if (errorWanted()) write(place, &log4cxx::Level::getError, text);
+    });
 }
 
 void writeDebug(int channel, const std::string& text) noexcept {
-    try {
-        ttDbgLogNew(debugFileLogger(), channel, text);
-    } catch (...) {  // NOLINT(bugprone-empty-catch): a line that cannot be written is lost; the answer is not
-    }
+    writeIfPossible([&] { ttDbgLogNew(debugFileLogger(), channel, text); });
 }
 
 }  // namespace ttservice::internal

@@ -30,20 +30,27 @@ void writeInfo(const LogPlace& place, const std::string& text) noexcept;
 void writeError(const LogPlace& place, const std::string& text) noexcept;
 void writeDebug(int channel, const std::string& text) noexcept;
 
-template <typename... Args>
-void logInfo(const LogPlace& place, fmt::format_string<Args...> format, Args&&... args) {
+// Carries out what writes lines. Lines that cannot be made are lost; the answer is not.
+template <typename Write>
+void writeIfPossible(const Write& write) noexcept {
     try {
-        if (infoWanted()) writeInfo(place, fmt::format(format, std::forward<Args>(args)...));
-    } catch (...) {  // NOLINT(bugprone-empty-catch): a line that cannot be made is lost; the answer is not
+        write();
+    } catch (...) {  // NOLINT(bugprone-empty-catch): see above
     }
 }
 
 template <typename... Args>
+void logInfo(const LogPlace& place, fmt::format_string<Args...> format, Args&&... args) {
+    writeIfPossible([&] {
+        if (infoWanted()) writeInfo(place, fmt::format(format, std::forward<Args>(args)...));
+    });
+}
+
+template <typename... Args>
 void logDebug(int channel, fmt::format_string<Args...> format, Args&&... args) {
-    try {
+    writeIfPossible([&] {
         if (debugWanted(channel)) writeDebug(channel, fmt::format(format, std::forward<Args>(args)...));
-    } catch (...) {  // NOLINT(bugprone-empty-catch): a line that cannot be made is lost; the answer is not
-    }
+    });
 }
 
 }  // namespace ttservice::internal

@@ -54,7 +54,7 @@ int shiftedSecond(int clockTime) {
 }
 
 void logPoints(const std::string& market, const Points& points) {
-    if (points.named.size() < 2 || !debugWanted(kTradingTimeChannel)) return;
+    if (!debugWanted(kTradingTimeChannel)) return;
     std::vector<std::pair<int, int>> shifted;
     for (const int clockTime : points.named)
         shifted.emplace_back(shiftedSecond(clockTime), points.statusAt.at(clockTime));
@@ -105,7 +105,7 @@ std::map<std::string, TradingSessions> buildTradingSessions(const std::map<std::
     std::map<std::string, TradingSessions> table;
     for (const auto& [market, text] : sessionTexts) {
         const Points points = readPoints(text);
-        logPoints(market, points);
+        if (points.named.size() >= 2) writeIfPossible([&] { logPoints(market, points); });
         TradingSessions sessions = sessionsOf(points);
         if (!sessions.empty()) table.emplace(market, std::move(sessions));
     }
