@@ -48,11 +48,26 @@ struct MadeBefore {
         held.reset();
         askEverything(false);
         askEverything(false);
+        loadOnceMore();
         std::puts("all asked");
         std::fflush(stdout);
     }
 
+    // Each of these is asked of the store at hand; instance() would answer another one each time.
+    void loadOnceMore() const {
+        const auto store = ConfigCollector::instance();
+        store->readConfig(settings);
+        require(store->getFlowHistoryDays() == 5, "a load reads");
+        store->initMarketTradingTime(std::map<std::string, std::string>{{"SSE", R"({"93000":50,"113000":49})"}});
+        require(store->getTradingTime("SSE").size() == 1, "sessions are taken");
+        const auto catalogue = AlgorithmParamConfig::instance();
+        catalogue->readCiticConfig(R"({"content":{"name":"y"}})");
+        require(catalogue->getAlgoParam("y") != nullptr, "a description is taken");
+        catalogue->readCiticConfig("{");
+    }
+
     boost::shared_ptr<ConfigCollector> held;
+    std::string settings;
 };
 
 struct MadeAfter {
@@ -68,6 +83,7 @@ MadeBefore madeBefore;
 
 int main(int argc, char** argv) {
     if (argc != 2) return 2;
+    madeBefore.settings = argv[1];
     madeBefore.held = ConfigCollector::instance();
     AlgorithmParamConfig::instance()->readCiticConfig(R"({"content":{"name":"x"}})");
     static MadeAfter madeAfter;
