@@ -45,9 +45,11 @@ void enterCombinations(std::string_view value, CombinationTables& tables) {
 }
 
 void addCombinations(CombinationTables& fresh, CombinationTables& tables) {
-    makeRoomFor(fresh.groups.size(), tables.groups);
     makeRoomFor(fresh.products.size(), tables.products);
-    std::move(fresh.groups.begin(), fresh.groups.end(), std::back_inserter(tables.groups));
+    const auto old = static_cast<std::ptrdiff_t>(tables.groups.size());
+    tables.groups.resize(tables.groups.size() + fresh.groups.size());
+    // Swapped: with some standard libraries the move of a set takes memory.
+    std::swap_ranges(fresh.groups.begin(), fresh.groups.end(), tables.groups.begin() + old);
     std::move(fresh.products.begin(), fresh.products.end(), std::back_inserter(tables.products));
     tables.firstOfGroup.merge(fresh.firstOfGroup);
 }

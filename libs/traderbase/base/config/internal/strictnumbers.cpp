@@ -8,9 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <cstdlib>
 #include <limits>
-#include <string>
 #include <system_error>
 
 namespace ttservice::internal {
@@ -23,6 +21,17 @@ bool isDigit(char c) {
 
 bool isHexDigit(char c) {
     return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+
+// The text from its first character that is no blank to the C library.
+std::string_view withoutBlanks(std::string_view text) {
+    return text.substr(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
+}
+
+// from_chars takes "-5" but not "+5", and must not be handed the rest of "+-5".
+std::string_view withoutPlus(std::string_view text) {
+    if (text.size() >= 2 && text[0] == '+' && isDigit(text[1])) text.remove_prefix(1);
+    return text;
 }
 
 // Takes a sign off the front of the text and tells whether it was a minus.
@@ -94,13 +103,10 @@ bool beginsHex(std::string_view text) {
 }  // namespace
 
 LeadingInt leadingInt(std::string_view text) {
-    // from_chars takes "-5" but not "+5", and must not be handed the rest of "+-5".
-    const std::size_t sign = !text.empty() && text.front() == '+' ? 1 : 0;
-    text.remove_prefix(sign);
+    const std::string_view digits = withoutPlus(text);
     LeadingInt taken;
-    if (sign != 0 && (text.empty() || !isDigit(text.front()))) return taken;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), taken.value);
-    if (result.ec == std::errc()) taken.used = sign + static_cast<std::size_t>(result.ptr - text.data());
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), taken.value);
+    if (result.ec == std::errc()) taken.used = static_cast<std::size_t>(result.ptr - text.data());
     return taken;
 }
 
@@ -126,10 +132,13 @@ std::optional<double> strictDouble(std::string_view text) {
     return minus ? -taken.value : taken.value;
 }
 
-// The C function wants an end mark. It takes neither digits nor signs from the locale, and unlike atoi and atoll it
-// says what becomes of a number that is too large.
+// strtoll would ask the locale what a blank is.
 long long looseLong(std::string_view text) {
-    return std::strtoll(std::string(text).c_str(), nullptr, 10);
+    text = withoutPlus(withoutBlanks(text));
+    long long value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec != std::errc::result_out_of_range) return value;
+    return text.front() == '-' ? std::numeric_limits<long long>::min() : std::numeric_limits<long long>::max();
 }
 
 int looseInt(std::string_view text) {
@@ -139,9 +148,7 @@ int looseInt(std::string_view text) {
 // atof would take the decimal sign from the locale, so its grammar is kept here: blanks, a sign, and then a decimal or
 // hexadecimal number, "inf" or "nan".
 double looseDouble(std::string_view text) {
-    const std::size_t start = text.find_first_not_of(" \t\n\v\f\r");
-    if (start == std::string_view::npos) return 0.0;
-    text.remove_prefix(start);
+    text = withoutBlanks(text);
     const bool minus = takeSign(text);
     const bool isHex = beginsHex(text);
     if (isHex) text.remove_prefix(2);
