@@ -10,8 +10,10 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "standin/logsetup.h"
+#include "tests/reliability/answertext.h"
 #include "tests/reliability/freshstore.h"
 #include "tests/reliability/refuseeachrequest.h"
 #include "tests/reliability/storetables.h"
@@ -21,6 +23,7 @@
 
 using tests::brokenTables;
 using tests::ClientFolder;
+using tests::combinationsOf;
 using tests::FreshStore;
 using tests::Outcome;
 using tests::Refusal;
@@ -28,28 +31,10 @@ using tests::settingsOfVersion;
 using tests::SilentError;
 using tests::Tables;
 using tests::tablesOf;
+using tests::textOf;
 using ttservice::ConfigCollector;
 
 namespace {
-
-// What an answer is compared by.
-std::string textOf(const std::string& text) {
-    return text;
-}
-std::string textOf(int number) {
-    return std::to_string(number);
-}
-std::string textOf(const std::pair<int, std::string>& limit) {
-    return std::to_string(limit.first) + limit.second;
-}
-template <typename Range>
-auto textOf(const Range& range) -> decltype(std::to_string(range.size())) {
-    return std::to_string(range.size());
-}
-template <typename Record>
-std::string textOf(const boost::shared_ptr<Record>& record) {
-    return record ? "a record" : "none";
-}
 
 struct Call {
     const char* name;
@@ -60,6 +45,12 @@ struct Call {
 const std::string kMarket = "a market with a name that is long";
 const std::string kCode = "a code with a name that is long";
 const std::string kText = "a text of the client that is long";
+
+std::string concentrationRatios(const ConfigCollector& store, int platform) {
+    std::pair<double, double> ratios;
+    const bool isListed = store.isUseConcentrationRatioPts(platform, ratios.first, ratios.second);
+    return isListed ? textOf(ratios) : "none";
+}
 
 #define TT_CALL(expression)                                                     \
     Call {                                                                      \
@@ -96,6 +87,8 @@ const Call kCalls[] = {
     TT_CALL(store.getSHFixIncomeLimit(static_cast<EBondTradeType>(2))),
     TT_CALL(store.getStandardBondUseLimit(kCode) == 1.0),
     TT_CALL(store.isRepayDebtByCollateralSell(1, kCode)),
+    TT_CALL(concentrationRatios(store, 1)),
+    TT_CALL(concentrationRatios(store, 77)),
     TT_CALL(store.getContractInfo("P1", false)),
     TT_CALL(store.getContractInfo(2)),
     TT_CALL(store.getAllContractInfo()),
@@ -144,19 +137,19 @@ TEST(AllocationFaults, ALoadLeavesEveryTableOldOrNew) {
                                  folder.write("2.ini", settingsOfVersion(2))};
     Tables old;
     Tables wanted;
+    std::vector<std::string> combinations;
     {
         const FreshStore store;
         prepare(*store, paths[0]);
         old = tablesOf(*store);
+        combinations.push_back(combinationsOf(*store));
         store->readConfig(paths[1]);
         wanted = tablesOf(*store);
+        combinations.push_back(combinationsOf(*store));
     }
-    for (const auto& [name, content] : wanted) {
-        const bool isLoaded = name.find("TradingTime") == std::string::npos && name.find("get") != 0;
-        if (isLoaded && name != "local override of an unknown switch") {
-            EXPECT_NE(content, old.at(name)) << name;
-        }
-    }
+    ASSERT_NE(combinations[0], combinations[1]);
+    for (const auto& [name, content] : wanted)
+        EXPECT_EQ(content != old.at(name), !tests::isSetAtRunTime(name)) << name;
     const long points = tests::refuseEachRequest([&](const Refusal& refusal) {
         const FreshStore store;
         prepare(*store, paths[0]);
@@ -167,6 +160,8 @@ TEST(AllocationFaults, ALoadLeavesEveryTableOldOrNew) {
             ASSERT_EQ(now, wanted);
         }
         ASSERT_EQ(brokenTables(now, old, wanted), "");
+        const std::string added = combinationsOf(*store);
+        ASSERT_TRUE(added == combinations[1] || (load != Outcome::Done && added == combinations[0])) << added;
         ASSERT_EQ(store->isNeedMaxAmountPts(2), store->isSomePt("needmaxamount", 2));
         store->readConfig(paths[1]);
         ASSERT_EQ(tablesOf(*store), wanted);

@@ -34,23 +34,32 @@ public:
 
 constexpr unsigned kLongestLoad = 240;
 
-// What a load of a file that cannot be read leaves behind: the defaults and the path, and not a word.
-void expectDefaultsAfterLoading(const std::string& path) {
-    const Deadline deadline(kLongestLoad);
+constexpr unsigned kAtOnce = 20;
+constexpr int kDefaultDays = -1;
+
+// What a load of a file leaves behind that holds one setting at most: that one, the defaults and the path, and not a
+// word.
+void expectDaysAfterLoading(const std::string& path, int days, unsigned longest) {
+    const Deadline deadline(longest);
     const tests::StandardError caught;
     const auto store = ConfigCollector::instance();
     store->readConfig(path);
     std::string original;
     store->getOriginalStr(original);
     EXPECT_EQ(original, path);
-    EXPECT_EQ(store->getFlowHistoryDays(), -1);
+    EXPECT_EQ(store->getFlowHistoryDays(), days);
     EXPECT_EQ(store->getCounterMaxCompactsRespNum(1), 500);
-    EXPECT_TRUE(store->getAllpts().empty());
+    EXPECT_EQ(store->getAllpts().size(), days == kDefaultDays ? 0U : 1U);
     EXPECT_EQ(caught.text(), "");
 }
 
+void expectDefaultsAfterLoading(const std::string& path, unsigned longest = kLongestLoad) {
+    expectDaysAfterLoading(path, kDefaultDays, longest);
+}
+
+// A file of that size: a setting, and then nothing but NULs.
 void writeSparse(const std::string& path, std::uintmax_t size) {
-    std::ofstream(path).put('\0');
+    std::ofstream(path, std::ios::binary) << "[setting]\nflowhistorydays=5\n";
     fs::resize_file(path, size);
 }
 
@@ -91,8 +100,7 @@ TEST(FileFaults, ANamedPipeWithoutAWriterIsNotWaitedFor) {
     const TempFolder folder;
     const std::string path = folder.path("pipe");
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
-    const Deadline deadline(20);
-    expectDefaultsAfterLoading(path);
+    expectDefaultsAfterLoading(path, kAtOnce);
 }
 
 TEST(FileFaults, DevicesAreNotRead) {
@@ -108,24 +116,27 @@ TEST(FileFaults, NothingButNulsGivesDefaults) {
     expectDefaultsAfterLoading(folder.write("settings.ini", std::string(1 << 20, '\0')));
 }
 
-TEST(FileFaults, AGigabyteGivesDefaults) {
+TEST(FileFaults, AGigabyteIsReadToItsEnd) {
     const ClientFolder client;
     const TempFolder folder;
     const std::string path = folder.path("settings.ini");
     // It is read as a whole, which the sanitizers would need several times the memory for.
     writeSparse(path, tests::kUnderSanitizer ? 100000000 : 1000000000);
-    expectDefaultsAfterLoading(path);
+    expectDaysAfterLoading(path, 5, kLongestLoad);
+    EXPECT_EQ(ConfigCollector::instance()->getHgtSgtPriceDiff(), "");
+    std::ofstream(path, std::ios::binary | std::ios::app) << "\n[HgtSgtPriceDiff]\nprice_diff=the end\n";
+    expectDaysAfterLoading(path, 5, kLongestLoad);
+    EXPECT_EQ(ConfigCollector::instance()->getHgtSgtPriceDiff(), "the end");
 }
 
 TEST(FileFaults, MoreThanAGibibyteIsNotEvenOpened) {
     const ClientFolder client;
     const TempFolder folder;
     const std::string path = folder.path("settings.ini");
-    writeSparse(path, (std::uintmax_t{1} << 30) + 1);
-    const Deadline deadline(20);
-    expectDefaultsAfterLoading(path);
-    writeSparse(path, std::uintmax_t{1} << 43);
-    expectDefaultsAfterLoading(path);
+    for (const std::uintmax_t size : {(std::uintmax_t{1} << 30) + 1, std::uintmax_t{1} << 43}) {
+        writeSparse(path, size);
+        expectDefaultsAfterLoading(path, kAtOnce);
+    }
 }
 
 TEST(FileFaults, ALineOfAHundredMegabytesIsOneValue) {

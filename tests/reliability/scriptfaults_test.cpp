@@ -53,14 +53,19 @@ struct Client {
     boost::shared_ptr<AlgorithmParamConfig> catalogue = AlgorithmParamConfig::instance();
 };
 
+// What becomes of the sessions of the script before: they stay where this one names no markets.
+enum class Former { Stay, Go, Either };
+
 // Loads the script's sessions, and then those of a sound one.
-void expectSurvived(const std::string& script) {
+void expectSurvived(const std::string& script, Former former = Former::Either) {
     const TempFolder folder;
     const std::string path = folder.write("script.lua", script);
     const auto store = ConfigCollector::instance();
-    const std::map<std::string, std::string> former{{"SSE", R"({"100000":50,"110000":49})"}};
-    store->initMarketTradingTime(former);
+    store->initMarketTradingTime(std::map<std::string, std::string>{{"AMEX", R"({"100000":50,"110000":49})"}});
     EXPECT_NO_THROW(store->initMarketTradingTime(path)) << script.substr(0, 200);
+    if (former != Former::Either) {
+        EXPECT_THAT(store->getTradingTime("AMEX"), SizeIs(former == Former::Stay ? 1 : 0)) << script.substr(0, 200);
+    }
     // It still takes what a sound script says.
     store->initMarketTradingTime(
         folder.write("sound.lua", std::string("function getMarkets() return '{\"SZSE\":1}' end\n") +
@@ -93,17 +98,17 @@ TEST(ScriptFaults, ErrorObjectsOfEveryTypeAreOneLineAndNoAnswer) {
     const Client client;
     for (const char* object : kErrorObjects) {
         const LogCapture log;
-        expectSurvived(bothRaise(object));
+        expectSurvived(bothRaise(object), Former::Stay);
         EXPECT_THAT(log.lines(), SizeIs(1)) << object;
     }
     for (const char* object : kErrorObjects) {
         const LogCapture log;
-        expectSurvived(durationRaises(object));
+        expectSurvived(durationRaises(object), Former::Go);
         EXPECT_THAT(log.lines(), SizeIs(1)) << object;
     }
     for (const char* object : kErrorObjects) {  // at the script's own top level
         const LogCapture log;
-        expectSurvived(std::string("error(") + object + ", 0)");
+        expectSurvived(std::string("error(") + object + ", 0)", Former::Stay);
         EXPECT_THAT(log.lines(), SizeIs(2)) << object;  // the second line: there is no getMarkets
     }
 }
@@ -115,7 +120,7 @@ TEST(ScriptFaults, DeepRecursionIsAnError) {
           "local function down(t) return tostring(setmetatable({}, {__tostring = down})) end return down()",
           "local function down() return coroutine.wrap(down)() end return down()"}) {
         const LogCapture log;
-        expectSurvived(std::string("function getMarkets() ") + body + " end");
+        expectSurvived(std::string("function getMarkets() ") + body + " end", Former::Stay);
         EXPECT_THAT(log.lines(), SizeIs(1)) << body;
     }
 }
@@ -124,13 +129,14 @@ TEST(ScriptFaults, AnswersOfEveryTypeAreTaken) {
     const Client client;
     const LogCapture log;
     for (const char* object : kErrorObjects) {
-        expectSurvived(std::string("function getMarkets() return ") + object + " end");
+        expectSurvived(std::string("function getMarkets() return ") + object + " end", Former::Stay);
         expectSurvived(
             std::string("function getMarkets() return '{\"SSE\":1}' end function getMarketTradeDuration() return ") +
-            object + " end");
+                object + " end",
+            Former::Go);
     }
-    expectSurvived("function getMarkets() end");
-    expectSurvived("function getMarkets() return unpack({}, 1, 5000) end");
+    expectSurvived("function getMarkets() end", Former::Stay);
+    expectSurvived("function getMarkets() return unpack({}, 1, 5000) end", Former::Stay);
 }
 
 TEST(ScriptFaults, AMillionByteAnswerIsTakenWhole) {
@@ -148,7 +154,7 @@ TEST(ScriptFaults, AMillionByteAnswerIsTakenWhole) {
     EXPECT_THAT(store->getTradingTime("SSE"), SizeIs(1));
     // And a million bytes of blanks, of digits, and of what is nothing at all.
     for (const char* text : {" ", "7", "x", "\\\\", "\\\"", ","})
-        expectSurvived("function getMarkets() return " + repeated(text, kMillion) + " end");
+        expectSurvived("function getMarkets() return " + repeated(text, kMillion) + " end", Former::Stay);
     expectSurvived("function getMarkets() return '{\"SSE\":1}' end function getMarketTradeDuration() return '{\"' .. " +
                    repeated("7", kMillion) + " .. '\":50}' end");
 }
@@ -176,7 +182,7 @@ TEST(ScriptFaults, AnAnswerThatSpeaksOfMemoryIsATextLikeOthers) {
     for (const char* text :
          {"{caught exception from within JSON parser: std::bad_alloc", "{std::bad_alloc", "std::bad_alloc",
           "caught exception from within JSON parser: std::bad_alloc", "{x:std::bad_alloc"}) {
-        expectSurvived(std::string("function getMarkets() return '") + text + "' end");
+        expectSurvived(std::string("function getMarkets() return '") + text + "' end", Former::Stay);
         expectSurvived(std::string("function getMarkets() return '{\"SSE\":1}' end function getMarketTradeDuration() "
                                    "return '") +
                        text + "' end");
@@ -189,8 +195,8 @@ TEST(ScriptFaults, JsonThatIsNestedAMillionDeepIsRefused) {
     const LogCapture log;
     for (const std::string& opening : openings) {
         const std::string deep = "string.rep(\"" + opening + "\", 1000000)";
-        expectSurvived("function getMarkets() return " + deep + " end");
-        expectSurvived("function getMarkets() return '{\"SSE\":' .. " + deep + " end");
+        expectSurvived("function getMarkets() return " + deep + " end", Former::Stay);
+        expectSurvived("function getMarkets() return '{\"SSE\":' .. " + deep + " end", Former::Stay);
         expectSurvived(
             "function getMarkets() return '{\"SSE\":1}' end function getMarketTradeDuration() return '{\"1\":' .. " +
             deep + " end");

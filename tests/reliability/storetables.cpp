@@ -1,16 +1,10 @@
 #include "tests/reliability/storetables.h"
 
-#include <locale>
 #include <set>
-#include <sstream>
 #include <utility>
-#include <vector>
-
-#include <ttplatform/ratelimitrecords.h>
 
 #include "tests/config/collectorpeer.h"
-#include "traderbase/base/config/contractinfo.h"
-#include "traderbase/base/config/shfixincomelimit.h"
+#include "tests/reliability/answertext.h"
 
 namespace tests {
 
@@ -18,62 +12,6 @@ namespace {
 
 using ttservice::ConfigCollector;
 using ttservice::ConfigCollectorPeer;
-
-// Declared first: each calls those of its parts, whatever their order.
-std::string textOf(const std::vector<int>& list);
-std::string textOf(const std::vector<std::string>& list);
-std::string textOf(const std::set<std::string>& list);
-template <typename Record>
-std::string textOf(const boost::shared_ptr<Record>& record);
-template <typename First, typename Second>
-std::string textOf(const std::pair<First, Second>& pair);
-
-std::string textOf(int number) {
-    return std::to_string(number);
-}
-std::string textOf(double number) {
-    std::ostringstream text;
-    text.imbue(std::locale::classic());
-    text << number;
-    return text.str();
-}
-std::string textOf(const std::string& text) {
-    return '"' + text + '"';
-}
-std::string textOf(const ttservice::ContractInfo& record) {
-    return record.productId + record.textValue + textOf(record.doubleValue) + std::to_string(record.longValue) +
-           textOf(record.intValue);
-}
-std::string textOf(const IData& record) {
-    return record.toLog();
-}
-std::string textOf(const ttservice::SHFixIncomeLimit& limit) {
-    return textOf(limit.doubleValue) + ' ' + textOf(limit.intValue1) + ' ' + textOf(limit.intValue6);
-}
-template <typename Record>
-std::string textOf(const boost::shared_ptr<Record>& record) {
-    return record ? textOf(*record) : "null";
-}
-template <typename First, typename Second>
-std::string textOf(const std::pair<First, Second>& pair) {
-    return textOf(pair.first) + ": " + textOf(pair.second);
-}
-template <typename Table>
-std::string textOfEach(const Table& table) {
-    std::string text;
-    for (const auto& entry : table)
-        text += textOf(entry) + "; ";
-    return text;
-}
-std::string textOf(const std::vector<int>& list) {
-    return textOfEach(list);
-}
-std::string textOf(const std::vector<std::string>& list) {
-    return textOfEach(list);
-}
-std::string textOf(const std::set<std::string>& list) {
-    return textOfEach(list);
-}
 
 constexpr int kPlatforms = 6;
 
@@ -105,14 +43,15 @@ void addScalars(const ConfigCollector& store, std::map<std::string, std::string>
         byPlatform([&](int p) { return store.isNeedCheckAssureEnbuyBalancePts(p); });
 }
 
+const char* const kLocalOverride = "local override of an unknown switch";
+
 void addRunTimeValues(const ConfigCollector& store, std::map<std::string, std::string>& tables) {
-    tables["local override of an unknown switch"] = textOf(store.isSomePt("a switch that only the client knows", 1));
+    tables[kLocalOverride] = textOf(store.isSomePt("a switch that only the client knows", 1));
     tables["getMaxPermission"] = textOf(store.getMaxPermission("the first permission")) + ' ' +
                                  textOf(store.getMaxPermission("the other permission"));
     tables["getLocalDiskPathHash"] = store.getLocalDiskPathHash();
     tables["getLocalInfoFormat"] = store.getLocalInfoFormat();
     store.getQeTsConfigStr(tables["getQeTsConfigStr"]);
-    store.getOriginalStr(tables["getOriginalStr"]);
     tables["getTradingTime"] = textOfEach(store.getTradingTime("SSE")) + textOfEach(store.getTradingTime("SZSE"));
 }
 
@@ -166,12 +105,24 @@ std::map<std::string, std::string> tablesOf(const ConfigCollector& store) {
     tables["switches"] = textOfEach(store.getAllpts());
     tables["slots"] = byPlatform([&](int p) { return store.isNeedMaxAmountPts(p); }) +
                       byPlatform([&](int p) { return store.isChangeBrokerId(p); });
+    store.getOriginalStr(tables["getOriginalStr"]);
     addScalars(store, tables);
     addRunTimeValues(store, tables);
     addCreditTables(store, tables);
     addCatalogues(store, tables);
     addLimits(store, tables);
     return tables;
+}
+
+bool isSetAtRunTime(const std::string& table) {
+    static const std::set<std::string> names{kLocalOverride,       "getMaxPermission", "getLocalDiskPathHash",
+                                             "getLocalInfoFormat", "getQeTsConfigStr", "getTradingTime"};
+    return names.count(table) != 0;
+}
+
+std::string combinationsOf(const ConfigCollector& store) {
+    const auto& tables = ConfigCollectorPeer::combinations(store);
+    return textOfEach(tables.groups) + '/' + textOf(tables.products);
 }
 
 std::string settingsOfVersion(int version) {

@@ -67,6 +67,20 @@ Lists listsOf(const std::vector<int>& list) {
     return lists;
 }
 
+// Keys that nobody knew before go into the table as well, while others ask; no list of theirs is ever replaced.
+const std::string kFreshKey = "a key of its own ";
+const std::vector<int> kFreshList{kAlways};
+constexpr int kFreshKeys = 1000;
+
+bool isFresh(const std::string& key) {
+    return key.compare(0, kFreshKey.size(), kFreshKey) == 0;
+}
+
+Lists withFreshKey(Lists lists, int number) {
+    lists.emplace(kFreshKey + std::to_string(number), kFreshList);
+    return lists;
+}
+
 std::string settingsOf(const Lists& lists, const char* tables) {
     std::string text = "[setting]\n";
     for (const auto& [key, list] : lists) {
@@ -100,7 +114,7 @@ public:
         return nullptr;
     }
 
-    bool sawBothLists() const { return sawFirst && sawSecond; }
+    bool sawAllKinds() const { return sawFirst && sawSecond && sawFresh; }
 
 private:
     const char* wrongSwitch(const ConfigCollector& store, int round) {
@@ -115,14 +129,19 @@ private:
         return knowsAllLists(store.getAllpts()) ? nullptr : "getAllpts";
     }
 
-    // Whoever sets one list sets all of them, so they are all the same at any moment.
+    // Whoever sets one list of the known keys sets all of them, so they are all the same at any moment.
     bool knowsAllLists(const Lists& all) {
-        const std::vector<int>& list = all.begin()->second;
+        const std::vector<int>& list = all.at(keys.begin()->first);
         if (list == kFirstList) sawFirst = true;
         if (list == kSecondList) sawSecond = true;
-        const auto isSame = [&list](const auto& each) { return each.second == list; };
-        return (list == kFirstList || list == kSecondList) && all.size() == keys.size() &&
-               std::all_of(all.begin(), all.end(), isSame);
+        const auto isLegal = [&list](const auto& each) {
+            return each.second == (isFresh(each.first) ? kFreshList : list);
+        };
+        const auto fresh = std::count_if(all.begin(), all.end(), [](const auto& each) { return isFresh(each.first); });
+        if (fresh > 0) sawFresh = true;
+        return (list == kFirstList || list == kSecondList) &&
+               all.size() == keys.size() + static_cast<std::size_t>(fresh) &&
+               std::all_of(all.begin(), all.end(), isLegal);
     }
 
     static const char* wrongRatio(const ConfigCollector& store) {
@@ -155,6 +174,7 @@ private:
     const Lists keys;
     std::atomic<bool> sawFirst{false};
     std::atomic<bool> sawSecond{false};
+    std::atomic<bool> sawFresh{false};
 };
 
 // Starts so many threads at one moment and waits for them.
@@ -196,11 +216,15 @@ TEST(Threads, EveryAnswerIsLegalWhileLoadsAndSetPtsRun) {
     runTogether(kAskers + 2, [&](int number) {
         for (int round = number; !ended; ++round) {
             if (number == 0) {  // loads are the client's to serialise: one thread loads
+                if (round % 16 == 0 && round / 16 < kFreshKeys) {
+                    folder.write("first.ini", settingsOf(withFreshKey(lists[0], -round - 1), kFirstTables));
+                }
                 store->readConfig(files[round % 2]);
-                const bool isEnough = ++loads > 10 && replacements > 10 && rounds > 100 && asker.sawBothLists();
+                const bool isEnough = ++loads > 10 && replacements > 10 && rounds > 100 && asker.sawAllKinds();
                 ended = wrong != nullptr || (isEnough && std::chrono::steady_clock::now() >= end);
             } else if (number == 1) {
-                store->setPts(lists[round % 2]);
+                const bool isNew = round % 16 == 1 && round / 16 < kFreshKeys;
+                store->setPts(isNew ? withFreshKey(lists[round % 2], round) : lists[round % 2]);
                 ++replacements;
                 std::this_thread::yield();
             } else {
