@@ -32,7 +32,8 @@ enum class Lifetime;
 class TRADERBASE_API AlgorithmParamConfig {
 public:
     // The process's one catalogue. The first call builds it with its market times; vendors are read by
-    // initAlgoParams(). Who asks after the process has ended and released it gets an empty one for himself.
+    // initAlgoParams(). Who asks after the process has ended and released it gets an empty one for himself. While
+    // static objects are destroyed, no other thread may ask.
     static boost::shared_ptr<AlgorithmParamConfig> instance();
 
     // Asks the script, which the client has loaded, for the vendors that the user holds rights to, and always for the

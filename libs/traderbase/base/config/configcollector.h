@@ -57,7 +57,7 @@ public:
 
     // The process's one store, built by the first call: defaults, no switches, market times from the script. Destroyed
     // when the process ends, unless somebody still holds it; who asks after that, from the destructor of a static
-    // object, gets a store of defaults for himself.
+    // object, gets one for himself, as before any load. While static objects are destroyed, no other thread may ask.
     static boost::shared_ptr<ConfigCollector> instance();
 
     ConfigCollector(const ConfigCollector&) = delete;
