@@ -54,14 +54,18 @@ int shiftedSecond(int clockTime) {
 }
 
 void logPoints(const std::string& market, const Points& points) {
-    if (!debugWanted(kTradingTimeChannel)) return;
-    std::vector<std::pair<int, int>> shifted;
-    for (const int clockTime : points.named)
-        shifted.emplace_back(shiftedSecond(clockTime), points.statusAt.at(clockTime));
-    std::stable_sort(shifted.begin(), shifted.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    logDebug(kTradingTimeChannel, "points market {0}", market);
-    for (const auto& [second, status] : shifted)
-        logDebug(kTradingTimeChannel, "points = {0}  status {1}", second, status);
+    if (points.named.size() < 2) return;
+    writeIfPossible([&] {
+        if (!debugWanted(kTradingTimeChannel)) return;
+        std::vector<std::pair<int, int>> shifted;
+        for (const int clockTime : points.named)
+            shifted.emplace_back(shiftedSecond(clockTime), points.statusAt.at(clockTime));
+        std::stable_sort(shifted.begin(), shifted.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
+        logDebug(kTradingTimeChannel, "points market {0}", market);
+        for (const auto& [second, status] : shifted)
+            logDebug(kTradingTimeChannel, "points = {0}  status {1}", second, status);
+    });
 }
 
 // Walks the day in clock order from midnight on. The evening is not shifted here: a close after midnight comes before
@@ -105,7 +109,7 @@ std::map<std::string, TradingSessions> buildTradingSessions(const std::map<std::
     std::map<std::string, TradingSessions> table;
     for (const auto& [market, text] : sessionTexts) {
         const Points points = readPoints(text);
-        if (points.named.size() >= 2) writeIfPossible([&] { logPoints(market, points); });
+        logPoints(market, points);
         TradingSessions sessions = sessionsOf(points);
         if (!sessions.empty()) table.emplace(market, std::move(sessions));
     }
