@@ -44,6 +44,12 @@ using Overrides = std::map<std::string, bool>;
 // How many questions of an input are asked why their answer is not another one, beside those that it holds.
 constexpr std::size_t kWhyNots = 2;
 
+// The lines as people see them in an editor, which shows no byte order mark.
+std::vector<std::string> seenLines(std::string_view input) {
+    if (input.substr(0, 3) == "\xEF\xBB\xBF") input.remove_prefix(3);
+    return tests::slowLines(std::string(input));
+}
+
 // A settings file, what it is read as, and where it is.
 struct Settings {
     const std::string path;
@@ -220,8 +226,8 @@ void fuzz::runInput(std::string_view input) {
 
     Dice dice(input);
     const WrittenQuestions written = writtenQuestions(input);
-    Settings settings{written.file, standin::SettingsText{std::string(input)}, tests::slowLines(std::string(input)),
-                      written.overrides, folder};
+    Settings settings{written.file, standin::SettingsText{std::string(input)}, seenLines(input), written.overrides,
+                      folder};
     if (dice.oneIn(4)) {
         const auto& row = dice.any(ttservice::internal::kPlatformSwitches);
         settings.overrides[std::string(row.key)] = dice.oneIn(2);
