@@ -30,14 +30,12 @@
 
 using luabase::LuaConfig;
 using standin::LogCapture;
-using tests::brokenTables;
 using tests::ClientFolder;
 using tests::FreshStore;
 using tests::Outcome;
 using tests::Refusal;
 using tests::refuseEachRequest;
 using tests::Shortage;
-using tests::SilentError;
 using tests::Tables;
 using tests::tablesOf;
 using ttservice::AlgorithmParamConfig;

@@ -138,7 +138,7 @@ TEST(PlatformList, KeysAreSortedByTheirBytesAndTheFirstPlaceOfEachCounts) {
 // Clients ask from threads that have little.
 TEST(PlatformList, KeysWithMuchInCommonNeedNoDeepStack) {
     constexpr std::size_t kKeys = 8000;
-    constexpr std::size_t kStack = 512 * 1024;
+    constexpr std::size_t kStack = std::size_t{512} * 1024;
     std::vector<std::string> keys;
     for (std::size_t length = kKeys; length > 0; --length)
         keys.emplace_back(length, 'a');
