@@ -271,8 +271,8 @@ TEST(WhyNot, DoesNotTakeOneNameWithACommaForTwo) {
 TEST(WhyNot, TakesBytesThatAreNoUtf8) {
     const standin::SettingsText text(
         std::string("[setting]\nneedmaxamount=8\nk\xFF=9\nsamrtalgotypes=a\xFF\nt0algotypes=a:b\n"
-                    "algomultcontractsetting=P:\xFF,1,2,3,0\netfbrokerclienttag=a\xFF:b,c\n[StkExchangeOrderLimit]\nSH-"
-                    "600000=5,\xFF\n"));
+                    "algomultcontractsetting=P:\xFF,1,2,3,0\netfbrokerclienttag=a\xFF:b,c\n"
+                    "[StkExchangeOrderLimit]\nSH-600000=5,\xFF\n"));
     const Explainer explainer(text);
     const struct {
         const char* call;
