@@ -19,8 +19,8 @@
 #include "benchmarks/measuring.h"
 #include "standin/platformdata.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/marketitem.h"
-#include "traderbase/base/config/internal/volumelimit.h"
+#include "traderbase/base/config/internal/limits/marketitem.h"
+#include "traderbase/base/config/internal/limits/volumelimit.h"
 
 namespace {
 

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "benchmarks/generatedsettings.h"
-#include "traderbase/base/config/internal/platformlist.h"
+#include "traderbase/base/config/internal/platforms/platformlist.h"
 
 namespace {
 

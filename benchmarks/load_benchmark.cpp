@@ -17,8 +17,8 @@
 #include "benchmarks/measuring.h"
 #include "benchmarks/plainmaps.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/platformlist.h"
-#include "traderbase/base/config/internal/storeslot.h"
+#include "traderbase/base/config/internal/platforms/platformlist.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include "benchmarks/generatedsettings.h"
 #include "standin/settingstext.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/storeslot.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
 
 namespace {
 

@@ -17,9 +17,9 @@
 
 #include "luaconfig/luaconfig.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/jsonobject.h"
-#include "traderbase/base/config/internal/storeslot.h"
-#include "traderbase/base/config/internal/tradingsessions.h"
+#include "traderbase/base/config/internal/scripts/jsonobject.h"
+#include "traderbase/base/config/internal/scripts/tradingsessions.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
 // The switches that the programs ask for, and a table of them.
 

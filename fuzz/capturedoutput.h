@@ -6,7 +6,7 @@
 #include <string>
 
 #include "fuzz/target.h"
-#include "ttconfig/output.h"
+#include "ttconfig/invocation/output.h"
 
 namespace fuzz {
 

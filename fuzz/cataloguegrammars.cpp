@@ -15,10 +15,10 @@
 #include "fuzz/target.h"
 #include "tests/support/slowcatalogues.h"
 #include "tests/support/slowgrammars.h"
-#include "traderbase/base/config/internal/catalogueentries.h"
-#include "traderbase/base/config/internal/contractcatalogue.h"
-#include "traderbase/base/config/internal/producttables.h"
-#include "traderbase/base/config/internal/splitting.h"
+#include "traderbase/base/config/internal/products/catalogueentries.h"
+#include "traderbase/base/config/internal/products/contractcatalogue.h"
+#include "traderbase/base/config/internal/products/producttables.h"
+#include "traderbase/base/config/internal/text/splitting.h"
 
 namespace fuzz {
 

@@ -17,9 +17,9 @@
 #include "fuzz/target.h"
 #include "fuzz/toldfindings.h"
 #include "tests/support/slowlines.h"
-#include "ttconfig/fault.h"
 #include "ttconfig/findings/checking.h"
 #include "ttconfig/findings/rules.h"
+#include "ttconfig/invocation/fault.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 // text and JSON tell it and each other's places, and an edit that is said to make an answer another one does so in a
 // store that loads the edited text. All seeds together have every such question answered by what a file says.
 
-#include "ttconfig/reasons/explain.h"
+#include "ttconfig/explaining/explain.h"
 
 #include <standin/platformdatafile.h>
 
@@ -22,11 +22,11 @@
 #include "fuzz/toldexplanation.h"
 #include "tests/support/slowlines.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
-#include "traderbase/base/config/internal/storeslot.h"
-#include "ttconfig/fault.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
+#include "ttconfig/explaining/whynot.h"
+#include "ttconfig/invocation/fault.h"
 #include "ttconfig/reasons/explainer.h"
-#include "ttconfig/reasons/whynot.h"
 #include "ttconfig/text/answertext.h"
 
 namespace {

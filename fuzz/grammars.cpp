@@ -8,7 +8,7 @@
 #include "standin/settingstext.h"
 #include "tests/support/slowgrammars.h"
 #include "tests/support/slowsettings.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
 
 namespace {
 

@@ -10,9 +10,9 @@
 #include "fuzz/samenumber.h"
 #include "fuzz/target.h"
 #include "tests/support/slowgrammars.h"
-#include "traderbase/base/config/internal/fixedincome.h"
-#include "traderbase/base/config/internal/limitrows.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/limits/fixedincome.h"
+#include "traderbase/base/config/internal/limits/limitrows.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "traderbase/base/config/shfixincomelimit.h"
 
 namespace fuzz {

@@ -11,10 +11,10 @@
 #include "fuzz/target.h"
 #include "tests/support/slowgrammars.h"
 #include "tests/support/standarderror.h"
-#include "traderbase/base/config/internal/creditlists.h"
-#include "traderbase/base/config/internal/perplatformlist.h"
-#include "traderbase/base/config/internal/platformlist.h"
-#include "traderbase/base/config/internal/splitting.h"
+#include "traderbase/base/config/internal/platforms/creditlists.h"
+#include "traderbase/base/config/internal/platforms/perplatformlist.h"
+#include "traderbase/base/config/internal/platforms/platformlist.h"
+#include "traderbase/base/config/internal/text/splitting.h"
 
 namespace fuzz {
 

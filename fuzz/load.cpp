@@ -11,8 +11,8 @@
 #include "fuzz/scratchfolder.h"
 #include "fuzz/target.h"
 #include "standin/settingstext.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
-#include "traderbase/base/config/internal/storeslot.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include "fuzz/samenumber.h"
 #include "fuzz/target.h"
 #include "tests/support/slowgrammars.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
 namespace fuzz {
 

@@ -15,8 +15,8 @@
 #include "fuzz/target.h"
 #include "tests/support/slowsessions.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/storeslot.h"
-#include "traderbase/base/config/internal/tradingsessions.h"
+#include "traderbase/base/config/internal/scripts/tradingsessions.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
 
 namespace {
 

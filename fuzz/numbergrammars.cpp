@@ -11,7 +11,7 @@
 #include "fuzz/target.h"
 #include "standin/numbertext.h"
 #include "tests/support/slowgrammars.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 
 namespace fuzz {
 

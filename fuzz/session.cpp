@@ -1,7 +1,7 @@
 // The session protocol: lines of any bytes, each answered by one line of well-formed JSON, as the protocol says it,
 // with the request's own id.
 
-#include "ttconfig/session.h"
+#include "ttconfig/asking/session.h"
 
 #include <standin/platformdatafile.h>
 

@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "traderbase/base/config/algorithmparamconfig.h"
-#include "traderbase/base/config/internal/storeslot.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
 
 namespace fuzz {
 

@@ -9,7 +9,7 @@
 #include "tests/support/slowcatalogues.h"
 #include "tests/support/slowgrammars.h"
 #include "tests/support/slowsettings.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
 
 namespace fuzz {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "ttconfig/reasons/explaintext.h"
+#include "ttconfig/explaining/explaintext.h"
 
 namespace fuzz {
 

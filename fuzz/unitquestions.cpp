@@ -8,7 +8,7 @@
 #include "fuzz/loadquestions.h"
 #include "fuzz/target.h"
 #include "tests/support/tempfile.h"
-#include "traderbase/base/config/internal/storeslot.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
 #include "traderbase/base/config/tradeunit.h"
 
 namespace fuzz {

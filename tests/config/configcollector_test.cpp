@@ -9,7 +9,7 @@
 
 #include "standin/queryhook.h"
 #include "tests/support/store.h"
-#include "traderbase/base/config/internal/storeslot.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
 
 using tests::LoadedStore;
 using tests::StandardError;

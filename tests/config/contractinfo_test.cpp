@@ -11,7 +11,7 @@
 #include "tests/config/collectorpeer.h"
 #include "tests/support/allocations.h"
 #include "tests/support/store.h"
-#include "traderbase/base/config/internal/storeslot.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
 #include "ttplatform/configuration.h"
 
 using tests::LoadedStore;

@@ -7,7 +7,7 @@
 #include <set>
 
 #include "tests/config/tradeunitbuylist.h"
-#include "traderbase/base/config/internal/buyoperations.h"
+#include "traderbase/base/config/internal/words/buyoperations.h"
 #include "traderbase/base/config/tradeunit.h"
 
 using tests::kBuyList;

@@ -9,7 +9,7 @@
 
 #include "standin/queryhook.h"
 #include "tests/support/store.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
 
 using tests::LoadedStore;
 using ttservice::internal::kSettingKeys;

@@ -11,7 +11,7 @@
 #include "tests/support/allocations.h"
 #include "tests/support/store.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
 using tests::LoadedStore;
 using ttservice::ConfigCollector;

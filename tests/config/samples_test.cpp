@@ -6,8 +6,8 @@
 #include "standin/settingstext.h"
 #include "tests/support/standarderror.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
 using ttservice::ConfigCollector;
 namespace internal = ttservice::internal;

@@ -13,7 +13,7 @@
 
 #include "tests/support/store.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/tradeunitrules.h"
+#include "traderbase/base/config/internal/units/tradeunitrules.h"
 #include "traderbase/base/config/tradeunit.h"
 
 // Made-up instruments, and asking for their units.

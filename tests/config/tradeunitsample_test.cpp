@@ -15,8 +15,8 @@
 
 #include "tests/config/tradeunitmade.h"
 #include "tests/support/store.h"
-#include "traderbase/base/config/internal/categorywords.h"
-#include "traderbase/base/config/internal/limitcategories.h"
+#include "traderbase/base/config/internal/limits/limitcategories.h"
+#include "traderbase/base/config/internal/words/categorywords.h"
 
 // The sample platform is the demo of every rule: whoever adds one finds here that it lacks an instrument.
 

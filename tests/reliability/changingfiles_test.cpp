@@ -14,7 +14,7 @@
 #include "tests/support/sanitizers.h"
 #include "tests/support/standarderror.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/storeslot.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
 
 using tests::ClientFolder;
 using tests::CutLoad;

@@ -8,7 +8,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/storeslot.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
 
 namespace tests {
 

@@ -6,7 +6,7 @@ set(public_headers
     traderbase/base/config/algorithmparamconfig.h
     traderbase/base/config/configcollector.h
     traderbase/base/config/contractinfo.h
-    traderbase/base/config/export.h
+    luaconfig/export.h
     traderbase/base/config/shfixincomelimit.h
     traderbase/base/config/tradeunit.h
     traderbase/base/config/version.h

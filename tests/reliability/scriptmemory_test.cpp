@@ -25,7 +25,7 @@
 #include "tests/support/clientfolder.h"
 #include "traderbase/base/config/algorithmparamconfig.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/jsonobject.h"
+#include "traderbase/base/config/internal/scripts/jsonobject.h"
 #include "ttplatform/logging.h"
 
 using luabase::LuaConfig;

@@ -17,7 +17,7 @@
 #include "tests/support/standarderror.h"
 #include "traderbase/base/config/algorithmparamconfig.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
 using tests::ClientFolder;
 using ttservice::AlgorithmParamConfig;

@@ -8,10 +8,11 @@
 #include <string>
 #include <string_view>
 
-#include "ttconfig/commandline.h"
-#include "ttconfig/fault.h"
-#include "ttconfig/output.h"
-#include "ttconfig/startup.h"
+#include "ttconfig/commandline/reading.h"
+#include "ttconfig/invocation/commandline.h"
+#include "ttconfig/invocation/fault.h"
+#include "ttconfig/invocation/output.h"
+#include "ttconfig/settings/startup.h"
 #include "ttconfig/text/showntext.h"
 
 namespace {

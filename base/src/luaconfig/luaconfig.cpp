@@ -17,8 +17,8 @@
 #include <boost/thread/lock_guard.hpp>
 #include <luabind/luabind.hpp>
 
-#include "traderbase/base/config/internal/guardedlog.h"
-#include "traderbase/base/config/internal/tablescript.h"
+#include "logging/guardedlog.h"
+#include "luaconfig/internal/tablescript.h"
 
 // An error that reaches Lua outside of a protected call ends the process. Running out of memory is such an error and
 // may come from nearly every call, and so is whatever a script's metamethods raise. So all work is done in C functions

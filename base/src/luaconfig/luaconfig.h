@@ -5,7 +5,7 @@
 #include <boost/thread/recursive_mutex.hpp>
 #include <lua.hpp>
 
-#include "traderbase/base/config/export.h"
+#include "luaconfig/export.h"
 
 namespace luabase {
 

@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "luaconfig/luaconfig.h"
+#include "luaconfig/internal/tablescript.h"
 #include "standin/logsetup.h"
 #include "tests/base/luaconfig/script.h"
-#include "traderbase/base/config/internal/tablescript.h"
 
 using luabase::LuaConfig;
 using luabase::LuaConfigPeer;

@@ -1,4 +1,4 @@
-#include "traderbase/base/config/internal/catalogueentries.h"
+#include "traderbase/base/config/internal/products/catalogueentries.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
-#include "traderbase/base/config/internal/contractcatalogue.h"
+#include "traderbase/base/config/internal/products/contractcatalogue.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "traderbase/base/config/internal/catalogueentries.h"
+#include "traderbase/base/config/internal/products/catalogueentries.h"
 
 using namespace ttservice::internal;
 

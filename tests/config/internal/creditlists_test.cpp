@@ -1,4 +1,4 @@
-#include "traderbase/base/config/internal/creditlists.h"
+#include "traderbase/base/config/internal/platforms/creditlists.h"
 
 #include <gtest/gtest.h>
 

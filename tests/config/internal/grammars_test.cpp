@@ -11,9 +11,9 @@
 
 #include "tests/support/slowgrammars.h"
 #include "tests/support/standarderror.h"
-#include "traderbase/base/config/internal/perplatformlist.h"
-#include "traderbase/base/config/internal/platformlist.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/platforms/perplatformlist.h"
+#include "traderbase/base/config/internal/platforms/platformlist.h"
 
 using namespace ttservice::internal;
 

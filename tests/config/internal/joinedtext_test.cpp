@@ -1,4 +1,4 @@
-#include "traderbase/base/config/internal/joinedtext.h"
+#include "traderbase/base/config/internal/text/joinedtext.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "traderbase/base/config/internal/jsonobject.h"
+#include "traderbase/base/config/internal/scripts/jsonobject.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

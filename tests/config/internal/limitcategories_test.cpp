@@ -1,4 +1,4 @@
-#include "traderbase/base/config/internal/limitcategories.h"
+#include "traderbase/base/config/internal/limits/limitcategories.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "traderbase/base/config/internal/limitrows.h"
+#include "traderbase/base/config/internal/limits/limitrows.h"
 
 #include <gtest/gtest.h>
 

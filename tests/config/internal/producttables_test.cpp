@@ -1,4 +1,4 @@
-#include "traderbase/base/config/internal/producttables.h"
+#include "traderbase/base/config/internal/products/producttables.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "traderbase/base/config/internal/readmostlymutex.h"
+#include "traderbase/base/config/internal/switches/readmostlymutex.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "traderbase/base/config/internal/splitting.h"
+#include "traderbase/base/config/internal/text/splitting.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 
 #include <gtest/gtest.h>
 

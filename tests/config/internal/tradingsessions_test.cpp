@@ -1,4 +1,4 @@
-#include "traderbase/base/config/internal/tradingsessions.h"
+#include "traderbase/base/config/internal/scripts/tradingsessions.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "traderbase/base/config/internal/uppercased.h"
+#include "traderbase/base/config/internal/text/uppercased.h"
 
 #include <gtest/gtest.h>
 

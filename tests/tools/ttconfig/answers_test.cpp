@@ -13,7 +13,7 @@
 
 #include "tests/support/tempfile.h"
 #include "tests/tools/ttconfig/toolrun.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
 namespace {
 

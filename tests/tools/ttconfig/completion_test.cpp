@@ -9,8 +9,8 @@
 #include "tests/support/tempfile.h"
 #include "tests/tools/ttconfig/subcommandlist.h"
 #include "tests/tools/ttconfig/toolrun.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 #include "ttconfig/calls/calltable.h"
 
 namespace {

@@ -17,10 +17,10 @@
 #include "tests/support/tempfile.h"
 #include "tests/tools/ttconfig/madesettings.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
-#include "traderbase/base/config/internal/storeslot.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
+#include "ttconfig/explaining/whynot.h"
 #include "ttconfig/reasons/explainer.h"
-#include "ttconfig/reasons/whynot.h"
 #include "ttconfig/text/answertext.h"
 
 namespace {

@@ -12,11 +12,11 @@
 #include <utility>
 #include <vector>
 
-#include "traderbase/base/config/internal/limitcategories.h"
-#include "traderbase/base/config/internal/limitrows.h"
-#include "traderbase/base/config/internal/settingkeys.h"
-#include "ttconfig/limititems.h"
-#include "ttconfig/limitquestions.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/limits/limitcategories.h"
+#include "traderbase/base/config/internal/limits/limitrows.h"
+#include "ttconfig/tables/limititems.h"
+#include "ttconfig/tables/limitquestions.h"
 
 namespace {
 

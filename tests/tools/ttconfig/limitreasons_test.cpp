@@ -19,7 +19,7 @@
 
 #include "tests/support/store.h"
 #include "tests/tools/ttconfig/toolrun.h"
-#include "ttconfig/limitfacts.h"
+#include "ttconfig/listings/limitfacts.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "tests/tools/ttconfig/toolrun.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <map>
 #include <sstream>
 
-#include "traderbase/base/config/internal/splitting.h"
+#include "traderbase/base/config/internal/text/splitting.h"
 
 namespace tests {
 

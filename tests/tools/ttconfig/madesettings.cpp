@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "traderbase/base/config/internal/platformswitchtable.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
 namespace tests {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
 
 namespace tests {
 

@@ -1,6 +1,6 @@
 // What a load writes to the standard error stream, kept back or passed on.
 
-#include "ttconfig/quietload.h"
+#include "ttconfig/settings/quietload.h"
 
 #include <gmock/gmock.h>
 

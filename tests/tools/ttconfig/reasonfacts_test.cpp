@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "ttconfig/place.h"
-#include "ttconfig/reasons/cataloguefacts.h"
-#include "ttconfig/reasons/creditfacts.h"
-#include "ttconfig/reasons/limittablefacts.h"
-#include "ttconfig/reasons/platformvaluefacts.h"
-#include "ttconfig/reasons/settingsfacts.h"
-#include "ttconfig/reasons/switchfacts.h"
+#include "ttconfig/settings/place.h"
+#include "ttconfig/tables/cataloguefacts.h"
+#include "ttconfig/tables/creditfacts.h"
+#include "ttconfig/tables/limittablefacts.h"
+#include "ttconfig/tables/platformvaluefacts.h"
+#include "ttconfig/tables/settingsfacts.h"
+#include "ttconfig/tables/switchfacts.h"
 
 namespace {
 

@@ -12,8 +12,8 @@
 #include "tests/support/sanitizers.h"
 #include "tests/support/tempfile.h"
 #include "tests/tools/ttconfig/toolrun.h"
-#include "traderbase/base/config/internal/jsonobject.h"
-#include "traderbase/base/config/internal/vendorblocks.h"
+#include "traderbase/base/config/internal/scripts/jsonobject.h"
+#include "traderbase/base/config/internal/scripts/vendorblocks.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 
 #include "tests/support/tempfile.h"
 #include "tests/tools/ttconfig/toolrun.h"
+#include "ttconfig/asking/session.h"
 #include "ttconfig/calls/binding.h"
-#include "ttconfig/session.h"
 
 namespace {
 

@@ -12,8 +12,8 @@
 
 #include "tests/support/tempfile.h"
 #include "tests/tools/ttconfig/toolrun.h"
-#include "ttconfig/fault.h"
-#include "ttconfig/settingsfile.h"
+#include "ttconfig/invocation/fault.h"
+#include "ttconfig/settings/settingsfile.h"
 
 namespace {
 

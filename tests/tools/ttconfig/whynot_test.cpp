@@ -1,6 +1,6 @@
 // Edits that make an answer another one: which one is told, and how a wanted answer may be written.
 
-#include "ttconfig/reasons/whynot.h"
+#include "ttconfig/explaining/whynot.h"
 
 #include <gmock/gmock.h>
 

@@ -16,10 +16,10 @@
 #include "tests/tools/ttconfig/madepairs.h"
 #include "tests/tools/ttconfig/madesettings.h"
 #include "tests/tools/ttconfig/writings.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
+#include "ttconfig/explaining/whynot.h"
 #include "ttconfig/findings/checking.h"
 #include "ttconfig/reasons/explainer.h"
-#include "ttconfig/reasons/whynot.h"
 #include "ttconfig/text/answertext.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "ttconfig/reasons/wanted.h"
+#include "ttconfig/edits/wanted.h"
 #include "ttconfig/text/answertext.h"
 
 namespace tests {

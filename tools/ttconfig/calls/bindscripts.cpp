@@ -9,7 +9,7 @@
 
 #include "luaconfig/luaconfig.h"
 #include "traderbase/base/config/algorithmparamconfig.h"
-#include "traderbase/base/config/internal/jsonobject.h"
+#include "traderbase/base/config/internal/scripts/jsonobject.h"
 #include "ttconfig/calls/binding.h"
 #include "ttconfig/text/showntext.h"
 

@@ -2,19 +2,15 @@
 
 #include <boost/shared_ptr.hpp>
 #include <map>
-#include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <typeindex>
 #include <vector>
 
-namespace ttconfig {
+#include "ttconfig/text/answer.h"
 
-// A request's value: members in the order of their names, found in logarithmic time.
-using Argument = nlohmann::json;
-// An answer's value: members in the order in which they were put in.
-using Answer = nlohmann::ordered_json;
+namespace ttconfig {
 
 // A request that cannot be carried out; the text says what was wrong.
 class CallRefused : public std::runtime_error {

@@ -3,8 +3,8 @@
 // Owns: their help texts.
 // Covered by tests/tools/ttconfig/commandline_test.cpp.
 
-#include "traderbase/base/config/internal/splitting.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/text/splitting.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/commandline/options.h"
 #include "ttconfig/commandline/rooms.h"
 

@@ -7,13 +7,13 @@
 
 #include <set>
 
-#include "traderbase/base/config/internal/platformswitchtable.h"
-#include "traderbase/base/config/internal/settingkeys.h"
-#include "traderbase/base/config/internal/splitting.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
+#include "traderbase/base/config/internal/text/splitting.h"
 #include "ttconfig/calls/calltable.h"
 #include "ttconfig/commandline/subcommand.h"
-#include "ttconfig/fault.h"
 #include "ttconfig/findings/rules.h"
+#include "ttconfig/invocation/fault.h"
 
 namespace ttconfig {
 

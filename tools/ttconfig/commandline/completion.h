@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ttconfig/commandline.h"
-#include "ttconfig/output.h"
+#include "ttconfig/invocation/commandline.h"
+#include "ttconfig/invocation/output.h"
 
 namespace ttconfig {
 

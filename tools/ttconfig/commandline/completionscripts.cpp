@@ -4,7 +4,7 @@
 // Covered by tests/tools/ttconfig/completion_test.cpp.
 
 #include "ttconfig/commandline/completion.h"
-#include "ttconfig/fault.h"
+#include "ttconfig/invocation/fault.h"
 
 namespace ttconfig {
 

@@ -7,10 +7,10 @@
 
 #include <fmt/format.h>
 
-#include "traderbase/base/config/internal/splitting.h"
-#include "ttconfig/commandline/exitcodes.h"
+#include "traderbase/base/config/internal/text/splitting.h"
 #include "ttconfig/commandline/subcommand.h"
 #include "ttconfig/findings/rules.h"
+#include "ttconfig/invocation/exitcodes.h"
 
 namespace ttconfig {
 

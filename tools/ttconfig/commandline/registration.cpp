@@ -8,9 +8,9 @@
 #include <algorithm>
 
 #include "traderbase/base/config/version.h"
-#include "ttconfig/commandline/exitcodes.h"
 #include "ttconfig/commandline/options.h"
 #include "ttconfig/commandline/subcommand.h"
+#include "ttconfig/invocation/exitcodes.h"
 #include "ttconfig/text/nearestname.h"
 
 namespace ttconfig {

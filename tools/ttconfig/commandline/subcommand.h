@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ttconfig/commandline.h"
+#include "ttconfig/invocation/commandline.h"
 
 namespace ttconfig {
 

@@ -6,27 +6,27 @@
 #include <iostream>
 #include <type_traits>
 
-#include "ttconfig/ask.h"
+#include "ttconfig/asking/ask.h"
+#include "ttconfig/asking/session.h"
 #include "ttconfig/commandline/completion.h"
 #include "ttconfig/commandline/manual.h"
 #include "ttconfig/commandline/rooms.h"
 #include "ttconfig/differences/diff.h"
 #include "ttconfig/expectations/test.h"
-#include "ttconfig/fault.h"
+#include "ttconfig/explaining/explain.h"
 #include "ttconfig/findings/check.h"
-#include "ttconfig/limits.h"
-#include "ttconfig/listings.h"
-#include "ttconfig/output.h"
-#include "ttconfig/platforms.h"
-#include "ttconfig/products.h"
-#include "ttconfig/reasons/explain.h"
+#include "ttconfig/invocation/fault.h"
+#include "ttconfig/invocation/output.h"
+#include "ttconfig/listings/limits.h"
+#include "ttconfig/listings/listings.h"
+#include "ttconfig/listings/platforms.h"
+#include "ttconfig/listings/products.h"
+#include "ttconfig/listings/summary.h"
 #include "ttconfig/report/report.h"
 #include "ttconfig/scripts/algos.h"
 #include "ttconfig/scripts/marketsessions.h"
 #include "ttconfig/scripts/scriptcheck.h"
-#include "ttconfig/session.h"
-#include "ttconfig/startup.h"
-#include "ttconfig/summary.h"
+#include "ttconfig/settings/startup.h"
 
 namespace ttconfig {
 

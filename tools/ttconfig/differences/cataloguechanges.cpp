@@ -10,10 +10,10 @@
 #include <utility>
 
 #include "traderbase/base/config/contractinfo.h"
-#include "traderbase/base/config/internal/catalogueentries.h"
+#include "traderbase/base/config/internal/products/catalogueentries.h"
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/differences/mergedrows.h"
-#include "ttconfig/reasons/cataloguefacts.h"
+#include "ttconfig/tables/cataloguefacts.h"
 
 namespace ttconfig {
 

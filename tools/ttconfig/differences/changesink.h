@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "ttconfig/differences/differences.h"
 
 // The rooms that differences are found in. Each tells its changes one by one, so that nobody has to hold them all.

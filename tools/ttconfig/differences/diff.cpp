@@ -6,9 +6,10 @@
 #include "ttconfig/differences/diff.h"
 
 #include "ttconfig/differences/differences.h"
-#include "ttconfig/fault.h"
-#include "ttconfig/settingsfile.h"
-#include "ttconfig/startup.h"
+#include "ttconfig/invocation/colouring.h"
+#include "ttconfig/invocation/fault.h"
+#include "ttconfig/settings/settingsfile.h"
+#include "ttconfig/settings/startup.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/colour.h"
 #include "ttconfig/text/progress.h"

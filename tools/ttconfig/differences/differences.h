@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "ttconfig/calls/records.h"
-#include "ttconfig/place.h"
+#include "ttconfig/settings/place.h"
 
 namespace ttconfig {
 

@@ -7,14 +7,14 @@
 #include <array>
 #include <utility>
 
-#include "traderbase/base/config/internal/limitrows.h"
-#include "traderbase/base/config/internal/settingkeys.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
-#include "traderbase/base/config/internal/volumelimit.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/limits/limitrows.h"
+#include "traderbase/base/config/internal/limits/volumelimit.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/differences/mergedrows.h"
-#include "ttconfig/limititems.h"
-#include "ttconfig/limitquestions.h"
+#include "ttconfig/tables/limititems.h"
+#include "ttconfig/tables/limitquestions.h"
 
 namespace ttconfig {
 

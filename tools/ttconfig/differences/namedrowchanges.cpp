@@ -8,12 +8,12 @@
 #include <locale>
 #include <utility>
 
-#include "traderbase/base/config/internal/limitrows.h"
-#include "traderbase/base/config/internal/producttables.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/limits/limitrows.h"
+#include "traderbase/base/config/internal/products/producttables.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/differences/mergedrows.h"
-#include "ttconfig/reasons/creditfacts.h"
+#include "ttconfig/tables/creditfacts.h"
 
 namespace ttconfig {
 

@@ -7,12 +7,12 @@
 #include <map>
 #include <utility>
 
-#include "traderbase/base/config/internal/catalogueentries.h"
-#include "traderbase/base/config/internal/producttables.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/products/catalogueentries.h"
+#include "traderbase/base/config/internal/products/producttables.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/differences/mergedrows.h"
-#include "ttconfig/reasons/creditfacts.h"
+#include "ttconfig/tables/creditfacts.h"
 
 namespace ttconfig {
 

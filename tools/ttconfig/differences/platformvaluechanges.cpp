@@ -7,9 +7,9 @@
 #include <type_traits>
 #include <utility>
 
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "ttconfig/differences/changesink.h"
-#include "ttconfig/reasons/platformvaluefacts.h"
+#include "ttconfig/tables/platformvaluefacts.h"
 
 namespace ttconfig {
 

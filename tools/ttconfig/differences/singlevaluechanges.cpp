@@ -5,10 +5,10 @@
 
 #include <utility>
 
-#include "traderbase/base/config/internal/markets.h"
-#include "traderbase/base/config/internal/settingkeys.h"
-#include "traderbase/base/config/internal/splitting.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/text/splitting.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
+#include "traderbase/base/config/internal/words/markets.h"
 #include "ttconfig/differences/changesink.h"
 
 namespace ttconfig {

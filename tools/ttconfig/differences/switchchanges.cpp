@@ -7,8 +7,8 @@
 #include <tuple>
 #include <unordered_set>
 
-#include "traderbase/base/config/internal/platformlist.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
+#include "traderbase/base/config/internal/platforms/platformlist.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/differences/mergedrows.h"
 

@@ -15,13 +15,14 @@
 #include <memory>
 #include <unordered_map>
 
-#include "ttconfig/fault.h"
 #include "ttconfig/findings/checking.h"
 #include "ttconfig/findings/findingwriters.h"
 #include "ttconfig/findings/rules.h"
 #include "ttconfig/findings/sarif.h"
-#include "ttconfig/settingsfile.h"
-#include "ttconfig/startup.h"
+#include "ttconfig/invocation/colouring.h"
+#include "ttconfig/invocation/fault.h"
+#include "ttconfig/settings/settingsfile.h"
+#include "ttconfig/settings/startup.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/progress.h"
 #include "ttconfig/text/showntext.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "ttconfig/place.h"
+#include "ttconfig/settings/place.h"
 
 namespace ttconfig {
 

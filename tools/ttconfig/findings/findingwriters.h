@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "ttconfig/findings/finding.h"
-#include "ttconfig/output.h"
+#include "ttconfig/invocation/output.h"
 #include "ttconfig/text/colour.h"
 
 namespace ttconfig {

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-#include "ttconfig/fault.h"
+#include "ttconfig/invocation/fault.h"
 #include "ttconfig/text/nearestname.h"
 #include "ttconfig/text/showntext.h"
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ttconfig/place.h"
+#include "ttconfig/settings/place.h"
 
 namespace ttconfig {
 

@@ -3,11 +3,11 @@
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
-#include "traderbase/base/config/internal/fixedincome.h"
-#include "ttconfig/reasons/creditfacts.h"
-#include "ttconfig/reasons/fieldedits.h"
+#include "traderbase/base/config/internal/limits/fixedincome.h"
+#include "ttconfig/edits/fieldedits.h"
 #include "ttconfig/reasons/numberrowreasons.h"
 #include "ttconfig/reasons/telling.h"
+#include "ttconfig/tables/creditfacts.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {

@@ -4,8 +4,8 @@
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/markettimescript.h"
-#include "traderbase/base/config/internal/plainvalues.h"
+#include "traderbase/base/config/internal/platforms/plainvalues.h"
+#include "traderbase/base/config/internal/scripts/markettimescript.h"
 #include "ttconfig/reasons/explainedcalls.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/showntext.h"

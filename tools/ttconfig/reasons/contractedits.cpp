@@ -5,9 +5,9 @@
 
 #include "ttconfig/reasons/contractedits.h"
 
-#include "traderbase/base/config/internal/strictnumbers.h"
-#include "ttconfig/reasons/fieldtexts.h"
-#include "ttconfig/reasons/pieceedits.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
+#include "ttconfig/edits/fieldtexts.h"
+#include "ttconfig/edits/pieceedits.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/answertext.h"
 

@@ -5,12 +5,12 @@
 
 #include <optional>
 
-#include "traderbase/base/config/internal/strictnumbers.h"
-#include "ttconfig/reasons/creditfacts.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
+#include "ttconfig/edits/fieldtexts.h"
+#include "ttconfig/edits/pieceedits.h"
 #include "ttconfig/reasons/explainedcalls.h"
-#include "ttconfig/reasons/fieldtexts.h"
-#include "ttconfig/reasons/pieceedits.h"
 #include "ttconfig/reasons/telling.h"
+#include "ttconfig/tables/creditfacts.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {

@@ -3,9 +3,9 @@
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
-#include "traderbase/base/config/internal/catalogueentries.h"
+#include "traderbase/base/config/internal/products/catalogueentries.h"
+#include "ttconfig/edits/pieceedits.h"
 #include "ttconfig/reasons/explainedcalls.h"
-#include "ttconfig/reasons/pieceedits.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/showntext.h"
 

@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "ttconfig/calls/calltable.h"
-#include "ttconfig/reasons/edits.h"
+#include "ttconfig/edits/edits.h"
+#include "ttconfig/edits/wanted.h"
 #include "ttconfig/reasons/explainer.h"
-#include "ttconfig/reasons/settingsfacts.h"
-#include "ttconfig/reasons/wanted.h"
+#include "ttconfig/tables/settingsfacts.h"
 
 namespace ttconfig {
 

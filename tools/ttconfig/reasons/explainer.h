@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "ttconfig/calls/calltable.h"
-#include "ttconfig/place.h"
 #include "ttconfig/reasons/reason.h"
+#include "ttconfig/settings/place.h"
 
 namespace ttconfig {
 

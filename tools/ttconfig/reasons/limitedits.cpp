@@ -5,8 +5,8 @@
 
 #include "ttconfig/reasons/limitedits.h"
 
-#include "traderbase/base/config/internal/volumelimit.h"
-#include "ttconfig/reasons/fieldedits.h"
+#include "traderbase/base/config/internal/limits/volumelimit.h"
+#include "ttconfig/edits/fieldedits.h"
 
 namespace ttconfig {
 

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "traderbase/base/config/internal/limitcategories.h"
+#include "traderbase/base/config/internal/limits/limitcategories.h"
 #include "ttconfig/reasons/explainedcalls.h"
-#include "ttconfig/reasons/limittablefacts.h"
+#include "ttconfig/tables/limittablefacts.h"
 
 namespace ttconfig {
 

@@ -7,10 +7,10 @@
 
 #include <vector>
 
-#include "traderbase/base/config/internal/limitcategories.h"
-#include "traderbase/base/config/internal/markets.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
-#include "traderbase/base/config/internal/volumelimit.h"
+#include "traderbase/base/config/internal/limits/limitcategories.h"
+#include "traderbase/base/config/internal/limits/volumelimit.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
+#include "traderbase/base/config/internal/words/markets.h"
 #include "ttconfig/reasons/explainedcalls.h"
 #include "ttconfig/reasons/limitedits.h"
 #include "ttconfig/reasons/telling.h"

@@ -5,9 +5,9 @@
 
 #include <set>
 
-#include "traderbase/base/config/internal/catalogueentries.h"
+#include "traderbase/base/config/internal/products/catalogueentries.h"
+#include "ttconfig/edits/pieceedits.h"
 #include "ttconfig/reasons/explainedcalls.h"
-#include "ttconfig/reasons/pieceedits.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/showntext.h"

@@ -7,7 +7,7 @@
 
 #include <boost/algorithm/string/case_conv.hpp>
 
-#include "ttconfig/reasons/fieldtexts.h"
+#include "ttconfig/edits/fieldtexts.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/showntext.h"

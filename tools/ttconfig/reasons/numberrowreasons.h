@@ -1,6 +1,6 @@
 #pragma once
 
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "ttconfig/reasons/explainedcalls.h"
 
 namespace ttconfig {

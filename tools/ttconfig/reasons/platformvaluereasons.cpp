@@ -3,10 +3,10 @@
 // Owns: which operation answers from which key.
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
+#include "ttconfig/edits/fieldtexts.h"
 #include "ttconfig/reasons/explainedcalls.h"
-#include "ttconfig/reasons/fieldtexts.h"
-#include "ttconfig/reasons/platformvaluefacts.h"
 #include "ttconfig/reasons/telling.h"
+#include "ttconfig/tables/platformvaluefacts.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/showntext.h"
 

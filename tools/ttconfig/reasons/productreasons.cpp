@@ -7,9 +7,9 @@
 
 #include <optional>
 
-#include "traderbase/base/config/internal/catalogueentries.h"
-#include "traderbase/base/config/internal/producttables.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/products/catalogueentries.h"
+#include "traderbase/base/config/internal/products/producttables.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/reasons/explainedcalls.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/showntext.h"

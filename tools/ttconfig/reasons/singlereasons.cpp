@@ -5,8 +5,8 @@
 
 #include <standin/numbertext.h>
 
+#include "ttconfig/edits/fieldtexts.h"
 #include "ttconfig/reasons/explainedcalls.h"
-#include "ttconfig/reasons/fieldtexts.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/showntext.h"
 

@@ -3,14 +3,14 @@
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
-#include "traderbase/base/config/internal/platformlist.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/platforms/platformlist.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
+#include "ttconfig/edits/fieldtexts.h"
+#include "ttconfig/edits/pieceedits.h"
 #include "ttconfig/reasons/explainedcalls.h"
-#include "ttconfig/reasons/fieldtexts.h"
-#include "ttconfig/reasons/pieceedits.h"
-#include "ttconfig/reasons/switchfacts.h"
 #include "ttconfig/reasons/telling.h"
+#include "ttconfig/tables/switchfacts.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/showntext.h"
 

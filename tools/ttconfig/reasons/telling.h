@@ -5,7 +5,7 @@
 #include <string_view>
 #include <type_traits>
 
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "ttconfig/calls/storerecords.h"
 #include "ttconfig/reasons/explainedcalls.h"
 

@@ -5,8 +5,8 @@
 
 #include <ttplatform/enums.h>
 
-#include "traderbase/base/config/internal/buyoperations.h"
-#include "traderbase/base/config/internal/tradeunitrules.h"
+#include "traderbase/base/config/internal/units/tradeunitrules.h"
+#include "traderbase/base/config/internal/words/buyoperations.h"
 #include "ttconfig/reasons/explainedcalls.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/answertext.h"

@@ -10,12 +10,12 @@
 #include <string>
 #include <vector>
 
-#include "traderbase/base/config/internal/limitrows.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/limits/limitrows.h"
 #include "ttconfig/differences/mergedrows.h"
-#include "ttconfig/limititems.h"
-#include "ttconfig/reasons/creditfacts.h"
 #include "ttconfig/report/datawriters.h"
+#include "ttconfig/tables/creditfacts.h"
+#include "ttconfig/tables/limititems.h"
 
 namespace ttconfig {
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <string>
 
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "ttconfig/report/datawriters.h"
 #include "ttconfig/text/showntext.h"
 

@@ -14,7 +14,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "ttconfig/fault.h"
+#include "ttconfig/invocation/fault.h"
 
 namespace ttconfig {
 

@@ -14,15 +14,15 @@
 #include <optional>
 #include <string_view>
 
-#include "traderbase/base/config/internal/markettimescript.h"
-#include "ttconfig/commandline.h"
-#include "ttconfig/fault.h"
-#include "ttconfig/output.h"
-#include "ttconfig/overwriting.h"
+#include "traderbase/base/config/internal/scripts/markettimescript.h"
+#include "ttconfig/invocation/commandline.h"
+#include "ttconfig/invocation/fault.h"
+#include "ttconfig/invocation/output.h"
 #include "ttconfig/report/pagefile.h"
 #include "ttconfig/report/reportpage.h"
-#include "ttconfig/settingsfile.h"
-#include "ttconfig/startup.h"
+#include "ttconfig/settings/overwriting.h"
+#include "ttconfig/settings/settingsfile.h"
+#include "ttconfig/settings/startup.h"
 #include "ttconfig/text/progress.h"
 
 namespace ttconfig {

@@ -6,12 +6,12 @@
 #include <algorithm>
 #include <vector>
 
-#include "traderbase/base/config/internal/platformswitchtable.h"
-#include "traderbase/base/config/internal/settingkeys.h"
-#include "ttconfig/reasons/creditfacts.h"
-#include "ttconfig/reasons/platformvaluefacts.h"
-#include "ttconfig/reasons/switchfacts.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 #include "ttconfig/report/datawriters.h"
+#include "ttconfig/tables/creditfacts.h"
+#include "ttconfig/tables/platformvaluefacts.h"
+#include "ttconfig/tables/switchfacts.h"
 
 namespace ttconfig {
 

@@ -5,9 +5,9 @@
 
 #include <string>
 
-#include "traderbase/base/config/internal/settingkeys.h"
-#include "ttconfig/reasons/platformvaluefacts.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "ttconfig/report/datawriters.h"
+#include "ttconfig/tables/platformvaluefacts.h"
 
 namespace ttconfig {
 

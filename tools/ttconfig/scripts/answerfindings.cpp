@@ -13,10 +13,10 @@
 #include <set>
 #include <string_view>
 
-#include "traderbase/base/config/internal/algorithmrecord.h"
-#include "traderbase/base/config/internal/jsonobject.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
-#include "traderbase/base/config/internal/tradingsessions.h"
+#include "traderbase/base/config/internal/scripts/algorithmrecord.h"
+#include "traderbase/base/config/internal/scripts/jsonobject.h"
+#include "traderbase/base/config/internal/scripts/tradingsessions.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/calls/records.h"
 #include "ttconfig/text/clocktext.h"
 #include "ttconfig/text/showntext.h"

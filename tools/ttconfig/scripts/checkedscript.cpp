@@ -9,8 +9,8 @@
 #include <string_view>
 #include <utility>
 
-#include "traderbase/base/config/internal/strictnumbers.h"
-#include "ttconfig/fault.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
+#include "ttconfig/invocation/fault.h"
 
 namespace ttconfig {
 

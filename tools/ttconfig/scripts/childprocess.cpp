@@ -17,7 +17,7 @@
 #include <cstdio>
 #include <system_error>
 
-#include "ttconfig/fault.h"
+#include "ttconfig/invocation/fault.h"
 
 namespace ttconfig {
 

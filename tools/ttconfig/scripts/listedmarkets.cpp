@@ -10,7 +10,7 @@
 #include <algorithm>
 
 #include "luaconfig/luaconfig.h"
-#include "traderbase/base/config/internal/jsonobject.h"
+#include "traderbase/base/config/internal/scripts/jsonobject.h"
 
 namespace ttconfig {
 

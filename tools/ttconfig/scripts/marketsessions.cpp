@@ -12,11 +12,11 @@
 #include <vector>
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/markettimescript.h"
-#include "ttconfig/fault.h"
+#include "traderbase/base/config/internal/scripts/markettimescript.h"
+#include "ttconfig/invocation/fault.h"
 #include "ttconfig/scripts/listedmarkets.h"
 #include "ttconfig/scripts/requirescript.h"
-#include "ttconfig/startup.h"
+#include "ttconfig/settings/startup.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/clocktext.h"
 #include "ttconfig/text/nearestname.h"

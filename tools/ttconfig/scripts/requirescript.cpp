@@ -7,7 +7,7 @@
 
 #include <standin/filebytes.h>
 
-#include "ttconfig/fault.h"
+#include "ttconfig/invocation/fault.h"
 
 namespace ttconfig {
 

@@ -10,11 +10,11 @@
 #include <cstring>
 #include <iostream>
 
-#include "ttconfig/fault.h"
+#include "ttconfig/invocation/fault.h"
 #include "ttconfig/scripts/childprocess.h"
 #include "ttconfig/scripts/requirescript.h"
 #include "ttconfig/scripts/scriptexamination.h"
-#include "ttconfig/startup.h"
+#include "ttconfig/settings/startup.h"
 #include "ttconfig/text/answertext.h"
 
 namespace ttconfig {

@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-#include "traderbase/base/config/internal/vendorblocks.h"
+#include "traderbase/base/config/internal/scripts/vendorblocks.h"
 #include "ttconfig/calls/records.h"
 #include "ttconfig/scripts/answerfindings.h"
 #include "ttconfig/scripts/checkedscript.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "ttconfig/calls/records.h"
+#include "ttconfig/text/answer.h"
 
 namespace ttconfig {
 

@@ -1,14 +1,9 @@
-// Colour: answers whether an answer is coloured, and colours pieces of it.
-// Doors: Colours, coloursFor().
+// Colour: colours pieces of an answer.
+// Doors: Colours.
 // Owns: which colour each kind of piece has.
 // Covered by tests/tools/ttconfig/colour_test.cpp.
 
 #include "ttconfig/text/colour.h"
-
-#include <cstdlib>
-
-#include "ttconfig/commandline.h"
-#include "ttconfig/output.h"
 
 namespace ttconfig {
 
@@ -36,34 +31,12 @@ std::string_view codeOf(Tint tint) {
     return "0";
 }
 
-bool isTextIn(const char* variable, std::string_view text) {
-    const char* value = std::getenv(variable);
-    return value != nullptr && value == text;
-}
-
-bool environmentRefuses() {
-    const char* refusal = std::getenv("NO_COLOR");
-    return (refusal != nullptr && *refusal != '\0') || isTextIn("TERM", "dumb");
-}
-
 }  // namespace
 
 std::string Colours::operator()(Tint tint, std::string_view piece) const {
     std::string text(piece);
     if (!on || text.empty()) return text;
     return "\x1b[" + std::string(codeOf(tint)) + 'm' + text + "\x1b[0m";
-}
-
-Colours coloursFor(const CommandLine& commandLine, const Output& output) {
-    switch (commandLine.colouring) {
-        case Colouring::Always:
-            return Colours(true);
-        case Colouring::Never:
-            return Colours(false);
-        case Colouring::Auto:
-            break;
-    }
-    return Colours(output.isTerminal() && !environmentRefuses());
 }
 
 }  // namespace ttconfig

@@ -5,9 +5,6 @@
 
 namespace ttconfig {
 
-class Output;
-struct CommandLine;
-
 // What --color says.
 enum class Colouring { Auto, Always, Never };
 
@@ -38,9 +35,5 @@ public:
 private:
     bool on = false;
 };
-
-// The colours of what goes to this output. --color decides; without it there is colour on a terminal, unless the
-// environment has a NO_COLOR that is not empty or a TERM that is "dumb". Only Format::Text is ever to be coloured.
-Colours coloursFor(const CommandLine& commandLine, const Output& output);
 
 }  // namespace ttconfig

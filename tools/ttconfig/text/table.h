@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ttconfig/calls/records.h"
+#include "ttconfig/text/answer.h"
 
 namespace ttconfig {
 

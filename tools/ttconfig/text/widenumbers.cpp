@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 
 namespace ttconfig {
 

@@ -11,14 +11,14 @@
 #include <ttplatform/configuration.h>
 #include <ttplatform/rights.h>
 
+#include "logging/guardedlog.h"
 #include "luaconfig/luaconfig.h"
-#include "traderbase/base/config/internal/algorithmrecord.h"
-#include "traderbase/base/config/internal/guardedlog.h"
-#include "traderbase/base/config/internal/lastingslot.h"
-#include "traderbase/base/config/internal/markettimescript.h"
-#include "traderbase/base/config/internal/replacing.h"
-#include "traderbase/base/config/internal/tablescript.h"
-#include "traderbase/base/config/internal/vendorblocks.h"
+#include "luaconfig/internal/tablescript.h"
+#include "traderbase/base/config/internal/scripts/algorithmrecord.h"
+#include "traderbase/base/config/internal/scripts/markettimescript.h"
+#include "traderbase/base/config/internal/scripts/vendorblocks.h"
+#include "traderbase/base/config/internal/store/lastingslot.h"
+#include "traderbase/base/config/internal/store/replacing.h"
 
 namespace ttservice {
 

@@ -6,7 +6,7 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include "traderbase/base/config/export.h"
+#include "luaconfig/export.h"
 
 class CAlgorithmsParams;
 

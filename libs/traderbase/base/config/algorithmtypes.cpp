@@ -4,9 +4,9 @@
 // Covered by tests/config/algorithmtypes_test.cpp.
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/catalogueentries.h"
-#include "traderbase/base/config/internal/keyreading.h"
-#include "traderbase/base/config/internal/splitting.h"
+#include "traderbase/base/config/internal/keys/keyreading.h"
+#include "traderbase/base/config/internal/products/catalogueentries.h"
+#include "traderbase/base/config/internal/text/splitting.h"
 
 namespace ttservice {
 

@@ -9,11 +9,11 @@
 #include <boost/algorithm/string/case_conv.hpp>
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/fixedincome.h"
-#include "traderbase/base/config/internal/keyreading.h"
-#include "traderbase/base/config/internal/replacing.h"
-#include "traderbase/base/config/internal/settingkeys.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/keys/keyreading.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/limits/fixedincome.h"
+#include "traderbase/base/config/internal/store/replacing.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "traderbase/base/config/shfixincomelimit.h"
 
 namespace ttservice {

@@ -10,9 +10,9 @@
 #include <ttplatform/configuration.h>
 #include <boost/make_shared.hpp>
 
-#include "traderbase/base/config/internal/lastingslot.h"
-#include "traderbase/base/config/internal/platformlist.h"
-#include "traderbase/base/config/internal/storeslot.h"
+#include "traderbase/base/config/internal/platforms/platformlist.h"
+#include "traderbase/base/config/internal/store/lastingslot.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
 
 namespace ttservice {
 

@@ -13,16 +13,16 @@
 #include <boost/thread/mutex.hpp>
 #include <boost/thread/shared_mutex.hpp>
 
+#include "luaconfig/export.h"
 #include "traderbase/base/config/contractinfo.h"
-#include "traderbase/base/config/export.h"
-#include "traderbase/base/config/internal/contractcatalogue.h"
-#include "traderbase/base/config/internal/marketitem.h"
-#include "traderbase/base/config/internal/perplatformtable.h"
-#include "traderbase/base/config/internal/plainvalues.h"
-#include "traderbase/base/config/internal/platformswitchslots.h"
-#include "traderbase/base/config/internal/producttables.h"
-#include "traderbase/base/config/internal/readmostlymutex.h"
-#include "traderbase/base/config/internal/volumelimit.h"
+#include "traderbase/base/config/internal/limits/marketitem.h"
+#include "traderbase/base/config/internal/limits/volumelimit.h"
+#include "traderbase/base/config/internal/platforms/perplatformtable.h"
+#include "traderbase/base/config/internal/platforms/plainvalues.h"
+#include "traderbase/base/config/internal/products/contractcatalogue.h"
+#include "traderbase/base/config/internal/products/producttables.h"
+#include "traderbase/base/config/internal/switches/platformswitchslots.h"
+#include "traderbase/base/config/internal/switches/readmostlymutex.h"
 
 namespace utils {
 class Configuration;

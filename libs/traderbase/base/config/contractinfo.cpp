@@ -8,8 +8,8 @@
 #include <algorithm>
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/keyreading.h"
-#include "traderbase/base/config/internal/splitting.h"
+#include "traderbase/base/config/internal/keys/keyreading.h"
+#include "traderbase/base/config/internal/text/splitting.h"
 
 namespace ttservice {
 

@@ -8,11 +8,11 @@
 #include <boost/thread/locks.hpp>
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/creditlists.h"
-#include "traderbase/base/config/internal/keyreading.h"
-#include "traderbase/base/config/internal/perplatformlist.h"
-#include "traderbase/base/config/internal/settingkeys.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/keys/keyreading.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/platforms/creditlists.h"
+#include "traderbase/base/config/internal/platforms/perplatformlist.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 
 namespace ttservice {
 

@@ -7,9 +7,9 @@
 #include <boost/thread/locks.hpp>
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/keyreading.h"
-#include "traderbase/base/config/internal/producttables.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/keys/keyreading.h"
+#include "traderbase/base/config/internal/products/producttables.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 
 namespace ttservice {
 

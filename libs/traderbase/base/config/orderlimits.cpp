@@ -6,11 +6,11 @@
 #include <ttplatform/configuration.h>
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/limitcategories.h"
-#include "traderbase/base/config/internal/limitrows.h"
-#include "traderbase/base/config/internal/settingkeys.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
-#include "traderbase/base/config/internal/uppercased.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/limits/limitcategories.h"
+#include "traderbase/base/config/internal/limits/limitrows.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
+#include "traderbase/base/config/internal/text/uppercased.h"
 
 namespace ttservice {
 

@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/platformlist.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
+#include "traderbase/base/config/internal/platforms/platformlist.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
 namespace ttservice {
 

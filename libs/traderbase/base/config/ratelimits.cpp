@@ -10,13 +10,13 @@
 
 #include <boost/make_shared.hpp>
 
+#include "logging/guardedlog.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/guardedlog.h"
-#include "traderbase/base/config/internal/limitcategories.h"
-#include "traderbase/base/config/internal/limitrows.h"
-#include "traderbase/base/config/internal/markets.h"
-#include "traderbase/base/config/internal/settingkeys.h"
-#include "traderbase/base/config/internal/strictnumbers.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/limits/limitcategories.h"
+#include "traderbase/base/config/internal/limits/limitrows.h"
+#include "traderbase/base/config/internal/text/strictnumbers.h"
+#include "traderbase/base/config/internal/words/markets.h"
 
 namespace ttservice {
 

@@ -3,8 +3,8 @@
 // Owns: the members of the same names; no load touches them.
 // Covered by tests/config/runtimeswitches_test.cpp.
 
+#include "logging/guardedlog.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/guardedlog.h"
 
 namespace ttservice {
 

@@ -4,9 +4,9 @@
 // Covered by tests/config/scalarsettings_test.cpp.
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/keyreading.h"
-#include "traderbase/base/config/internal/perplatformlist.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/keyreading.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/platforms/perplatformlist.h"
 
 namespace ttservice {
 

@@ -3,11 +3,11 @@
 // Owns: subscriptionFees, combinations, etfBrokerClientTag, etfBrokerClientQueryTimes.
 // Covered by tests/config/specialproducts_test.cpp.
 
+#include "logging/guardedlog.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/catalogueentries.h"
-#include "traderbase/base/config/internal/guardedlog.h"
-#include "traderbase/base/config/internal/keyreading.h"
-#include "traderbase/base/config/internal/splitting.h"
+#include "traderbase/base/config/internal/keys/keyreading.h"
+#include "traderbase/base/config/internal/products/catalogueentries.h"
+#include "traderbase/base/config/internal/text/splitting.h"
 
 namespace ttservice {
 

@@ -6,8 +6,8 @@
 #include "traderbase/base/config/tradeunit.h"
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/buyoperations.h"
-#include "traderbase/base/config/internal/tradeunitrules.h"
+#include "traderbase/base/config/internal/units/tradeunitrules.h"
+#include "traderbase/base/config/internal/words/buyoperations.h"
 
 namespace ttservice {
 

@@ -4,7 +4,7 @@
 
 #include <ttplatform/enums.h>
 
-#include "traderbase/base/config/export.h"
+#include "luaconfig/export.h"
 
 // How an instrument is counted, and in which steps it is ordered.
 //

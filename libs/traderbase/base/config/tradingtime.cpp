@@ -4,10 +4,10 @@
 // Covered by tests/config/tradingtime_test.cpp.
 
 #include "luaconfig/luaconfig.h"
+#include "luaconfig/internal/tablescript.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/markettimescript.h"
-#include "traderbase/base/config/internal/tablescript.h"
-#include "traderbase/base/config/internal/tradingsessions.h"
+#include "traderbase/base/config/internal/scripts/markettimescript.h"
+#include "traderbase/base/config/internal/scripts/tradingsessions.h"
 
 namespace ttservice {
 

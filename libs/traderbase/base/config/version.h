@@ -1,6 +1,6 @@
 #pragma once
 
-#include "traderbase/base/config/export.h"
+#include "luaconfig/export.h"
 
 namespace ttservice {
 

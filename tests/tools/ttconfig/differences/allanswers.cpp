@@ -9,10 +9,10 @@
 #include "tests/support/standarderror.h"
 #include "tests/tools/ttconfig/differences/settingsmaker.h"
 #include "traderbase/base/config/contractinfo.h"
-#include "traderbase/base/config/internal/limitcategories.h"
-#include "traderbase/base/config/internal/storeslot.h"
+#include "traderbase/base/config/internal/limits/limitcategories.h"
+#include "traderbase/base/config/internal/store/storeslot.h"
 #include "traderbase/base/config/shfixincomelimit.h"
-#include "ttconfig/limitquestions.h"
+#include "ttconfig/tables/limitquestions.h"
 
 namespace tests {
 

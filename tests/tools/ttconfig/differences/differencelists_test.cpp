@@ -16,8 +16,8 @@
 #include "tests/tools/ttconfig/differences/allanswers.h"
 #include "tests/tools/ttconfig/differences/settingsmaker.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 #include "traderbase/base/config/tradeunit.h"
 #include "ttconfig/differences/differences.h"
 

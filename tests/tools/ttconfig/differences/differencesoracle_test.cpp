@@ -14,11 +14,11 @@
 #include "tests/support/tempfile.h"
 #include "tests/tools/ttconfig/differences/allanswers.h"
 #include "tests/tools/ttconfig/differences/settingsmaker.h"
-#include "traderbase/base/config/internal/limitrows.h"
-#include "traderbase/base/config/internal/perplatformlist.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/limits/limitrows.h"
+#include "traderbase/base/config/internal/platforms/perplatformlist.h"
 #include "ttconfig/differences/differences.h"
-#include "ttconfig/limitquestions.h"
+#include "ttconfig/tables/limitquestions.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <map>
 
-#include "traderbase/base/config/internal/platformswitchtable.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
 namespace tests {
 

@@ -7,7 +7,7 @@
 
 #include "tests/support/tempfile.h"
 #include "tests/tools/ttconfig/toolrun.h"
-#include "ttconfig/findings/advice.h"
+#include "ttconfig/advice/advice.h"
 #include "ttconfig/findings/checking.h"
 
 namespace {

@@ -7,15 +7,15 @@
 #include <string>
 #include <utility>
 
-#include "traderbase/base/config/internal/markets.h"
-#include "ttconfig/fault.h"
-#include "ttconfig/findings/causes.h"
-#include "ttconfig/findings/limitwinners.h"
-#include "ttconfig/findings/marketnames.h"
-#include "ttconfig/findings/names.h"
+#include "traderbase/base/config/internal/words/markets.h"
+#include "ttconfig/advice/causes.h"
+#include "ttconfig/advice/marketnames.h"
+#include "ttconfig/advice/names.h"
+#include "ttconfig/checks/limitwinners.h"
 #include "ttconfig/findings/rules.h"
 #include "ttconfig/findings/sarif.h"
 #include "ttconfig/findings/textcolumns.h"
+#include "ttconfig/invocation/fault.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <set>
 #include <string>
 
-#include "ttconfig/findings/valueranges.h"
+#include "ttconfig/checks/valueranges.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 
 #include "tests/tools/ttconfig/report/madereport.h"
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/platformswitchtable.h"
-#include "traderbase/base/config/internal/settingkeys.h"
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
 #include "ttconfig/calls/calltable.h"
 #include "ttconfig/findings/checking.h"
 

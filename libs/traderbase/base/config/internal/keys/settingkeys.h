@@ -1,0 +1,96 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "traderbase/base/config/internal/text/strictnumbers.h"
+
+// The catalogue of settings keys: everything that readers, tool and reference page know about a key, said once in
+// settingkeys.def.
+
+namespace ttservice::internal {
+
+// How a value is written. platformlist.h and perplatformlist.h hold the grammars that several keys share, the rooms
+// those of their own rows.
+enum class ValueGrammar {
+    Flag,                // an integer; 1 is yes, every other number no
+    Integer,             // a decimal integer
+    Decimal,             // a decimal number
+    Text,                // taken as it stands
+    PerPlatformFlag,     // items platform:0 or platform:1 and a default, separated by ";"
+    PerPlatformInteger,  // items platform:number and a default, separated by ";"
+
+    // Limits and credit; limitrows.h and creditlists.h hold the grammars, perplatformlist.h the next two.
+    PerPlatformFlagKeepEmpty,     // as PerPlatformFlag, but an empty item counts wherever it stands
+    PerPlatformDecimalKeepEmpty,  // the same with decimal numbers
+    OrderLimitRow,                // quantity,unit
+    BlockTradeLimitRow,           // quantity,unit,amount
+    StockRateRow,                 // six decimals and an integer
+    ConnectRateRow,               // fourteen decimals
+    FixedIncomeNumbers,           // a decimal and six integers
+    PlatformRatioPairs,           // items platform:first,second, separated by ";"
+    PlatformCodes,                // items platform:codes, separated by ";", the codes by ","
+
+    // Catalogues; catalogueentries.h and producttables.h hold the grammars.
+    ProductGroups,          // groups separated by ";", each of products separated by ","
+    MarketCodes,            // items market:codes, separated by ";", the codes by ","
+    Funds,                  // market and code without anything between, separated by ",", or ALL alone
+    KeyAlone,               // the key says it; the value is not read
+    Contracts,              // items product:text,number,integer,integer,flag, separated by ";"
+    ContractTypes,          // items product:types, separated by ";", the types by "|"
+    PairsBySemicolon,       // items first:second, separated by ";"
+    TextsByCommaDropEmpty,  // texts separated by ",", empty ones not counted
+    TextsByComma,           // texts separated by ",", empty ones counted
+    TextsBySemicolon,       // texts separated by ";", empty ones counted
+    TagAndTimes,            // a text, ":" and texts separated by ","
+};
+
+struct SettingKey {
+    std::string_view section;
+    std::string_view key;
+    ValueGrammar grammar;
+    std::string_view whenMissing;
+    std::string_view feeds;
+    std::string_view meaning;
+};
+
+namespace keys {
+#define TT_SETTING_KEY(id, section, key, grammar, missing, feeds, meaning) \
+    inline constexpr SettingKey id{section, key, ValueGrammar::grammar, missing, feeds, meaning};
+#include "traderbase/base/config/settingkeys.def"
+}  // namespace keys
+
+inline constexpr SettingKey kSettingKeys[] = {
+#define TT_SETTING_KEY(id, section, key, grammar, missing, feeds, meaning) keys::id,
+#include "traderbase/base/config/settingkeys.def"
+};
+
+constexpr bool everySettingKeyIsExplained() {
+    for (const SettingKey& row : kSettingKeys) {
+        if (row.section.empty() || row.key.empty() || row.meaning.empty() || row.meaning.back() != '.') return false;
+    }
+    return true;
+}
+static_assert(everySettingKeyIsExplained(), "a settings key needs a section, a key and a sentence");
+
+constexpr bool everySettingKeyStandsOnce() {
+    for (const SettingKey& row : kSettingKeys) {
+        int found = 0;
+        for (const SettingKey& other : kSettingKeys)
+            found += row.section == other.section && row.key == other.key;
+        if (found != 1) return false;
+    }
+    return true;
+}
+static_assert(everySettingKeyStandsOnce(), "a settings key stands twice in settingkeys.def");
+
+// A key's value when it is missing, as the type that its reader stores.
+template <typename Value>
+Value valueWhenMissing(const SettingKey& row) {
+    return strictValue<Value>(row.whenMissing).value_or(Value());
+}
+
+// The grammar in words, for listings and the reference page.
+std::string_view describe(ValueGrammar grammar);
+
+}  // namespace ttservice::internal

@@ -1,0 +1,83 @@
+// Platform lists: answers which platform IDs a switch lists.
+// Doors: readPlatformList(), sortedKeys(), readSwitchLists(); in the header, piece by piece, forEachPlatformPiece().
+// Owns: nothing.
+// Covered by tests/config/internal/grammars_test.cpp.
+
+#include "traderbase/base/config/internal/platforms/platformlist.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include <boost/sort/spreadsort/string_sort.hpp>
+
+#include "traderbase/base/config/internal/text/badvalue.h"
+
+namespace ttservice::internal {
+
+namespace {
+
+// string_sort() goes a call deeper for each character that many keys have in common, whatever stack there is.
+constexpr std::size_t kLongKey = 256;
+
+bool isShort(const PlacedKey& place) {
+    return place.key.size() <= kLongKey;
+}
+
+bool comesFirst(const PlacedKey& left, const PlacedKey& right) {
+    return left.key < right.key;
+}
+
+}  // namespace
+
+std::vector<int> readPlatformList(std::string_view text) {
+    std::vector<int> ids;
+    ids.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), ',')) + (text.empty() ? 0 : 1));
+    std::size_t bad = 0;
+    forEachPlatformPiece(text, [&](std::string_view, std::optional<int> id) {
+        if (id) {
+            ids.push_back(*id);
+        } else {
+            ++bad;
+        }
+    });
+    reportBadValues(bad);
+    return ids;
+}
+
+std::vector<PlacedKey> sortedKeys(const std::vector<std::string>& keys) {
+    std::vector<PlacedKey> places;
+    places.reserve(keys.size());
+    for (const std::string& key : keys)
+        places.push_back({key, places.size()});
+    // Keys have much in common at their front, so they are sorted by their characters instead of compared in whole.
+    if (std::all_of(places.begin(), places.end(), isShort)) {
+        boost::sort::spreadsort::string_sort(
+            places.begin(), places.end(),
+            [](const PlacedKey& place, std::size_t offset) { return static_cast<unsigned char>(place.key[offset]); },
+            [](const PlacedKey& place) { return place.key.size(); }, comesFirst);
+    } else {
+        std::sort(places.begin(), places.end(), comesFirst);
+    }
+    std::size_t kept = 0;
+    for (const PlacedKey& each : places) {
+        if (kept > 0 && places[kept - 1].key == each.key) {
+            places[kept - 1].index = std::min(places[kept - 1].index, each.index);
+        } else {
+            places[kept++] = each;
+        }
+    }
+    places.resize(kept);
+    return places;
+}
+
+SwitchLists readSwitchLists(const utils::Configuration& configuration, const std::string& section) {
+    SwitchLists all;
+    all.keys = configuration.getProperties(section);
+    all.lists.reserve(all.keys.size());
+    for (const std::string& key : all.keys)
+        all.lists.push_back(readPlatformList(configuration.read(section, key)));
+    all.byKey = sortedKeys(all.keys);
+    return all;
+}
+
+}  // namespace ttservice::internal

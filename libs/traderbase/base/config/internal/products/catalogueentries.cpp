@@ -1,0 +1,64 @@
+// Catalogue entries: answers what one entry of a product catalogue says, and what becomes of it.
+// Doors: pairEntry(), contractEntry(), marketCodesEntry(), tagEntry(), describe(); forEachEntry() in the header.
+// Owns: nothing.
+// Covered by tests/config/internal/catalogueentries_test.cpp.
+
+#include "traderbase/base/config/internal/products/catalogueentries.h"
+
+namespace ttservice::internal {
+
+std::string_view describe(EntryOutcome outcome) {
+    switch (outcome) {
+        case EntryOutcome::Stored:
+            return "stored";
+        case EntryOutcome::DefaultNoFields:
+            return "stored as a default record: no fields behind the ':'";
+        case EntryOutcome::DefaultFieldCount:
+            return "stored as a default record: not exactly five fields";
+        case EntryOutcome::MarketIsCodes:
+            return "stored as market and as codes: no ':'";
+        case EntryOutcome::SkippedEmpty:
+            return "skipped: empty";
+        case EntryOutcome::SkippedColons:
+            return "skipped: not exactly one ':'";
+        case EntryOutcome::SkippedNoRecord:
+            return "skipped: the product has no record";
+        case EntryOutcome::KeptFormer:
+            return "without effect: no ':'";
+    }
+    return "";
+}
+
+PairEntry pairEntry(std::string_view text) {
+    if (text.empty()) return {text, EntryOutcome::SkippedEmpty, {}, {}};
+    std::array<std::string_view, 2> parts;
+    if (!piecesExactly(text, ':', parts)) return {text, EntryOutcome::SkippedColons, {}, {}};
+    return {text, EntryOutcome::Stored, parts[0], parts[1]};
+}
+
+ContractEntry contractEntry(std::string_view text) {
+    const PairEntry pair = pairEntry(text);
+    ContractEntry entry{text, pair.outcome, pair.first, {}};
+    if (!isStored(pair.outcome)) return entry;
+    if (pair.second.empty()) {
+        entry.outcome = EntryOutcome::DefaultNoFields;
+    } else if (!piecesExactly(pair.second, ',', entry.fields)) {
+        entry.outcome = EntryOutcome::DefaultFieldCount;
+        entry.fields = {};
+    }
+    return entry;
+}
+
+MarketCodesEntry marketCodesEntry(std::string_view text) {
+    const auto colon = text.find(':');
+    if (colon == std::string_view::npos) return {text, EntryOutcome::MarketIsCodes, text, text};
+    return {text, EntryOutcome::Stored, text.substr(0, colon), text.substr(colon + 1)};
+}
+
+TagEntry tagEntry(std::string_view text) {
+    const std::vector<std::string_view> parts = pieces(text, ':');
+    if (parts.size() < 2) return {text, EntryOutcome::KeptFormer, {}, {}};
+    return {text, EntryOutcome::Stored, parts[0], parts[1]};
+}
+
+}  // namespace ttservice::internal

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+#include <vector>
+
+#include "traderbase/base/config/internal/text/splitting.h"
+
+// Entries of the product catalogues' values: what each one says and what becomes of it. Readers store by the outcome
+// and say nothing; whoever wants to know why an entry has no effect asks here. All texts are views into the value.
+
+namespace ttservice::internal {
+
+enum class EntryOutcome {
+    Stored,             // as written
+    DefaultNoFields,    // stored as a default record: there is nothing behind the ":"
+    DefaultFieldCount,  // stored as a default record: there are not exactly five fields
+    MarketIsCodes,      // stored with one text as market and as codes: there is no ":"
+    SkippedEmpty,       // nothing to store
+    SkippedColons,      // passed over: there is not exactly one ":"
+    SkippedNoRecord,    // passed over: the product has no record
+    KeptFormer          // without a ":" the value of the load before stays
+};
+
+// Whether the entry leaves something behind in the store.
+constexpr bool isStored(EntryOutcome outcome) {
+    return outcome < EntryOutcome::SkippedEmpty;
+}
+
+// The outcome in words, such as "skipped: not exactly one ':'".
+std::string_view describe(EntryOutcome outcome);
+
+// --- first:second
+
+struct PairEntry {
+    std::string_view text;
+    EntryOutcome outcome;
+    std::string_view first;  // both empty where nothing is stored
+    std::string_view second;
+};
+
+PairEntry pairEntry(std::string_view text);
+
+// --- productId:text,real number,long integer,integer,credit flag
+
+struct ContractEntry {
+    std::string_view text;
+    EntryOutcome outcome;
+    std::string_view productId;
+    std::array<std::string_view, 5> fields;  // empty unless Stored
+};
+
+// An entry with a product ID is stored even when its fields are wrong: a product that is named is always known.
+ContractEntry contractEntry(std::string_view text);
+
+// --- market:code,code,...
+
+struct MarketCodesEntry {
+    std::string_view text;
+    EntryOutcome outcome;  // always stored; an empty entry is the empty market with the empty code
+    std::string_view market;
+    std::string_view codes;
+};
+
+MarketCodesEntry marketCodesEntry(std::string_view text);
+
+// --- tag:time,time,... (a whole value)
+
+struct TagEntry {
+    std::string_view text;
+    EntryOutcome outcome;
+    std::string_view tag;
+    std::string_view times;  // up to the next ":"; what follows that is ignored
+};
+
+TagEntry tagEntry(std::string_view text);
+
+// Hands each entry between ";" to the sink, empty ones included, as grammar(entry) reads it:
+//   forEachEntry(value, contractEntry, [](const ContractEntry& entry) { ... });
+template <typename Grammar, typename Sink>
+void forEachEntry(std::string_view value, Grammar&& grammar, Sink&& sink) {
+    splitKeepEmpty(value, ';', [&](std::string_view text) { sink(grammar(text)); });
+}
+
+}  // namespace ttservice::internal

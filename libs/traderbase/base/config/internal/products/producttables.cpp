@@ -1,0 +1,84 @@
+// Product tables: answers what the settings of futures products and money-market funds make.
+// Doors: those of the header, by topic: fees, combinations, funds, fixed prices.
+// Owns: nothing; the store holds the tables.
+// Covered by tests/config/internal/producttables_test.cpp.
+
+#include "traderbase/base/config/internal/products/producttables.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include <boost/algorithm/string/case_conv.hpp>
+
+#include "traderbase/base/config/internal/products/catalogueentries.h"
+#include "traderbase/base/config/internal/store/replacing.h"
+#include "traderbase/base/config/internal/text/joinedtext.h"
+#include "traderbase/base/config/internal/text/splitting.h"
+
+namespace ttservice::internal {
+
+void enterSubscriptionFee(const std::string& productCode, double fee, std::map<std::string, double>& fees) {
+    fees.emplace(productCode, fee);
+    fees.emplace(boost::algorithm::to_upper_copy(productCode), fee);
+}
+
+std::vector<std::vector<std::string_view>> productGroups(std::string_view value) {
+    std::vector<std::vector<std::string_view>> groups;
+    splitKeepEmpty(value, ';', [&groups](std::string_view group) { groups.push_back(pieces(group, ',')); });
+    return groups;
+}
+
+void enterCombinations(std::string_view value, CombinationTables& tables) {
+    CombinationTables fresh;
+    for (const std::vector<std::string_view>& products : productGroups(value)) {
+        std::set<std::string> group;
+        for (std::size_t i = 0; i < products.size(); ++i) {
+            fresh.products.emplace_back(products[i]);
+            group.emplace(products[i]);
+            // By place, not by name: in "A,B,A" the last A maps to itself.
+            if (i > 0) fresh.firstOfGroup.emplace(products[i], products.front());
+        }
+        fresh.groups.push_back(std::move(group));
+    }
+    addCombinations(fresh, tables);
+}
+
+void addCombinations(CombinationTables& fresh, CombinationTables& tables) {
+    makeRoomFor(fresh.products.size(), tables.products);
+    const auto old = static_cast<std::ptrdiff_t>(tables.groups.size());
+    tables.groups.resize(tables.groups.size() + fresh.groups.size());
+    // Swapped: with some standard libraries the move of a set takes memory.
+    std::swap_ranges(fresh.groups.begin(), fresh.groups.end(), tables.groups.begin() + old);
+    std::move(fresh.products.begin(), fresh.products.end(), std::back_inserter(tables.products));
+    tables.firstOfGroup.merge(fresh.firstOfGroup);
+}
+
+std::vector<std::string> fundList(std::string_view value) {
+    std::vector<std::string> list;
+    splitKeepEmpty(value, ',', [&list](std::string_view entry) { list.emplace_back(entry); });
+    return list;
+}
+
+bool listsFund(const std::vector<std::string>& list, std::string_view market, std::string_view code) {
+    const JoinedText fund{market, code};
+    return std::any_of(list.begin(), list.end(),
+                       [&fund](const std::string& entry) { return compare(entry, fund) == 0; });
+}
+
+// "ALL" beside other entries is an ordinary entry.
+bool listsAllFunds(const std::vector<std::string>& list) {
+    return list.size() == 1 && list.front() == "ALL";
+}
+
+void enterMarketCodes(std::string_view value, std::map<std::string, std::set<std::string>>& codesByMarket) {
+    std::map<std::string, std::set<std::string>> fresh;
+    forEachEntry(value, marketCodesEntry, [&fresh](const MarketCodesEntry& entry) {
+        std::set<std::string> codes;
+        splitKeepEmpty(entry.codes, ',', [&codes](std::string_view code) { codes.emplace(code); });
+        fresh[std::string(entry.market)] = std::move(codes);
+    });
+    replaceEntries(codesByMarket, fresh);
+}
+
+}  // namespace ttservice::internal

@@ -1,0 +1,26 @@
+// From a vendor's text to its record.
+// Doors: algorithmRecord().
+// Owns: nothing.
+// Covered by tests/config/algorithmparamconfig_test.cpp.
+
+#include "traderbase/base/config/internal/scripts/algorithmrecord.h"
+
+#include <mongo/bson/bson.h>
+#include <ttplatform/algorithmsparams.h>
+#include <boost/make_shared.hpp>
+
+#include "traderbase/base/config/internal/scripts/jsonobject.h"
+
+namespace bson = mongo;
+
+namespace ttservice::internal {
+
+boost::shared_ptr<CAlgorithmsParams> algorithmRecord(const std::string& text) {
+    const bson::BSONObj answer = parseJson(text);
+    CAlgorithmsParams record;
+    // For what is neither an object nor an array this raises the BSON library's own error 10065.
+    record.bsonValueFromObj(answer.getField("content").embeddedObjectUserCheck(), true, nullptr);
+    return boost::make_shared<CAlgorithmsParams>(record);
+}
+
+}  // namespace ttservice::internal

@@ -1,0 +1,49 @@
+// Bad values: tells the world that a piece of a settings value was passed over.
+// Doors: reportBadValue(), reportBadValues().
+// Owns: nothing.
+// Covered by tests/config/internal/grammars_test.cpp.
+
+#include "traderbase/base/config/internal/text/badvalue.h"
+
+#include <array>
+#include <iostream>
+#include <string_view>
+
+namespace ttservice::internal {
+
+namespace {
+
+// Hosts look for the text of Boost's conversion error; the conversions themselves neither throw nor use Boost, since
+// every scalar key of the main section is one bad piece of a platform list and a load must not throw a hundred times.
+constexpr char kLine[] =
+    "get bson value error, bad lexical cast: source type value could not be interpreted as target\n";
+constexpr std::size_t kLineSize = sizeof(kLine) - 1;
+
+// The stream is not buffered, so that lines are handed to it a block at a time.
+constexpr std::size_t kLinesOfBlock = 64;
+
+constexpr std::array<char, kLinesOfBlock * kLineSize> blockOfLines() {
+    std::array<char, kLinesOfBlock * kLineSize> block{};
+    for (std::size_t i = 0; i < block.size(); ++i)
+        block[i] = kLine[i % kLineSize];
+    return block;
+}
+
+// Nothing to be made or destroyed: a load may come while the process ends.
+constexpr std::array<char, kLinesOfBlock* kLineSize> kBlock = blockOfLines();
+
+}  // namespace
+
+void reportBadValues(std::size_t count) {
+    if (count == 0) return;
+    constexpr std::string_view block(kBlock.data(), kBlock.size());
+    for (; count >= kLinesOfBlock; count -= kLinesOfBlock)
+        std::cerr << block;
+    std::cerr << block.substr(0, count * kLineSize) << std::flush;
+}
+
+void reportBadValue() {
+    reportBadValues(1);
+}
+
+}  // namespace ttservice::internal

@@ -1,0 +1,16 @@
+// Splitting: answers which pieces a settings value has.
+// Doors: pieces(); the streaming splitters are templates in the header.
+// Owns: nothing.
+// Covered by tests/config/internal/splitting_test.cpp.
+
+#include "traderbase/base/config/internal/text/splitting.h"
+
+namespace ttservice::internal {
+
+std::vector<std::string_view> pieces(std::string_view text, char separator) {
+    std::vector<std::string_view> found;
+    splitKeepEmpty(text, separator, [&found](std::string_view piece) { found.push_back(piece); });
+    return found;
+}
+
+}  // namespace ttservice::internal

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "traderbase/base/config/internal/keys/settingkeys.h"
+
+namespace ttconfig {
+
+// Known names, for telling what an unknown one was meant to be. Costs little for names that are near nothing, however
+// many of them are asked for.
+class NameIndex {
+public:
+    explicit NameIndex(std::vector<std::string_view> known);
+
+    // The known name that differs in letter case alone; empty when there is none.
+    std::string_view inOtherCase(std::string_view name) const;
+    // "; did you mean NAME?", or nothing. The first few hundred names are compared with all that are known, further
+    // ones with those alone that are as good as equal.
+    std::string didYouMean(std::string_view name);
+
+private:
+    struct Known {
+        std::string_view name;
+        std::uint64_t letters;
+    };
+
+    std::vector<Known> names;
+    std::unordered_map<std::string, std::string_view> byLowerCase;
+    std::size_t thorough = 0;
+};
+
+// What the library asks of a settings file.
+class KnownNames {
+public:
+    KnownNames();
+
+    // The row of a key, the section's "*" row for any key of a section that has one; null when nothing asks for it.
+    const ttservice::internal::SettingKey* rowOf(std::string_view section, std::string_view key) const;
+    // The row of a key of that name in whatever section.
+    const ttservice::internal::SettingKey* rowAnywhere(std::string_view key) const;
+    // The key that a question of that name answers from; empty when there is no such question, or several keys.
+    std::string_view keyOfQuestion(std::string_view name) const;
+    bool isSection(std::string_view name) const { return sections.count(name) > 0; }
+    // The names to suggest.
+    NameIndex& sectionIndex() { return sectionNames; }
+    NameIndex& keyIndex(std::string_view section);
+
+private:
+    using Rows = std::unordered_map<std::string_view, const ttservice::internal::SettingKey*>;
+
+    std::unordered_map<std::string_view, Rows> sections;
+    Rows byKey;
+    std::unordered_map<std::string_view, std::string_view> byQuestion;
+    NameIndex sectionNames;
+    std::unordered_map<std::string_view, NameIndex> keyNames;
+};
+
+inline constexpr std::string_view kMainSection = "setting";
+
+// Whether both are the row of the same key.
+constexpr bool isRow(const ttservice::internal::SettingKey& row, const ttservice::internal::SettingKey& other) {
+    return row.section == other.section && row.key == other.key;
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,99 @@
+// The context: answers what the checks of one entry need to know of the rest of the file.
+// Doors: SettingsContext.
+// Owns: what is gathered from the whole file, when it is first asked for.
+// Covered by tests/tools/ttconfig/findings/checking_test.cpp.
+
+#include "ttconfig/checks/context.h"
+
+#include "traderbase/base/config/internal/platforms/perplatformlist.h"
+#include "traderbase/base/config/internal/platforms/platformlist.h"
+#include "traderbase/base/config/internal/switches/platformswitchtable.h"
+
+namespace ttconfig {
+
+namespace {
+
+using namespace ttservice::internal;
+using standin::SettingsEntry;
+
+bool isPerPlatform(ValueGrammar grammar) {
+    return grammar == ValueGrammar::PerPlatformFlag || grammar == ValueGrammar::PerPlatformInteger ||
+           grammar == ValueGrammar::PerPlatformFlagKeepEmpty || grammar == ValueGrammar::PerPlatformDecimalKeepEmpty;
+}
+
+std::string_view valueOf(const standin::SettingsText& text, const SettingKey& row) {
+    const SettingsEntry* entry = text.findEntry(row.section, row.key);
+    return entry == nullptr ? std::string_view() : entry->value;
+}
+
+}  // namespace
+
+void SettingsContext::collectPlatforms() {
+    platforms.emplace();
+    for (const PlatformSwitch& row : kPlatformSwitches) {
+        const SettingsEntry* entry = text.findEntry(kMainSection, row.key);
+        if (entry == nullptr || entry->value == "0" || entry->value == "1") continue;
+        forEachPlatformPiece(entry->value, [this](std::string_view, std::optional<int> id) {
+            if (id) platforms->insert(*id);
+        });
+    }
+    for (const SettingKey& row : kSettingKeys) {
+        if (row.key == "*" || !isPerPlatform(row.grammar)) continue;
+        splitKeepEmpty(valueOf(text, row), ';', [this](std::string_view item) {
+            const std::size_t colon = item.find(':');
+            const auto id = colon == std::string_view::npos ? std::nullopt : strictInt(item.substr(0, colon));
+            if (id) platforms->insert(*id);
+        });
+    }
+}
+
+bool SettingsContext::mentionsPlatform(int id) {
+    if (!platforms) collectPlatforms();
+    return platforms->count(id) > 0;
+}
+
+const ContractCatalogue& SettingsContext::contracts() {
+    if (!catalogue) {
+        catalogue.emplace();
+        enterContracts(valueOf(text, keys::contracts), *catalogue);
+    }
+    return *catalogue;
+}
+
+const LimitWinners& SettingsContext::winnersOf(std::string_view section) {
+    const bool isOrderLimit =
+        section == keys::connectShanghaiOrderLimits.section || section == keys::connectShenzhenOrderLimits.section;
+    if (isOrderLimit) section = keys::orderLimits.section;
+    const auto known = winners.find(section);
+    if (known != winners.end()) return known->second;
+    std::vector<LimitWinners::Section> sections;
+    if (section == keys::orderLimits.section) {
+        // One table, filled in this order.
+        for (const SettingKey* row :
+             {&keys::orderLimits, &keys::connectShanghaiOrderLimits, &keys::connectShenzhenOrderLimits}) {
+            sections.push_back({row->section, kOrderLimitRow.size()});
+        }
+    } else if (section == keys::blockTradeLimits.section) {
+        sections.push_back({section, kBlockTradeLimitRow.size()});
+    } else {
+        const bool isStock = section == keys::stockRates.section;
+        sections.push_back({section, isStock ? kStockRateRow.size() : kConnectRateRow.size()});
+    }
+    return winners.emplace(section, LimitWinners(text, sections)).first->second;
+}
+
+const SettingsEntry* SettingsContext::fundsOf(int id) {
+    if (!funds) {
+        funds.emplace();
+        const standin::SettingsSection* section = text.findSection(keys::sloBalanceFirstFunds.section);
+        if (section != nullptr) {
+            for (const SettingsEntry& entry : section->entries) {
+                if (!entry.repeated) (*funds)[looseInt(entry.key)] = &entry;
+            }
+        }
+    }
+    const auto found = funds->find(id);
+    return found == funds->end() ? nullptr : found->second;
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,212 @@
+// Limit checks: answers what is wrong with a row of the limit sections.
+// Doors: checkLimitRow(), checkFixedIncome().
+// Owns: which section has which table.
+// Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
+
+#include <fmt/format.h>
+#include <ttplatform/text.h>
+
+#include "traderbase/base/config/internal/limits/limitrows.h"
+#include "traderbase/base/config/internal/words/markets.h"
+#include "ttconfig/advice/advice.h"
+#include "ttconfig/checks/limitfields.h"
+#include "ttconfig/checks/valuechecks.h"
+#include "ttconfig/checks/valueranges.h"
+#include "ttconfig/tables/limitquestions.h"
+#include "ttconfig/text/showntext.h"
+
+namespace ttconfig {
+
+namespace {
+
+using namespace ttservice::internal;
+
+LimitTopic topicOf(const SettingKey& row) {
+    if (row.grammar == ValueGrammar::OrderLimitRow) return LimitTopic::OrderLimits;
+    if (row.grammar == ValueGrammar::BlockTradeLimitRow) return LimitTopic::BlockTrades;
+    if (row.grammar == ValueGrammar::StockRateRow) return LimitTopic::StockRates;
+    return isRow(row, keys::connectShanghaiRates) ? LimitTopic::ShanghaiConnectRates : LimitTopic::ShenzhenConnectRates;
+}
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool isLetter(char c) {
+    return !isDigit(c) && c != '.';
+}
+
+// One item of the key, with its market and item in upper case.
+class ItemCheck {
+public:
+    ItemCheck(EntryRemarks& target, SettingsContext& all, const SettingKey& row, LimitTopic table)
+        : remarks(target), context(all), key(row), topic(table) {}
+
+    void check(const LimitItem& item) {
+        if (!item.hasDash) return sayNoDash(item);
+        if (isOddlyWritten(item)) return;
+        marketBefore = item.market;
+        const auto [market, name] = tableKey(item);
+        if (checkOverwritten(item)) return;
+        if (checkReach(item, market, name)) return;
+        if (checkMarket(item, market)) return;
+        checkInstrument(item, market, name);
+    }
+
+private:
+    // Whether there are characters in the item that stand in no market, code or category; says so.
+    bool isOddlyWritten(const LimitItem& item) {
+        if (!isPlain(item.text)) {
+            for (const std::string_view piece : {item.text, item.market, item.item}) {
+                if (!causeIn(piece)) continue;
+                sayCause(piece);
+                return true;
+            }
+        }
+        const std::size_t sign = item.text.find_first_of(";|*?");
+        if (sign == std::string_view::npos) return false;
+        if (item.text[sign] == ';' || item.text[sign] == '|') {
+            remarks.wrong(RuleId::WrongSeparator, item.text, [&] {
+                return "is one item, which no question finds" +
+                       orWrite(withSigns(item.text, ";|", ','), "items are separated by \",\"");
+            });
+        } else {
+            remarks.say(RuleId::UnreachableRow, item.text, [&] {
+                return fmt::format(
+                    "no question reaches {} here: nothing stands for several codes or markets; write a "
+                    "row for each, or the category",
+                    shownText(item.text));
+            });
+        }
+        return true;
+    }
+
+    // Of a piece with an odd character in it.
+    void sayCause(std::string_view piece) {
+        remarks.wrong(RuleId::UnknownCategory, piece, [&] {
+            const std::string ascii = inAscii(piece);
+            const std::string_view meant = isPlain(withoutBlanks(ascii)) ? withoutBlanks(ascii) : std::string_view();
+            return "is found by no question" + orWrite(meant, "write it without");
+        });
+    }
+
+    void sayNoDash(const LimitItem& item) {
+        remarks.wrong(RuleId::ItemWithoutDash, item.text, [&] {
+            std::string meant = limitItemMeant(item.text);
+            // SH-600000,600519: the market goes for the first code alone.
+            const bool isCode = meant.empty() && !marketBefore.empty() && !item.text.empty() &&
+                                std::all_of(item.text.begin(), item.text.end(), isDigit);
+            if (isCode) meant = fmt::format("{}-{}", marketBefore, item.text);
+            return "has no \"-\", so that no question finds the row" +
+                   orWrite(meant, "write the market, \"-\" and a code or category");
+        });
+    }
+
+    // Whether the market is one that nothing names; says so at the first of its rows.
+    bool checkMarket(const LimitItem& item, const std::string& market) {
+        if (context.markets.knows(market)) return false;
+        if (!std::any_of(market.begin(), market.end(), isLetter) && isNamedMarket(item.item)) {
+            remarks.say(RuleId::UnreachableRow, item.text, [&] {
+                return fmt::format("no question reaches {} here: the market stands in front of the \"-\"{}",
+                                   shownText(item.text),
+                                   orWrite(fmt::format("{}-{}", item.item, item.market), "write it there"));
+            });
+        } else if (context.unknownMarkets.insert(market).second) {
+            remarks.say(RuleId::UnknownMarket, item.market, [&] {
+                return fmt::format("{} is a market that {}{}", shownText(item.market), context.markets.namers(),
+                                   context.markets.didYouMean(market));
+            });
+        }
+        return true;
+    }
+
+    bool checkOverwritten(const LimitItem& item) {
+        const Place here = remarks.placeOf(item.text);
+        const Place winner = context.winnersOf(key.section).winner(item);
+        if (winner == here) return false;
+        const bool isSameRow = winner.line == here.line;
+        remarks.say(isSameRow ? RuleId::RepeatedInList : RuleId::RowOverwritten, item.text,
+                    isSameRow ? fmt::format("{} stands in this key again; once is enough", shownText(item.text))
+                              : fmt::format("{} does not count here: the row at {} overwrites it; take one out",
+                                            shownText(item.text), named(winner)),
+                    winner);
+        return true;
+    }
+
+    bool checkReach(const LimitItem& item, const std::string& market, const std::string& name) {
+        if (isOfOtherConnect(topic, market)) {
+            const SettingKey& other =
+                topic == LimitTopic::ShanghaiConnectRates ? keys::connectShenzhenRates : keys::connectShanghaiRates;
+            remarks.say(
+                RuleId::WrongConnect, item.text,
+                fmt::format("{} is of the other connect, whose rates are looked for in [{}]; move the row there",
+                            shownText(item.text), other.section));
+            return true;
+        }
+        const bool isOdd = isOddWord(market, name);
+        const std::string why = isOdd ? std::string() : whyUnreachable(topic, market, name);
+        if (isOdd) {
+            remarks.say(RuleId::UnknownCategory, item.item, [&] {
+                const std::string_view meant = categoryMeant(name);
+                return fmt::format("{} is no category, and no code of {}, so that no question finds the row{}{}{}",
+                                   shownText(item.item), market, meant.empty() ? "" : "; did you mean ", meant,
+                                   meant.empty() ? "" : "?");
+            });
+        } else if (!why.empty()) {
+            remarks.say(RuleId::UnreachableRow, item.text,
+                        [&] { return fmt::format("no question reaches {} here: {}", shownText(item.text), why); });
+        } else if (name.empty() || market.empty()) {
+            remarks.say(RuleId::UnreachableRow, item.text, [&] {
+                return fmt::format("no question reaches {} here: there is nothing {} the \"-\"", shownText(item.text),
+                                   name.empty() ? "behind" : "in front of");
+            });
+        } else if (isOddForFutures(topic, market, name)) {
+            remarks.say(RuleId::OddForFutures, item.text, [&] {
+                return fmt::format("instruments of {} go by DEF, unless the platform gives them another type; write {}",
+                                   market, shownText(market + "-DEF"));
+            });
+        } else if (isFuturesProduct(market, name)) {
+            remarks.say(RuleId::OddForFutures, item.text, [&] {
+                return fmt::format(
+                    "the row is found for the code {} alone and for none of its contracts; write a row "
+                    "for each, or {}",
+                    shownText(item.item), shownText(market + "-DEF"));
+            });
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+    void checkInstrument(const LimitItem& item, const std::string& market, const std::string& code) {
+        // Platform data types the instruments of stock exchanges; of other markets it need not know each code.
+        if (context.platform == nullptr || !isStockExchange(market)) return;
+        if (isCategoryWord(code) || knowsInstrument(*context.platform, market, code)) return;
+        remarks.say(RuleId::UnknownInstrument, item.text, [&] {
+            return fmt::format("the platform data knows no instrument {} of {}; check the code", shownText(code),
+                               market);
+        });
+    }
+
+    EntryRemarks& remarks;
+    SettingsContext& context;
+    const SettingKey& key;
+    const LimitTopic topic;
+    std::string_view marketBefore;  // of the item before
+};
+
+}  // namespace
+
+void checkLimitRow(EntryRemarks& remarks, SettingsContext& context, const SettingKey& row) {
+    remarks.lookForComment(Semicolons::Comment);
+    if (!checkLimitFields(remarks, fieldShapeOf(row), rangeOf(row))) return;
+    ItemCheck items(remarks, context, row, topicOf(row));
+    forEachLimitItem(remarks.entry().key, [&items](const LimitItem& item) { items.check(item); });
+}
+
+void checkFixedIncome(EntryRemarks& remarks, const SettingKey& row) {
+    remarks.lookForComment(Semicolons::Comment);
+    if (!remarks.value().empty()) checkLimitFields(remarks, fieldShapeOf(row), rangeOf(row));
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,114 @@
+// Value ranges: answers which numbers can hardly be meant for a key.
+// Doors: rangeOf(), checkValueRange().
+// Owns: the table of the ranges.
+// Covered by tests/tools/ttconfig/findings/valueranges_test.cpp.
+
+#include "ttconfig/checks/valueranges.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <iterator>
+
+#include "traderbase/base/config/internal/text/strictnumbers.h"
+#include "ttconfig/advice/names.h"
+#include "ttconfig/text/showntext.h"
+
+namespace ttconfig {
+
+namespace {
+
+using namespace ttservice::internal;
+
+constexpr double kNoEnd = std::numeric_limits<double>::infinity();
+
+constexpr ValueRange from(double least, std::string_view below) {
+    return {least, kNoEnd, below, {}, false};
+}
+
+constexpr ValueRange within(double least, std::string_view below, double most, std::string_view above, bool isRatio) {
+    return {least, most, below, above, isRatio};
+}
+
+constexpr ValueRange kAny{};
+
+// What several keys share.
+constexpr ValueRange kQuantity = from(1, "lets no order pass; write 1 or more");
+constexpr ValueRange kNotNegative = from(0, "is negative, but counts; write 0 or more");
+constexpr ValueRange kRate = from(0, "is no rate, but counts; write 0 or more");
+
+// One row a key with numbers in its value; fields of one value share it. What a number is for says which can be meant:
+// where only its receiver knows that, any can.
+constexpr struct {
+    const SettingKey* key;
+    ValueRange range;
+} kRanges[] = {
+    // A date in place of a number of days is what a hundred years are about.
+    {&keys::flowHistoryDays, within(-1, "is no number of days, but counts; write -1 or more", 36500,
+                                    "is more than a hundred years, but counts; write a number of days", false)},
+    {&keys::refLimit, from(0, "is no limit of references, but counts; write 0 or more")},
+
+    {&keys::counterMaxCompacts, from(1, "is no number of answers, but counts; write 1 or more")},
+    {&keys::counterIpwanPos, from(0, "counts as yes, as every number but 0 does; write 0 or 1")},
+    {&keys::specialEnableVolRate, kRate},
+    {&keys::setAvailable, kNotNegative},
+    {&keys::renewal, kAny},  // the counter's own numbers for ways of renewing
+
+    {&keys::orderLimits, kQuantity},
+    {&keys::connectShanghaiOrderLimits, kQuantity},
+    {&keys::connectShenzhenOrderLimits, kQuantity},
+    {&keys::blockTradeLimits, kQuantity},
+    // Some are shares of a price, some are counts, and which is which the records know: there is no most for all.
+    {&keys::stockRates, kRate},
+    {&keys::connectShanghaiRates, kRate},
+    {&keys::connectShenzhenRates, kRate},
+    {&keys::shFixIncome, kNotNegative},
+    {&keys::shLoanClickDeal, kNotNegative},
+    {&keys::shLoanEnquiryDeal, kNotNegative},
+    {&keys::shLoanBidDeal, kNotNegative},
+
+    // 1.0, the value without a row, is the whole of the bond.
+    {&keys::standardBondUse, within(0, "is no ratio, but counts; write a number from 0 to 1", 1,
+                                    "is more than the whole, but counts; write a number from 0 to 1", true)},
+    // A ratio of debt and collateral may well be above 1; the highest in use are a few hundred percent.
+    {&keys::concentrationRatio,
+     within(0, "is no ratio, but counts; write 0 or more", 5,
+            "is a ratio of more than 500 percent, but counts; write it as a fraction", true)},
+    {&keys::subscriptionFees, kNotNegative},
+    {&keys::contracts, kAny},  // the vendor's own parameters
+};
+
+using ByNumber = std::array<const ValueRange*, std::size(kSettingKeys)>;
+
+ByNumber byNumber() {
+    ByNumber table{};
+    for (std::size_t number = 0; number < table.size(); ++number) {
+        for (const auto& row : kRanges) {
+            if (isRow(*row.key, kSettingKeys[number])) table[number] = &row.range;
+        }
+    }
+    return table;
+}
+
+}  // namespace
+
+const ValueRange* rangeOf(const SettingKey& row) {
+    static const ByNumber kTable = byNumber();
+    return kTable[static_cast<std::size_t>(&row - kSettingKeys)];
+}
+
+void checkValueRange(EntryRemarks& remarks, const ValueRange* range, std::string_view field) {
+    if (range == nullptr || range->isAny()) return;
+    if (const auto number = strictDouble(field)) checkValueRange(remarks, range, field, *number);
+}
+
+void checkValueRange(EntryRemarks& remarks, const ValueRange* range, std::string_view field, double number) {
+    if (range == nullptr || (number >= range->least && number <= range->most)) return;
+    const std::string_view consequence = number < range->least ? range->below : range->above;
+    remarks.wrong(RuleId::ValueOutOfRange, field, [&] {
+        if (!range->isRatio || number <= range->most || number > 100) return std::string(consequence);
+        return fmt::format("{}, such as {:.12g} for {} percent", consequence, number / 100, field);
+    });
+}
+
+}  // namespace ttconfig

@@ -1,0 +1,282 @@
+// Edits of pieces: answers which pieces of a value have to change for an answer that is made of several of them.
+// Doors: suggestPieces(), wholeValue().
+// Owns: nothing.
+// Covered by tests/tools/ttconfig/whynot_test.cpp and whynotpairs_test.cpp.
+
+#include "ttconfig/edits/pieceedits.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "traderbase/base/config/internal/text/splitting.h"
+#include "ttconfig/edits/fieldtexts.h"
+
+namespace ttconfig {
+
+namespace {
+
+using Pieces = std::vector<std::string_view>;
+using Texts = std::vector<std::string>;
+
+// Every way to keep pieces at either end is looked at up to so many pieces, and beyond that only the ones that keep
+// most. Values that are longer still are not taken apart.
+constexpr std::size_t kMostLookedAt = 24;
+constexpr std::size_t kMostPieces = 1000000;
+constexpr std::size_t kMostTried = 16;
+
+// The pieces that stay at the front and at the end of the value.
+struct Kept {
+    std::size_t front = 0;
+    std::size_t back = 0;
+};
+
+class PieceEdits {
+public:
+    PieceEdits(std::string_view text, const WantedPieces& wantedPieces)
+        : value(text),
+          wanted(wantedPieces),
+          isTooLong(count(text, wantedPieces.separator) > kMostPieces),
+          pieces(isTooLong || (text.empty() && !wantedPieces.emptyIsOnePiece)
+                     ? Pieces()
+                     : ttservice::internal::pieces(text, wantedPieces.separator)) {}
+
+    bool saysAll() const {
+        const auto absent = isTooLong ? std::nullopt : missing({pieces.size(), 0});
+        return absent && absent->empty();
+    }
+    // The values, the one that differs least from what is there first.
+    Texts values(bool keepsOthers) const;
+
+private:
+    static std::size_t count(std::string_view text, char separator) {
+        return static_cast<std::size_t>(std::count(text.begin(), text.end(), separator)) + 1;
+    }
+
+    std::vector<Kept> waysToKeep() const;
+    void addWaysOfLongValue(std::vector<Kept>& ways) const;
+    std::optional<std::vector<std::size_t>> missing(const Kept& kept) const;
+    std::optional<std::vector<std::size_t>> missingInOrder(const Kept& kept) const;
+    std::optional<std::vector<std::size_t>> missingByName(const Kept& kept) const;
+    std::optional<std::size_t> named(std::string_view piece) const;
+    Texts between(const Kept& kept, const std::vector<std::size_t>& missing, bool keepsOthers, bool writesAnew) const;
+    std::string_view oldOf(std::size_t number, std::size_t place, const Kept& kept) const;
+    std::string valueOf(const Kept& kept, const Texts& between) const;
+
+    std::string_view value;
+    const WantedPieces& wanted;
+    bool isTooLong;
+    Pieces pieces;
+};
+
+// Where an empty value has no piece, an empty piece alone takes a separator.
+std::string asValue(const WantedPieces& wanted, std::size_t count, std::string text) {
+    if (count == 1 && text.empty() && !wanted.emptyIsOnePiece) text = wanted.separator;
+    return text;
+}
+
+std::vector<Kept> PieceEdits::waysToKeep() const {
+    std::vector<Kept> ways;
+    if (pieces.size() > kMostLookedAt) {
+        addWaysOfLongValue(ways);
+        return ways;
+    }
+    // What can be put in anywhere goes to the end.
+    for (std::size_t ahead = pieces.size() + 1; ahead > 0; --ahead) {
+        for (std::size_t back = 0; ahead - 1 + back <= pieces.size(); ++back)
+            ways.push_back({ahead - 1, back});
+    }
+    return ways;
+}
+
+// As much as can stay at the front and then at the end, the other way round, and pieces put in at either end.
+void PieceEdits::addWaysOfLongValue(std::vector<Kept>& ways) const {
+    const auto most = [&](const auto& kept) {
+        std::size_t can = 0;
+        for (std::size_t step = pieces.size() + 1; step > 0;) {
+            step /= 2;
+            while (can + step <= pieces.size() && step > 0 && missing(kept(can + step)))
+                can += step;
+        }
+        return can;
+    };
+    const std::size_t front = most([](std::size_t many) { return Kept{many, 0}; });
+    const std::size_t back = most([](std::size_t many) { return Kept{0, many}; });
+    const std::size_t behind = most([&](std::size_t many) {
+        return Kept{front, std::min(many, pieces.size() - front)};
+    });
+    const std::size_t ahead = most([&](std::size_t many) { return Kept{std::min(many, pieces.size() - back), back}; });
+    ways = {{front, std::min(behind, pieces.size() - front)},
+            {std::min(ahead, pieces.size() - back), back},
+            {pieces.size(), 0},
+            {0, pieces.size()},
+            {0, 0}};
+}
+
+std::optional<std::vector<std::size_t>> PieceEdits::missing(const Kept& kept) const {
+    return wanted.order == WantedPieces::Order::AsWritten ? missingInOrder(kept) : missingByName(kept);
+}
+
+std::optional<std::vector<std::size_t>> PieceEdits::missingInOrder(const Kept& kept) const {
+    std::size_t first = 0;
+    for (std::size_t i = 0; i < kept.front; ++i) {
+        if (!wanted.counts(pieces[i])) continue;
+        if (first == wanted.count || !wanted.says(first, pieces[i])) return std::nullopt;
+        ++first;
+    }
+    std::size_t last = wanted.count;
+    for (std::size_t i = pieces.size(); i > pieces.size() - kept.back; --i) {
+        if (!wanted.counts(pieces[i - 1])) continue;
+        if (last == first || !wanted.says(last - 1, pieces[i - 1])) return std::nullopt;
+        --last;
+    }
+    std::vector<std::size_t> missing;
+    for (std::size_t i = first; i < last; ++i)
+        missing.push_back(i);
+    return missing;
+}
+
+std::optional<std::vector<std::size_t>> PieceEdits::missingByName(const Kept& kept) const {
+    enum class State { Missing, Said, Overruled };
+    std::vector<State> states(wanted.count, State::Missing);
+    for (std::size_t i = pieces.size(); i > 0; --i) {
+        const bool isBehind = i > pieces.size() - kept.back;
+        if ((!isBehind && i > kept.front) || !wanted.counts(pieces[i - 1])) continue;
+        const auto number = named(pieces[i - 1]);
+        if (!number) return std::nullopt;
+        State& state = states[*number];
+        if (state != State::Missing) continue;
+        if (wanted.says(*number, pieces[i - 1])) {
+            state = State::Said;
+        } else if (isBehind) {
+            return std::nullopt;
+        } else {
+            state = State::Overruled;  // by what is put in behind it
+        }
+    }
+    std::vector<std::size_t> missing;
+    for (std::size_t i = 0; i < states.size(); ++i) {
+        if (states[i] != State::Said) missing.push_back(i);
+    }
+    return missing;
+}
+
+std::optional<std::size_t> PieceEdits::named(std::string_view piece) const {
+    for (std::size_t i = 0; i < wanted.count; ++i) {
+        if (wanted.names(i, piece)) return i;
+    }
+    return std::nullopt;
+}
+
+// The piece in whose place the wanted one comes: that of its name, or the one that stands there.
+std::string_view PieceEdits::oldOf(std::size_t number, std::size_t place, const Kept& kept) const {
+    const std::size_t end = pieces.size() - kept.back;
+    for (std::size_t i = kept.front; wanted.names && i < end; ++i) {
+        if (wanted.counts(pieces[i]) && wanted.names(number, pieces[i])) return pieces[i];
+    }
+    return kept.front + place < end ? pieces[kept.front + place] : std::string_view();
+}
+
+Texts PieceEdits::between(const Kept& kept, const std::vector<std::size_t>& missing, bool keepsOthers,
+                          bool writesAnew) const {
+    Texts texts;
+    std::size_t next = 0;
+    const auto putIn = [&] {
+        const std::string_view old = writesAnew ? std::string_view() : oldOf(missing[next], next, kept);
+        texts.push_back(wanted.written(missing[next], old));
+        ++next;
+    };
+    for (std::size_t i = kept.front; i < pieces.size() - kept.back; ++i) {
+        if (!wanted.counts(pieces[i])) {
+            if (keepsOthers) texts.emplace_back(pieces[i]);
+        } else if (next < missing.size()) {
+            putIn();
+        }
+    }
+    while (next < missing.size())
+        putIn();
+    return texts;
+}
+
+// What is kept is copied as it stands.
+std::string PieceEdits::valueOf(const Kept& kept, const Texts& between) const {
+    std::string text;
+    std::size_t count = 0;
+    const auto put = [&](std::string_view piece) {
+        if (count++ > 0) text += wanted.separator;
+        text += piece;
+    };
+    const auto offsetOf = [this](std::string_view piece) {
+        return static_cast<std::size_t>(piece.data() - value.data());
+    };
+    if (kept.front > 0) {
+        const std::string_view last = pieces[kept.front - 1];
+        put(value.substr(0, offsetOf(last) + last.size()));
+    }
+    for (const std::string& piece : between)
+        put(piece);
+    if (kept.back > 0) put(value.substr(offsetOf(pieces[pieces.size() - kept.back])));
+    return asValue(wanted, count, std::move(text));
+}
+
+Texts PieceEdits::values(bool keepsOthers) const {
+    Texts values;
+    // What comes last counts, where order plays no part.
+    if (isTooLong) return {(keepsOthers ? std::string(value) + wanted.separator : "") + wholeValue(wanted)};
+    for (const Kept& kept : waysToKeep()) {
+        const auto absent = missing(kept);
+        if (!absent) continue;
+        values.push_back(valueOf(kept, between(kept, *absent, keepsOthers, false)));
+        if (pieces.size() > kMostLookedAt || absent->empty()) continue;
+        values.push_back(valueOf(kept, between(kept, *absent, keepsOthers, true)));
+    }
+    // Of two that differ as little, the longer one takes out less.
+    std::stable_sort(values.begin(), values.end(), [this](const std::string& left, const std::string& right) {
+        return std::pair(differingBytes(value, left), right.size()) <
+               std::pair(differingBytes(value, right), left.size());
+    });
+    values.erase(std::unique(values.begin(), values.end()), values.end());
+    values.resize(std::min(values.size(), kMostTried));
+    return values;
+}
+
+}  // namespace
+
+std::string wholeValue(const WantedPieces& wanted) {
+    std::string text;
+    for (std::size_t i = 0; i < wanted.count; ++i) {
+        if (i > 0) text += wanted.separator;
+        text += wanted.written(i, {});
+    }
+    return asValue(wanted, wanted.count, std::move(text));
+}
+
+bool saysAll(const WantedPieces& wanted, std::string_view value) {
+    return PieceEdits(value, wanted).saysAll();
+}
+
+void suggestPieces(const standin::SettingsEntry& entry, std::string_view value, const WantedPieces& wanted,
+                   Edits& edits) {
+    const PieceEdits made(value, wanted);
+    edits.reaching(wanted.reach);
+    for (const std::string& text : made.values(true))
+        edits.replacePiece(entry, value, text);
+    if (!wanted.others.empty()) edits.reaching(wanted.others);
+    for (const std::string& text : made.values(false))
+        edits.replacePiece(entry, value, text);
+}
+
+void suggestPieces(const standin::SettingsText& text, std::string_view section, std::string_view key,
+                   const WantedPieces& wanted, Edits& edits) {
+    const standin::SettingsEntry* entry = text.findEntry(section, key);
+    if (entry == nullptr) {
+        edits.addLast(section, key, wholeValue(wanted));
+        return;
+    }
+    suggestPieces(*entry, entry->value, wanted, edits);
+    edits.addFirst(section, key, wholeValue(wanted));
+    edits.removeLine(*entry);
+}
+
+}  // namespace ttconfig

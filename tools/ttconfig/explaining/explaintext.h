@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ttconfig/explaining/whynot.h"
+#include "ttconfig/reasons/explainer.h"
+#include "ttconfig/text/colour.h"
+
+namespace ttconfig {
+
+// What is shown of one question.
+struct ShownExplanation {
+    const standin::SettingsText& text;
+    std::string file;                // the settings file, as it was named
+    std::string call;                // the operation
+    std::vector<std::string> words;  // its arguments, as they were given
+    Explanation explanation;
+    std::optional<std::string> wanted;  // the answer that was expected
+    std::optional<WhyNot> whyNot;
+};
+
+// For people: the answer, the reason, the line that decided, what lost, and the edit.
+std::string explanationText(const ShownExplanation& shown, const Colours& colours);
+
+// The same as one JSON object.
+Answer explanationJson(const ShownExplanation& shown);
+
+}  // namespace ttconfig

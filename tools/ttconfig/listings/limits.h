@@ -1,0 +1,11 @@
+#pragma once
+
+#include "ttconfig/invocation/commandline.h"
+#include "ttconfig/invocation/output.h"
+
+namespace ttconfig {
+
+// All that an order-entry screen asks of one instrument, each answer with what decided it.
+void runLimits(const CommandLine& commandLine, Output& output);
+
+}  // namespace ttconfig

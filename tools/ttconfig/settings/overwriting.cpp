@@ -1,0 +1,28 @@
+// Overwriting: sees to it that no file that is read is written to.
+// Doors: refuseToOverwrite().
+// Owns: nothing.
+// Covered by tests/tools/ttconfig/overwriting_test.cpp.
+
+#include "ttconfig/settings/overwriting.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <system_error>
+
+#include "ttconfig/invocation/fault.h"
+
+namespace ttconfig {
+
+void refuseToOverwrite(const std::string& option, const std::string& written,
+                       const std::vector<std::optional<std::string>>& inputs) {
+    for (const auto& input : inputs) {
+        std::error_code ignored;
+        if (input && std::filesystem::equivalent(written, *input, ignored)) {
+            throw Fault(kExitUsage,
+                        fmt::format("{} {}: that file is read here; name another one to write to", option, written));
+        }
+    }
+}
+
+}  // namespace ttconfig
