@@ -55,7 +55,7 @@ fetchSource() {
     (cd "$folder" && apt-get "${options[@]}" source "$name")
 }
 
-# The flags of cmake/Hardening.cmake that the compiler takes: what is linked into the library is hardened as the library.
+# The flags of cmake/TraderbaseHardening.cmake that the compiler takes: what the library links is hardened as it is.
 hardening() {
     local flag
     for flag in -fstack-protector-strong -fstack-clash-protection -fcf-protection; do
