@@ -1,6 +1,5 @@
-// BSON objects as plain JSON text.
+// Writes BSON objects as plain JSON.
 // Doors: jsonOfObject(), decimalText().
-// Owns: nothing.
 // Test: tests/platform/records_test.cpp
 #include "standin/bsonjson.h"
 
@@ -39,7 +38,7 @@ void appendText(std::string& json, std::string_view text) {
     json += '"';
 }
 
-// Texts may hold NULs; BSON counts the one at the end as well.
+// Strings may contain NULs; BSON's length includes the terminating one.
 std::string_view textOf(const mongo::BSONElement& element) {
     return std::string_view(element.valuestr(), static_cast<std::size_t>(element.valuestrsize()) - 1);
 }
@@ -51,7 +50,7 @@ void appendDecimal(std::string& json, double number) {
     }
     const std::string text = decimalText(number);
     json += text;
-    // A whole number keeps looking like a decimal one, so that its reader keeps its type.
+    // A whole number keeps its ".0", so that readers keep its type.
     if (text.find_first_not_of("-0123456789") == std::string::npos) json += ".0";
 }
 
@@ -100,7 +99,7 @@ struct OpenContainer {
 
 std::string jsonOfObject(const mongo::BSONObj& object) {
     std::string json = "{";
-    // A stack of its own rather than recursion: scripts decide how deep their answers are nested.
+    // An explicit stack rather than recursion: scripts control how deeply their answers are nested.
     std::vector<OpenContainer> open{{mongo::BSONObjIterator(object), false, true}};
     while (!open.empty()) {
         OpenContainer& inner = open.back();

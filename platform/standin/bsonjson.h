@@ -6,11 +6,11 @@
 
 namespace standin {
 
-// The object as JSON text on one line, by the rules that CAlgorithmsParams::contentJson() states. Takes any depth.
+// The object as one line of JSON, by the rules of CAlgorithmsParams::contentJson(). Nesting may be of any depth.
 std::string jsonOfObject(const mongo::BSONObj& object);
 
-// The number in its shortest form that reads back as the same number, such as "0.1" or "1e+300"; "nan", "inf" and
-// "-inf" for what is no number.
+// The shortest text that reads back as the same number, such as "0.1" or "1e+300"; "nan", "inf" and "-inf" for NaN and
+// the infinities.
 std::string decimalText(double number);
 
 }  // namespace standin

@@ -1,4 +1,4 @@
-// utils::Configuration over the INI text reader.
+// utils::Configuration, on top of the INI text reader.
 // Doors: parse(), getProperties(), read(), readInt(), readDouble().
 // Owns: the parsed text of one configuration.
 // Test: tests/platform/configuration_test.cpp
@@ -16,8 +16,8 @@ namespace utils {
 
 struct Configuration::Contents {
     standin::SettingsText text;
-    // Keys are mostly read in file order: where the one behind the last one found is in its section. A guess, so
-    // threads may share it.
+    // Keys are usually read in file order, so this is the index of the entry after the last one found. It is only a
+    // hint, so threads may share it.
     std::atomic<std::size_t> next{0};
 
     const standin::SettingsEntry* find(const std::string& section, const std::string& key) {

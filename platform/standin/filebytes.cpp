@@ -1,6 +1,5 @@
-// Reading of whole files for the stand-in services.
+// Reads whole files for the stand-in services.
 // Doors: readFileBytes(), fileProblemText().
-// Owns: nothing.
 // Test: tests/platform/filebytes_test.cpp
 #include "standin/filebytes.h"
 
@@ -15,11 +14,11 @@ namespace standin {
 
 namespace {
 
-// Longer texts are no path on any system; JSON handed in as a path is told by this before it is taken apart.
+// No system has longer paths. The limit also turns away long JSON texts that callers pass in as a path.
 constexpr std::size_t kLongestPath = 32767;
 
-// A system that lacks memory to open or to read a file says nothing about the file: whoever took it for an empty one
-// would work with wrong values.
+// When the system lacks the memory to open or read a file, the file itself may be fine: treating it as empty would give
+// callers wrong values.
 void throwIfNoMemory(const std::error_code& code) {
     if (code == std::errc::not_enough_memory) throw std::bad_alloc();
 }
@@ -42,7 +41,7 @@ FileProblem problemOf(const std::filesystem::path& path) {
     }
 }
 
-// The stream over the file. One that could not be opened leaves the system's reason in errno, and nowhere else.
+// Opens the file. When that fails, the only trace of the reason is errno.
 std::ifstream openedStream(const std::filesystem::path& path) {
     errno = 0;
     std::ifstream stream(path, std::ios::binary);
@@ -50,15 +49,15 @@ std::ifstream openedStream(const std::filesystem::path& path) {
     return stream;
 }
 
-// Reads up to the end rather than the size that the file system tells: some files tell none, others grow meanwhile.
+// Reads to the end instead of trusting the reported size: some files report none, others grow while they are read.
 FileProblem readToEnd(const std::filesystem::path& path, std::string& bytes) {
     std::error_code code;
     const std::uintmax_t expected = std::filesystem::file_size(path, code);
     if (!code && expected > kLargestFile) return FileProblem::kTooLarge;
     std::ifstream stream = openedStream(path);
     if (!stream) return FileProblem::kUnreadable;
-    stream.exceptions(std::ios::badbit);  // what goes wrong from here on is an exception, which has a reason
-    // One byte more than expected, so that the end of the file is met within the first read.
+    stream.exceptions(std::ios::badbit);  // from here on, errors are exceptions, which carry a reason
+    // Ask for one byte more than expected, so that the first read reaches the end of the file.
     std::size_t step = code ? std::size_t{1} << 16 : static_cast<std::size_t>(expected) + 1;
     while (true) {
         const std::size_t before = bytes.size();
@@ -91,7 +90,7 @@ FileProblem readFileBytes(const std::string& path, std::string& bytes) {
         throwIfNoMemory(failure.code());
         problem = FileProblem::kUnreadable;
     } catch (const std::exception&) {
-        // Some systems convert path texts, and not every text converts.
+        // Some systems convert paths to another encoding, and not every path can be converted.
         problem = FileProblem::kBadPath;
     }
     if (problem != FileProblem::kNone) bytes.clear();

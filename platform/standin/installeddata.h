@@ -4,7 +4,7 @@ namespace standin {
 
 class PlatformData;
 
-// The data that the services answer from now, without sharing it: good for the length of one question.
+// The data that the services answer from now, without shared ownership: valid only while one query is answered.
 const PlatformData& installedData();
 
 }  // namespace standin

@@ -1,6 +1,6 @@
 // The host's loggers and log channels.
 // Doors: g_TTStdLogger, CLogCenter, ttDbgLogNew(), setFileLogEnabled(), setEveryFileLogEnabled().
-// Owns: the standard logger and which channels are on.
+// Owns: the standard logger and the set of enabled channels.
 // Test: tests/platform/logging_test.cpp
 #include "ttplatform/logging.h"
 
@@ -18,11 +18,11 @@ namespace {
 
 struct Channels {
     std::mutex mutex;
-    bool others = false;  // whether a channel that is not in the map is on
+    bool others = false;  // whether channels that are not in the map are on
     std::map<int, bool> single;
 };
 
-// Never destroyed: channels may be asked for from static destructors.
+// Never destroyed: static destructors may still query channels.
 Channels& channels() {
     static Channels& only = *new Channels;
     return only;

@@ -1,4 +1,4 @@
-// Where log lines go: a file of plain lines, or the memory of a test.
+// Where log lines go: a plain text file, or the memory of a test.
 // Doors: startLogFile(), stopLogging(), LogCapture.
 // Owns: the appenders on the root logger.
 // Test: tests/platform/logging_test.cpp
@@ -34,8 +34,8 @@ std::string utf8Of(const log4cxx::LogString& text) {
     return bytes;
 }
 
-// The function as it was given. The location splits "luabase::printLog" into a class and a method name, and has no
-// class for a plain name; an unknown location names both "?".
+// The function name as the caller gave it. log4cxx splits "luabase::printLog" into class and method; a plain name has
+// no class, and an unknown location has "?" for both.
 std::string functionOf(const log4cxx::spi::LocationInfo& location) {
     const std::string className = location.getClassName();
     const std::string methodName = location.getMethodName();
@@ -48,7 +48,7 @@ std::string fileOf(const log4cxx::spi::LocationInfo& location) {
     return file == nullptr || std::strcmp(file, log4cxx::spi::LocationInfo::NA) == 0 ? std::string() : file;
 }
 
-// Hands every line to one function, one line at a time.
+// Passes every line to one function, one line at a time.
 class LineAppender : public log4cxx::AppenderSkeleton {
 public:
     using Sink = std::function<void(const LogLine&)>;
@@ -84,16 +84,16 @@ std::string withoutLineEnds(const std::string& text) {
     return shown;
 }
 
-// log4cxx takes a message's bytes for the locale's character type and replaces what it does not find there by "?".
-// Nothing but the character type is changed: numbers, dates and sorting stay as they are.
+// log4cxx decodes messages with the locale's character type (LC_CTYPE) and replaces bytes that it cannot decode with
+// "?". Only the character type is changed: numbers, dates and sorting keep their locale.
 void useUtf8Messages() {
     for (const char* name : {"C.UTF-8", "C.utf8", "en_US.UTF-8", ".UTF-8"}) {
         if (std::setlocale(LC_CTYPE, name) != nullptr) return;
     }
 }
 
-// Attaches an appender to the root logger. Saying that log4cxx is configured comes first: otherwise the first logger
-// asked for would load whatever log4cxx.* or log4j.* file lies in the working directory.
+// Attaches an appender to the root logger. Marks log4cxx as configured first; otherwise the first request for a logger
+// would load any log4cxx.* or log4j.* file in the working directory.
 void attach(const log4cxx::AppenderPtr& appender) {
     log4cxx::LogManager::getLoggerRepository()->setConfigured(true);
     useUtf8Messages();
@@ -111,7 +111,8 @@ struct LogFile {
     log4cxx::AppenderPtr appender;
 };
 
-// Never destroyed, so that its appender outlives nothing of log4cxx by accident; stopLogging() closes the file.
+// Never destroyed, so that no static destructor touches log4cxx after log4cxx itself is gone; stopLogging() closes the
+// file.
 LogFile*& openLogFile() {
     static LogFile* only = nullptr;
     return only;

@@ -1,6 +1,5 @@
-// Conversion of setting values to numbers.
+// Converts setting values to numbers.
 // Doors: readInt32(), readDecimal().
-// Owns: nothing.
 // Test: tests/platform/numbertext_test.cpp
 #include "standin/numbertext.h"
 
@@ -32,13 +31,13 @@ std::size_t digitsAt(std::string_view text, std::size_t start) {
 
 struct DecimalShape {
     bool valid = false;
-    // Power of ten of the first digit that is not 0, the exponent included; capped far beyond a double's range.
+    // Power of ten of the first non-zero digit, including the exponent; capped far beyond a double's range.
     std::int64_t magnitude = 0;
 };
 
 constexpr std::int64_t kCappedExponent = std::int64_t{1} << 40;
 
-// The value of an exponent's digits, so far as it matters.
+// The value of an exponent's digits, capped.
 std::int64_t cappedNumber(std::string_view digits) {
     std::int64_t number = 0;
     for (const char digit : digits) {
@@ -47,7 +46,7 @@ std::int64_t cappedNumber(std::string_view digits) {
     return number;
 }
 
-// Checks the form, behind the sign. The conversion itself would take "inf" too and stop at the first odd byte.
+// Checks the text after the sign. The conversion alone would also accept "inf", and would stop at the first stray byte.
 DecimalShape shapeOf(std::string_view text) {
     DecimalShape shape;
     const std::size_t whole = digitsAt(text, 0);
@@ -80,7 +79,7 @@ DecimalShape shapeOf(std::string_view text) {
 }  // namespace
 
 bool readInt32(std::string_view text, int& number) {
-    // from_chars takes a minus sign and no plus sign.
+    // from_chars accepts a minus sign but no plus sign.
     if (!text.empty() && text.front() == '+') {
         text.remove_prefix(1);
         if (text.empty() || !isDigit(text.front())) return false;
@@ -100,7 +99,7 @@ bool readDecimal(std::string_view text, double& number) {
     if (!shape.valid) return false;
     double value = 0.0;
     const std::from_chars_result result = std::from_chars(text.data(), text.data() + text.size(), value);
-    // Too large and too small come back alike; the power of ten tells which.
+    // from_chars reports overflow and underflow alike; the power of ten tells them apart.
     if (result.ec == std::errc::result_out_of_range) {
         if (shape.magnitude > 0) return false;
         value = 0.0;

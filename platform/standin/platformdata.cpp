@@ -1,6 +1,6 @@
 // The data that the stand-in services answer from.
-// Doors: the add and set operations, the answers, current(), install().
-// Owns: all tables, and which data is installed.
+// Doors: the add and set operations, the queries, current(), install().
+// Owns: all tables, and the installed data.
 // Test: tests/platform/platformdata_test.cpp
 #include "standin/platformdata.h"
 
@@ -50,7 +50,7 @@ auto findByCode(const Table& table, const std::string& market, const std::string
     return found == inMarket->second.end() ? nullptr : &found->second;
 }
 
-// The installed data and the data before it. Never destroyed: services may be asked from static destructors.
+// The installed data and its predecessor. Never destroyed: static destructors may still query the services.
 struct Installation {
     std::mutex mutex;
     std::shared_ptr<const PlatformData> current = std::make_shared<const PlatformData>();

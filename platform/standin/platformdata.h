@@ -14,8 +14,8 @@
 
 namespace standin {
 
-// A set of code patterns. A pattern is an exact code, or a prefix and a final "*"; "*" alone matches every code. A "*"
-// anywhere else is an ordinary character.
+// A set of code patterns. A pattern is an exact code, or a prefix followed by "*"; "*" alone matches every code. A "*"
+// anywhere but at the end is an ordinary character.
 class TTPLATFORM_API CodePatterns {
 public:
     void add(const std::string& pattern);
@@ -23,7 +23,7 @@ public:
 
 private:
     std::unordered_set<std::string> exactCodes;
-    // No prefix in here starts with another one, so that the greatest that is not above a code is the only candidate.
+    // No prefix in here starts with another one, so the only candidate for a code is the greatest prefix not above it.
     std::set<std::string> prefixes;
 };
 
@@ -38,16 +38,16 @@ private:
     std::unordered_map<std::string, CodePatterns> byMarket;
 };
 
-// Everything the stand-in services answer from. Filled by code or from a platform data file, installed, and from then
-// on only read. Empty data answers "no" to everything: no types, no records, no rights, market number -1, bond trade
-// type 1. Adding the same thing twice adds nothing; where one question can have only one answer, the later one counts.
+// The data behind all stand-in services. Filled by code or from a platform data file, then installed, and read-only
+// from then on. Empty data answers "no" to everything: no types, no records, no rights, market number -1, bond trade
+// type 1. Adding the same thing twice has no effect; where a question can have only one answer, the later one counts.
 class TTPLATFORM_API PlatformData {
 public:
-    // Which table of types a row belongs to: a type in one of the two is not thereby in the other.
+    // Two separate tables of types: an instrument added to one is not in the other.
     void addStockType(int type, const std::string& market, const std::string& pattern);
     void addBaseType(int type, const std::string& market, const std::string& pattern);
     void setMarketNumber(const std::string& market, int number);
-    // Gives the instrument a record, or its record these further fields. Records already handed out do not change.
+    // Gives the instrument a record, or adds these fields to its record. Records already handed out do not change.
     void addInstrument(const std::string& market, const std::string& code, const std::map<int, int>& fields);
     void setBondRule(const std::string& market, const std::string& code, int tradeType, const BondRuleRecord& rule);
     void addNewRulesBond(const std::string& market, const std::string& pattern);
@@ -58,7 +58,7 @@ public:
     void addSecondMarketTest(const std::string& market, const std::string& pattern);
     void addRight(const std::string& group, const std::string& product);
 
-    // The answers; none of them allocates.
+    // Queries; none of them allocates.
     bool isStockType(int type, const std::string& market, const std::string& code) const;
     bool isBaseType(int type, const std::string& market, const std::string& code) const;
     int marketNumber(const std::string& market) const;
@@ -73,14 +73,14 @@ public:
     bool passesSecondMarketTest(const std::string& market, const std::string& code) const;
     bool hasRight(const std::string& group, const std::string& product) const;
 
-    // Every market that anything in the data is about.
+    // Every market that appears anywhere in the data.
     std::set<std::string> marketNames() const;
 
-    // The data that the services answer from now; empty data when none was installed. Never null.
+    // The data that the services answer from now; empty data if none was installed. Never null.
     static std::shared_ptr<const PlatformData> current();
 
-    // Makes the services answer from this data. Meant for when nobody asks, as all loading is: the data before it is
-    // kept until the next call, so that a question under way on another thread still ends well, but no longer.
+    // Makes the services answer from this data. Like all loading, it belongs to a time without queries. The previous
+    // data is kept until the next call, so a query already running on another thread can finish.
     static void install(std::shared_ptr<const PlatformData> data);
     static void install(PlatformData data);
 

@@ -1,6 +1,6 @@
-// Platform data from JSON text.
+// Reads platform data from JSON.
 // Doors: parsePlatformData(), installPlatformFile().
-// Owns: the shape of the text and the words of its refusals.
+// Owns: the format of the file and the wording of its error messages.
 // Test: tests/platform/platformdatafile_test.cpp
 #include "standin/platformdatafile.h"
 
@@ -18,7 +18,7 @@ namespace standin {
 
 namespace {
 
-// What ends the reading of a text; the caller turns it into its message.
+// Thrown to stop reading; the caller turns it into an error message.
 struct Refusal {
     std::string message;
 };
@@ -42,7 +42,7 @@ const char* kindText(const JsonValue& value) {
     return "something else";
 }
 
-// A value and the way to it; the path is put together only for a refusal.
+// A value and its path; the path text is built only for an error message.
 class Node {
 public:
     explicit Node(const JsonValue& root) : value(&root) {}
@@ -109,7 +109,7 @@ public:
         });
     }
 
-    // The member of that name, or null.
+    // The member with that name, or null.
     const JsonValue* find(std::string_view name, const std::string*& storedName) const {
         requireObject();
         for (const auto& [memberName, member] : value->members) {

@@ -8,7 +8,7 @@
 
 namespace standin {
 
-// Reading of platform data from JSON text. Every top-level member may be left out:
+// Reads platform data from JSON. Every top-level member is optional:
 //
 //   markets          {"SH": 1}                                           market -> number
 //   stockTypes       [{"type": 100003, "market": "SH", "codes": ["600000", "601*"]}]
@@ -19,22 +19,22 @@ namespace standin {
 //   bondTradeTypes   {"30": 2}                                           operation -> bond trade type
 //   techBoardCdr     [{"market": "SH", "codes": ["689*"]}]
 //   issueAdditional  the same shape
-//   marketTests      {"first": [...], "second": [...]}                   each the same shape again
+//   marketTests      {"first": [...], "second": [...]}                   each of the same shape
 //   rights           {"mdl_alg": ["mdl_alg_twap"]}                       group -> products
 //
-// Inside an entry everything must be there except "fields", "buyMinUnit" and "sellMinUnit", which are then empty or 0.
-// A text is taken whole or not at all. It is refused for the first thing wrong with it: not JSON, nested too deep, a
-// member given twice, a name that is not known, a missing or wrongly typed member, an integer that does not fit 32
-// bits. The message is one line, the source's name, then the member's path or the line and column, then the matter:
+// Inside an entry every member is required except "fields", "buyMinUnit" and "sellMinUnit", which default to empty
+// and 0. A file is accepted whole or not at all. The first error rejects it: not JSON, nested too deep, a member given
+// twice, an unknown name, a missing member or one of the wrong type, an integer that does not fit in 32 bits. The
+// message is one line: the source's name, the member's path or the line and column, then the problem:
 //
 //   platform.json: stockTypes[3].codes: expected a list, found a number
 //   platform.json: line 4, column 17: not JSON: ...
 
-// Reads JSON text into data; the source's name is for messages. On false, data is as it was and error says why.
+// Reads JSON text into data; the source's name is for messages. On false, data is unchanged and error says why.
 TTPLATFORM_API bool parsePlatformData(std::string_view text, const std::string& source, PlatformData& data,
                                       std::string& error);
 
-// Reads a file and installs what it says. On false, the services answer as before and error says why.
+// Reads a file and installs its data. On false, the services answer as before and error says why.
 TTPLATFORM_API bool installPlatformFile(const std::string& path, std::string& error);
 
 }  // namespace standin

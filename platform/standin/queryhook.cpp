@@ -1,4 +1,4 @@
-// The look-out on questions put to the stand-in services.
+// Lets tests observe the queries made to the stand-in services.
 // Doors: setQueryHook(), showQuery().
 // Owns: the hook.
 // Test: tests/platform/services_test.cpp
@@ -13,7 +13,7 @@ namespace {
 
 std::atomic<bool> hookIsSet{false};
 
-// Never destroyed: services may be asked from static destructors.
+// Never destroyed: static destructors may still query the services.
 QueryHook& storedHook() {
     static QueryHook& hook = *new QueryHook;
     return hook;

@@ -7,25 +7,25 @@
 
 namespace standin {
 
-// One question put to a stand-in service, seen before it is answered.
+// One query to a stand-in service, seen before it is answered.
 struct Query {
     // The operation's name, such as "StockTypeCenter::isTypedStock" or "Configuration::readInt".
     std::string_view operation;
-    // The type, operation or field number of the question; 0 where it has none.
+    // The type, operation or field number in the query; 0 if it has none.
     int number = 0;
-    // The market, section, rights group or path, and the code, key or product; empty where there is none.
+    // The market, section, rights group or path, and the code, key or product; empty if there is none.
     std::string_view first;
     std::string_view second;
 };
 
 using QueryHook = std::function<void(const Query&)>;
 
-// Shows every later question to the hook, for tests: one that records pins which questions are put and in which order,
-// one that throws plays a host that fails. An empty hook ends it. Set it while nobody asks; it is called on whichever
-// thread asks, and what it throws reaches the asker.
+// Calls the hook for every later query. For tests: a recording hook pins which queries are made and in which order, a
+// throwing hook simulates a host that fails. An empty hook switches this off. Set it while no queries run; the hook
+// runs on the querying thread, and its exceptions reach the caller.
 TTPLATFORM_API void setQueryHook(QueryHook hook);
 
-// Called by the stand-in services. Costs one read of a flag while no hook is set.
+// Called by the stand-in services. Without a hook it costs one read of a flag.
 void showQuery(std::string_view operation, int number, std::string_view first, std::string_view second);
 
 }  // namespace standin

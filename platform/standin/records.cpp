@@ -1,6 +1,5 @@
-// The record classes: their dumps, and the algorithm record's conversion.
+// The record classes: their log lines, and the conversion of the algorithm record.
 // Doors: toLog(), bsonValueFromObj(), CAlgorithmsParams::contentJson().
-// Owns: nothing.
 // Test: tests/platform/records_test.cpp
 #include <mongo/util/assert_util.h>
 #include <initializer_list>
@@ -33,7 +32,7 @@ std::string connectRatesText(const ConnectRecord& record) {
                       record.rate14});
 }
 
-// BSONObj::copy() would write to where no memory is; the library's builder looks.
+// BSONObj::copy() does not check its allocation and would write through a null pointer; the library's builder checks.
 mongo::BSONObj ownedCopy(const mongo::BSONObj& object) {
     constexpr int kNoBuffer = 10000;
     try {

@@ -1,6 +1,6 @@
 // The host's services, answered from the installed platform data.
-// Doors: StockTypeCenter, TraderCenter, IDataCenter, the instrument questions and the rights query.
-// Owns: the two singletons, which hold nothing.
+// Doors: StockTypeCenter, TraderCenter, IDataCenter, the instrument queries and the rights query.
+// Owns: the two singletons, which are stateless.
 // Test: tests/platform/services_test.cpp
 #include "standin/installeddata.h"
 #include "standin/platformdata.h"
@@ -45,7 +45,7 @@ public:
 
 }  // namespace
 
-// The singletons are never destroyed: they may be asked from static destructors.
+// The singletons are never destroyed: static destructors may still use them.
 
 StockTypeCenter& StockTypeCenter::instance() {
     static StockTypeCenter& only = *new StockTypeCenter;

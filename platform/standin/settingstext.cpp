@@ -1,4 +1,4 @@
-// The reader of an INI text: one pass over one buffer, and the look-ups.
+// The INI reader: one pass over one buffer, and the look-ups.
 // Doors: SettingsText(bytes), load(), findSection(), findEntry().
 // Owns: the rules of the format, the two hash tables.
 // Test: tests/platform/settingstext_test.cpp, tests/platform/settingsoracle_test.cpp
@@ -19,7 +19,7 @@ bool isBlank(char character) {
     return character == ' ' || character == '\t';
 }
 
-// The text without the blanks around it; of a blank text, the empty text at its end.
+// The text without surrounding blanks; for a blank text, the empty view at its end.
 std::string_view trimmed(std::string_view text) {
     while (!text.empty() && isBlank(text.front()))
         text.remove_prefix(1);
@@ -37,11 +37,11 @@ std::uint32_t hashOf(std::uint32_t section, std::string_view key) {
     return static_cast<std::uint32_t>(hashOf(key)) + section * 0x9E3779B9U;
 }
 
-// Tables are powers of two and at most two thirds full, so that a probe soon meets a free slot.
+// Table sizes are powers of two, and tables are at most two thirds full, so that a probe soon finds a free slot.
 bool isFull(std::size_t used, std::size_t slots) {
     return (used + 1) * 3 > slots * 2;
 }
-// Large ones grow in larger steps: by then placing every key anew costs more than the memory does.
+// Large tables grow in larger steps: for them, rehashing every key costs more than the memory.
 std::size_t grownSize(std::size_t slots) {
     if (slots == 0) return 64;
     return slots < 16384 ? slots * 2 : slots * 4;
@@ -172,8 +172,8 @@ private:
     }
 
     SettingsText& text;
-    std::uint32_t section = kFree;  // of the lines being read; none in front of the first header
-    std::size_t entryCount = 0;     // of entries in the table, repeated ones left out
+    std::uint32_t section = kFree;  // the section of the current line; kFree before the first header
+    std::size_t entryCount = 0;     // entries in the table, without repeated ones
     std::uint32_t lineNumber = 0;
     const char* lineStart = nullptr;
 };

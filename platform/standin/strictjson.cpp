@@ -1,4 +1,4 @@
-// Strict JSON parsing with places for messages.
+// Strict JSON parsing; errors carry their place.
 // Doors: parseStrictJson(), pathWithIndex(), pathWithName(), shownInMessage().
 // Owns: the depth limit.
 // Test: tests/platform/platformdatafile_test.cpp
@@ -15,17 +15,17 @@ namespace {
 
 constexpr std::size_t kDeepestNesting = 32;
 constexpr std::size_t kLongestShown = 120;
-constexpr int kNumberBeyondDouble = 406;  // the parser's own number of that error
+constexpr int kNumberBeyondDouble = 406;  // the parser's number for this error
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::string placeText(std::string_view text, std::size_t offset) {
     const std::string_view before = text.substr(0, std::min(offset, text.size()));
     const std::size_t line = static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')) + 1;
-    const std::size_t lineStart = before.rfind('\n') + 1;  // 0 when there is none
+    const std::size_t lineStart = before.rfind('\n') + 1;  // npos + 1 is 0, the start of the text
     return "line " + std::to_string(line) + ", column " + std::to_string(before.size() - lineStart + 1);
 }
 
-// The parser's own words without its labels, its idea of the place and the token, which may be as long as the file.
+// The parser's message without its prefix, its own position, and the token, which may be as long as the file.
 std::string reasonText(std::string_view words) {
     const std::size_t place = words.find(": ");
     if (words.substr(0, words.find(' ')) == "[json.exception.parse_error.101]" && place != std::string_view::npos) {
@@ -100,7 +100,7 @@ public:
             problem = valuePath() + ": a number beyond all bounds";
             return false;
         }
-        // The position counts the bytes read, the offending one included.
+        // The position counts the bytes read, including the offending one.
         problem = placeText(text, position == 0 ? 0 : position - 1) + ": not JSON: " + reasonText(error.what());
         return false;
     }
@@ -112,7 +112,7 @@ private:
         std::unordered_set<std::string> names;
     };
 
-    // The path of the value that comes now.
+    // The path of the next value.
     std::string valuePath() const {
         if (levels.empty()) return {};
         const Level& outer = levels.back();
@@ -122,8 +122,7 @@ private:
         return pathWithName(outer.path, outer.container->members.back().first);
     }
 
-    // Where the value that comes now belongs. Containers only grow at their open end, so the pointers of the open
-    // levels stay good.
+    // Where the next value belongs. Containers only grow at their open end, so pointers to the open levels stay valid.
     JsonValue& next() {
         if (levels.empty()) return *target;
         JsonValue& container = *levels.back().container;
@@ -176,13 +175,13 @@ std::string shownInMessage(std::string_view text) {
     std::string shown;
     for (std::size_t at = 0; at < text.size(); ++at) {
         unsigned char byte = static_cast<unsigned char>(text[at]);
-        // Not between the bytes of one character; of what is no UTF-8 there may be any number.
+        // Do not cut inside a character. Invalid UTF-8 may have any number of continuation bytes, hence the limit.
         const bool continuesCharacter = (byte & 0xC0) == 0x80 && shown.size() < kLongestShown + kLongestCharacter;
         if (shown.size() >= kLongestShown && !continuesCharacter) {
             shown += "...";
             break;
         }
-        // The control characters beyond ASCII are two bytes each; terminals obey them as well.
+        // The control characters U+0080 to U+009F take two bytes each; terminals obey them as well.
         const bool isWideControl = byte == 0xC2 && at + 1 < text.size() && (text[at + 1] & 0xE0) == 0x80;
         if (byte < 0x20 || byte == 0x7F || isWideControl) {
             if (isWideControl) byte = static_cast<unsigned char>(text[++at]);
@@ -199,7 +198,7 @@ std::string shownInMessage(std::string_view text) {
 bool parseStrictJson(std::string_view text, JsonValue& value, std::string& problem) {
     if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark) text.remove_prefix(kByteOrderMark.size());
     value = JsonValue();
-    // The parser would take one for the end of the text and never look behind it.
+    // The parser would take a NUL for the end of the text and ignore the rest.
     if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
         problem = placeText(text, nul) + ": not JSON: a NUL byte";
         return false;

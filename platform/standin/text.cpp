@@ -1,6 +1,5 @@
-// Letter case of texts.
+// Letter case.
 // Doors: utils::toUpper().
-// Owns: nothing.
 // Test: tests/platform/text_test.cpp
 #include "ttplatform/text.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-// Marks what the platform library offers to others. A host that links its own platform target may define
-// TTPLATFORM_API itself, as nothing or as its own import declaration.
+// Marks the exports of the platform library. A host that links its own platform target may define TTPLATFORM_API
+// itself, either as nothing or as its own import declaration.
 #ifndef TTPLATFORM_API
 #if defined(_WIN32)
 #if defined(TTPLATFORM_BUILDING)

@@ -7,15 +7,15 @@
 
 // Questions about one instrument that the base trading library answers.
 //
-// Thread safety: any number of threads may ask at once. No query allocates or throws for whatever texts it is given.
-// Unknown markets and codes are answered with "no".
+// Thread safety: any number of threads may call at once. No query allocates or throws, whatever its arguments. The
+// answer for an unknown market or code is "no".
 namespace ttservice {
 
 // Whether the instrument belongs to the numbered type. The numbers are the base library's own: a type of
-// StockTypeCenter is not thereby known here, nor the other way round. Callers pass an empty text.
+// StockTypeCenter need not exist here, nor the other way round. The configuration library passes an empty text.
 TTPLATFORM_API bool isTypedStock(int type, const std::string& market, const std::string& code, const std::string& text);
 
-// Whether the bond follows the new bond rules in that operation and trade type; OPT_INVALID asks for no particular
+// Whether the bond follows the new bond rules for that operation and trade type; OPT_INVALID means no particular
 // operation.
 TTPLATFORM_API bool isNewRulesBond(const std::string& market, const std::string& code, EOperationType operation,
                                    EBondTradeType tradeType);

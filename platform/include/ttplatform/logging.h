@@ -6,8 +6,8 @@
 
 #include "ttplatform/export.h"
 
-// The host's standard logger. Null until the host has set up its logging, and null again once that is torn down:
-// whoever logs looks first.
+// The host's standard logger. Null until the host has set up logging, and null again after it is torn down: check
+// before logging.
 extern TTPLATFORM_API log4cxx::LoggerPtr g_TTStdLogger;
 
 // Which numbered log channels are written to the host's debug file.
@@ -17,6 +17,6 @@ public:
     static bool fileLogEnabled(int channel);
 };
 
-// Writes one line of the given channel at DEBUG level. Callers ask fileLogEnabled() and the logger's level first, so
-// that a line that nobody wants is never formatted.
+// Writes one line to the given channel at DEBUG level. Callers check fileLogEnabled() and the logger's level first, so
+// that lines that would be dropped are never formatted.
 TTPLATFORM_API void ttDbgLogNew(const log4cxx::LoggerPtr& logger, int channel, const std::string& text);

@@ -5,9 +5,9 @@
 #include "ttplatform/export.h"
 #include "ttplatform/idata.h"
 
-// Rate parameters of orders, one record a family of markets. The members stand in the order in which a row of the
-// settings file fills them. A new record holds zeros: no parameter is set. What each parameter limits is for the
-// order checks of the trading core to say; these records only carry the numbers, in the row's own units.
+// Exchange rate limits, one record type per family of markets. Members are declared in the order of the fields in a
+// settings row. A new record holds zeros: no parameter is set. The order checks of the trading core decide what each
+// parameter limits; these records only carry the numbers, in the units of the row.
 
 // Ordinary exchange instruments: six decimal parameters, then a count.
 class TTPLATFORM_API CStkExchangeRateLimit : public IData {

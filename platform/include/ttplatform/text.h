@@ -6,7 +6,7 @@
 
 namespace utils {
 
-// The text with the letters a to z in upper case; every other byte, and so every multi-byte character, is kept.
+// The text with the letters a to z in upper case. All other bytes, and so all multi-byte characters, stay unchanged.
 TTPLATFORM_API std::string toUpper(std::string text);
 
 }  // namespace utils
