@@ -10,7 +10,7 @@
 
 namespace fuzz {
 
-// What a part of the tool writes to its output, as a string: while it lives, standard output is a file without a name.
+// Captures standard output as a string: while it exists, standard output goes to an unnamed temporary file.
 class CapturedOutput {
 public:
     CapturedOutput() : file(scratch()), before(dup(STDOUT_FILENO)) {
@@ -25,7 +25,7 @@ public:
         close(before);
     }
 
-    // All that was written so far.
+    // Everything written so far.
     std::string text() const {
         const off_t size = lseek(file, 0, SEEK_END);
         std::string bytes(size > 0 ? static_cast<std::size_t>(size) : 0, '\0');
@@ -43,7 +43,7 @@ private:
     const int before;
 };
 
-// Runs what takes an Output, and answers what it wrote.
+// Calls a function that takes an Output and returns what it wrote.
 template <typename Run>
 std::string outputOf(const Run& run) {
     const CapturedOutput captured;

@@ -1,5 +1,5 @@
-// Entries of the product catalogues of the target "grammars": what each one says, and what a value makes of the tables
-// that it is entered into, twice, as a load after another one does.
+// Product catalogue entries of the target "grammars": what each entry means, and what a value does to the tables. Each
+// value is entered twice, as when one load follows another.
 
 #include <algorithm>
 #include <cstddef>
@@ -28,7 +28,7 @@ namespace {
 
 constexpr std::size_t kMostFunds = 16;
 
-// The entries of a value in the opposite order: another value, about the same products.
+// The entries of a value in reverse order: a different value about the same products.
 std::string backwards(const std::string& text) {
     std::vector<std::string> entries = tests::slowPieces(text, ';');
     std::reverse(entries.begin(), entries.end());
@@ -56,8 +56,8 @@ void requireSameRecords(const ContractCatalogue& catalogue, const tests::SlowCon
     }
 }
 
-// A catalogue with records for some of the products that the text has types for: by turns none, one for stock
-// accounts, one for credit accounts, and both.
+// A catalogue with records for some of the products in the text, in turn: none, one for stock accounts, one for credit
+// accounts, and both.
 std::string contractsFor(const std::string& types) {
     std::string contracts;
     int turn = 0;
@@ -125,7 +125,7 @@ void checkFunds(const std::string& text) {
     std::size_t asked = 0;
     for (const std::string& entry : slow) {
         if (++asked > kMostFunds) break;
-        // The market may end anywhere; a further letter makes another fund, as a rule.
+        // The split between market and code may be anywhere. An appended character usually makes it a different fund.
         for (const std::string& fund : {entry, entry + "1"}) {
             for (const std::size_t end : {std::size_t{0}, entry.size() / 2, fund.size()}) {
                 require(listsFund(list, fund.substr(0, end), fund.substr(end)) == tests::slowListsFund(slow, fund),

@@ -1,4 +1,4 @@
-// Questions of the target "load" about products and funds.
+// Queries of the target "load" about products and funds.
 
 #include <algorithm>
 #include <cstddef>

@@ -1,5 +1,5 @@
-// `ttconfig check` of any bytes: findings come in file order, stand where they say, and are one line of UTF-8 each;
-// whatever the options, text, JSON and SARIF tell all of them and nothing else.
+// `ttconfig check` on arbitrary bytes: findings come in file order, their places lie in the file, and each is one line
+// of UTF-8. With any options, text, JSON and SARIF report all findings and nothing else.
 
 #include "ttconfig/findings/check.h"
 
@@ -36,7 +36,7 @@ constexpr const char* kMissing = "no such\x1b[1m\xFF file.ini";
 
 // --- findings
 
-// Whether the place is in a line of the text, or right behind it.
+// Whether the place is inside a line of the text or directly after its end.
 bool isIn(const Place& place, const std::vector<std::string>& lines) {
     return place.line >= 1 && place.line <= lines.size() && place.column >= 1 &&
            place.column <= lines[place.line - 1].size() + 1;
@@ -67,7 +67,7 @@ std::vector<Finding> findingsIn(const standin::SettingsText& text, const standin
     return findings;
 }
 
-// Of markets alone, data leaves less to say: it names some.
+// Counts all findings except those about unknown markets, which platform data can only reduce.
 std::size_t countBesideMarkets(const std::vector<Finding>& findings) {
     const auto isCounted = [](const Finding& finding) {
         return finding.rule != ttconfig::ruleOf(ttconfig::RuleId::UnknownMarket).name;
@@ -99,7 +99,7 @@ bool isOneOf(const std::vector<std::string>& names, std::string_view name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-// What is left of the findings, as the options have them.
+// The findings that remain under the given options.
 std::vector<Finding> chosen(const CommandLine& options, std::vector<Finding> findings) {
     const auto isOff = [&](const Finding& finding) { return isOneOf(options.disabledRules, finding.rule); };
     findings.erase(std::remove_if(findings.begin(), findings.end(), isOff), findings.end());
@@ -116,7 +116,7 @@ int exitCodeFor(const std::vector<CheckedFile>& files) {
                                                                                : ttconfig::kExitDone;
 }
 
-// Runs the command in one format and reads what it wrote.
+// Runs the command in one format and checks its output.
 void checkRun(const CommandLine& options, const std::vector<CheckedFile>& files) {
     const fuzz::CapturedErrors errors;
     int exitCode = -1;
@@ -138,7 +138,7 @@ void checkRun(const CommandLine& options, const std::vector<CheckedFile>& files)
         require(!fuzz::hasControls(message) && fuzz::isUtf8(message), "a message is a line of UTF-8", message);
 }
 
-// The file, under a name that may be odd, and beside it at times one that is not there, or itself once more.
+// The file, possibly under an odd name, and sometimes also a missing file or the same file again.
 std::vector<CheckedFile> someFiles(Dice& dice, std::string_view input, const fuzz::ScratchFolder& folder) {
     static const std::vector<std::string> kNames = {
         "settings.ini",        "a b#%25.ini",  "-\xE8\x82\xA1\xF0\x9F\x98\x80.ini",
@@ -152,7 +152,7 @@ std::vector<CheckedFile> someFiles(Dice& dice, std::string_view input, const fuz
     return {std::move(file)};
 }
 
-// What stops the command before it writes anything.
+// Errors that stop the command before it writes anything.
 void checkRefusals(const CommandLine& options) {
     const auto refused = [](const CommandLine& wrong, int exitCode) {
         const std::string written = fuzz::outputOf([&](ttconfig::Output& output) {
@@ -200,7 +200,7 @@ void fuzz::runInput(std::string_view input) {
         file.findings = chosen(options, all);
         file.lines = lines;
     }
-    // SARIF has all rules in it each time; its columns are others behind what is not ASCII.
+    // SARIF is slower to check, because it contains all rules; its columns differ after non-ASCII characters.
     std::vector<Format> formats = {Format::Text, Format::Json};
     const bool isAscii = std::all_of(input.begin(), input.end(), [](char c) { return c >= 0; });
     if (!isAscii || dice.oneIn(8)) formats.push_back(Format::Sarif);

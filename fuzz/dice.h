@@ -6,7 +6,7 @@
 
 namespace fuzz {
 
-// What an input chooses beside what it says: the same throws for the same bytes.
+// Pseudo-random choices derived from the input: the same bytes give the same throws.
 class Dice {
 public:
     explicit Dice(std::string_view input) {

@@ -1,6 +1,6 @@
-// `ttconfig explain` of any settings: for every question that can be explained the explanation's answer is the store's,
-// text and JSON tell it and each other's places, and an edit that is said to make an answer another one does so in a
-// store that loads the edited text. All seeds together have every such question answered by what a file says.
+// `ttconfig explain` on arbitrary settings. For every question that can be explained: the explanation's answer is the
+// store's; text and JSON show the same answer and the same places; and a proposed edit gives the wanted answer in a
+// store that loads the edited text. Together, the seeds answer every such question from a file.
 
 #include "ttconfig/explaining/explain.h"
 
@@ -41,16 +41,16 @@ using ttconfig::Reason;
 using ttservice::internal::StoreSlot;
 using Overrides = std::map<std::string, bool>;
 
-// How many questions of an input are asked why their answer is not another one, beside those that it holds.
+// How many questions per input are also asked with --why-not, besides those written in the input.
 constexpr std::size_t kWhyNots = 2;
 
-// The lines as people see them in an editor, which shows no byte order mark.
+// The lines as an editor shows them, without a byte order mark.
 std::vector<std::string> seenLines(std::string_view input) {
     if (input.substr(0, 3) == "\xEF\xBB\xBF") input.remove_prefix(3);
     return tests::slowLines(std::string(input));
 }
 
-// A settings file, what it is read as, and where it is.
+// A settings file: its path, its lines and its parsed text.
 struct Settings {
     const std::string path;
     const standin::SettingsText text;
@@ -58,7 +58,7 @@ struct Settings {
     Overrides overrides;
     const fuzz::ScratchFolder& folder;
 
-    // A new store that has loaded these bytes, or nothing, in place of the process's one.
+    // Replaces the process's store by a new one that has loaded these bytes.
     void load(std::string_view bytes) const {
         loadNothing();
         folder.writeAnew("bin/" + path, bytes);
@@ -68,13 +68,13 @@ struct Settings {
     static void loadNothing() { StoreSlot::exchange(StoreSlot::build()); }
 };
 
-// The reasons that each operation's answers had.
+// The reasons seen so far for each operation's answers.
 std::map<std::string, std::set<Reason>>& reasonsSeen() {
     static std::map<std::string, std::set<Reason>> seen;
     return seen;
 }
 
-// The store's answer to a session's first request.
+// The store's answer to the first request of a session.
 Answer asked(const ExplainQuestion& question) {
     ttconfig::CallState state;
     return ttconfig::callTable().answer(state, question.call, question.arguments);
@@ -94,7 +94,7 @@ Explanation checkedExplanation(const Explainer& explainer, const ExplainQuestion
 
 // --- edits
 
-// Both edits, and what somebody makes of them who carries them out by hand, lead to the wanted answer.
+// Both edits give the wanted answer, applied by the tool's code or by hand from what the output says.
 void checkEdits(const ExplainQuestion& question, const ttconfig::WhyNot& whyNot, const std::string& json,
                 const Settings& settings) {
     const ttconfig::Wanted wanted(*question.wanted);
@@ -125,7 +125,7 @@ ttconfig::CommandLine commandFor(const ttconfig::ShownExplanation& shown, const 
     return command;
 }
 
-// The command writes just that, in either format, or refuses what nobody could mean.
+// The command prints exactly the expected explanation in either format, or rejects invalid arguments.
 void checkCommand(const ttconfig::ShownExplanation& shown, const fuzz::ToldExplanation& printed, bool isJson,
                   const Settings& settings) {
     ttconfig::CommandLine command = commandFor(shown, settings);
@@ -171,7 +171,7 @@ public:
             answers.push_back(asked(question));
             explanations.push_back(checkedExplanation(explainer, question, answers.back(), settings));
         }
-        // Written anew, each costs as much as many answers.
+        // Writing one explanation costs as much as many answers, so check only every eighth.
         for (std::size_t i = dice.below(8); i < questions.size(); i += 8)
             tell(i, questions[i]);
         for (std::size_t i = 0; i < kWhyNots; ++i)
@@ -236,7 +236,7 @@ void fuzz::runInput(std::string_view input) {
     folder.remove("bin/" + settings.path);
 }
 
-// A new operation needs a seed, or a line in one, that has its answer from the file.
+// A new operation needs a seed, or a line in one, that answers it from the file.
 bool fuzz::seedsSuffice() {
     bool isEnough = true;
     for (const auto& row : ttconfig::callTable().rows()) {

@@ -1,5 +1,5 @@
-// What the target of `ttconfig explain` asks: for every call arguments that the input names, the questions that stand
-// in its comments, and answers that somebody might have expected.
+// What the target "explain" asks: every call with arguments taken from the input, the questions in the input's
+// comments, and answers that a user might have expected.
 
 #include "fuzz/explainquestions.h"
 
@@ -32,7 +32,7 @@ std::vector<std::string> wordsOf(std::string_view line) {
     return words;
 }
 
-// The question of such a line; none for one that the tool would refuse.
+// The question on such a line; none if the tool would reject it.
 std::optional<ExplainQuestion> questionOf(std::vector<std::string> words) {
     ExplainQuestion question;
     if (words.size() > 2 && words[words.size() - 2] == "--why-not") {
@@ -152,7 +152,7 @@ Answer QuestionMaker::changedMembers(const Answer& answer, std::size_t at) {
     return other;
 }
 
-// Without the item, with it twice, or with another one.
+// The list without the item, with the item twice, or with a different item in its place.
 Answer QuestionMaker::changedItems(const Answer& answer, std::size_t at) {
     const std::size_t way = dice.below(3);
     Answer other = Answer::array();

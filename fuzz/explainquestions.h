@@ -16,14 +16,14 @@ namespace fuzz {
 struct ExplainQuestion {
     std::string call;
     ttconfig::Arguments arguments;
-    std::optional<std::string> wanted;  // the answer that was expected, where the input says so
+    std::optional<std::string> wanted;  // the expected answer, if the input gives one
 
-    // The arguments as words of a command line.
+    // The arguments as they are written on a command line.
     std::vector<std::string> words() const;
     std::string shown() const;
 };
 
-// What an input asks beside what every input is asked. It stands in its comments, in lines such as
+// The questions that an input asks itself, in addition to those asked of every input. They are comment lines such as
 //   ;? getRenewalPts 12 --why-not 2
 //   ;? --override needmaxamount=true
 //   ;? --file another-name.ini
@@ -34,21 +34,21 @@ struct WrittenQuestions {
 };
 WrittenQuestions writtenQuestions(std::string_view input);
 
-// Makes questions out of what a text names; the same ones for the same text.
+// Makes questions from the names in a text; the same text always gives the same questions.
 class QuestionMaker {
 public:
     QuestionMaker(const standin::SettingsText& text, Dice& inputDice) : named(namedIn(text)), dice(inputDice) {}
 
     std::string word();
 
-    // Arguments that the overload takes; none where one of them is of a kind that settings do not name.
+    // Arguments for the overload; none if settings have no names for one of its parameters.
     std::optional<ttconfig::Arguments> argumentsFor(const ttconfig::Call& call);
 
-    // One for each overload of every operation that can be explained.
+    // One question for each overload of every operation that can be explained.
     std::vector<ExplainQuestion> forEveryCall();
 
-    // An answer to be asked for, in one of the ways in which it can be written: the answer that there is, with
-    // something changed, or one that has nothing to do with it.
+    // An answer to ask for with --why-not, in one of its possible spellings: the given answer with a change in it, or
+    // an unrelated one.
     std::string wantedBeside(const ttconfig::Answer& answer);
 
 private:

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-// The checks of the target "grammars". Each takes any text for a value of its grammar, has it read by the library and
-// by the slow oracles of tests/support, and ends the program where they differ.
+// The checks of the target "grammars". Each one treats any text as a value of its grammar, reads it with the library
+// and with the slow oracles of tests/support, and ends the program if they differ.
 
 namespace fuzz {
 

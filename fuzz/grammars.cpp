@@ -1,4 +1,4 @@
-// Each value grammar on any bytes, held against its slow oracle. One input is a value of all of them.
+// Every value grammar on arbitrary bytes, compared with its slow oracle. Each input is used as a value of all grammars.
 
 #include <set>
 #include <string>
@@ -15,8 +15,8 @@ namespace {
 using fuzz::require;
 using ttservice::internal::ValueGrammar;
 
-// What no reader takes apart: the reader of the settings file says where it begins and ends. The text stands behind a
-// key, so that its first line is a value, and what other lines it has are lines of the section.
+// Values that are used whole: only the reader of the settings file decides where they start and end. The text follows a
+// key, so its first line is a value and its other lines are lines of the section.
 void checkLines(const std::string& text) {
     const std::string bytes = "[section]\nkey=" + text;
     const standin::SettingsText read(bytes);
@@ -33,7 +33,7 @@ void checkLines(const std::string& text) {
     require(expected == slow.front().entries.end(), "there are no fewer keys", text);
 }
 
-// No default: a new grammar wants a check before this compiles.
+// No default: a new grammar does not compile without a check.
 void checkGrammar(ValueGrammar grammar, const std::string& text) {
     switch (grammar) {
         case ValueGrammar::Flag:
@@ -107,7 +107,7 @@ void fuzz::runInput(std::string_view input) {
     checkPlatformList(text);
     checkLimitKey(text);
     checkNumbers(text);
-    // Numbers are more often parts of a value than the whole of it.
+    // Numbers are more often parts of a value than whole values.
     for (const std::string& piece : tests::slowPieces(text, ',')) {
         checkNumbers(piece);
         checkInteger(piece);

@@ -1,4 +1,4 @@
-// Limit rows of the target "grammars": their keys, and every value of their values.
+// Limit rows of the target "grammars": their keys, and each field of their values.
 
 #include <cstddef>
 #include <optional>
@@ -21,7 +21,7 @@ using namespace ttservice::internal;
 
 namespace {
 
-// The fields by the library's shape of the row, as its readers convert them.
+// The fields converted by the library's row shape, as its readers do it.
 template <std::size_t Count>
 std::optional<tests::SlowRow> rowOf(const std::string& text, const LimitRowShape<Count>& shape) {
     LimitFields<LimitRowShape<Count>> fields;
@@ -44,7 +44,7 @@ std::optional<tests::SlowRow> rowOf(const std::string& text, const LimitRowShape
     return row;
 }
 
-// What there is to say about a row of as many fields as letters, field by field.
+// The fields that are not strict numbers but should be. Each letter gives the type of one field.
 std::vector<std::string> slowRemarks(const std::vector<std::string>& fields, const std::string& letters) {
     std::vector<std::string> loose;
     for (std::size_t i = 0; i < fields.size(); ++i) {

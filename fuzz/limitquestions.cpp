@@ -1,4 +1,4 @@
-// Questions of the target "load" about limits, rates and bonds.
+// Queries of the target "load" about limits, rates and bonds.
 
 #include <ttplatform/ratelimitrecords.h>
 
@@ -15,8 +15,8 @@ namespace fuzz {
 
 namespace {
 
-// One of every price that decides something, and one that does not. Prices count for options and the technology board;
-// of other instruments two are enough to tell if they do.
+// One price type for every rule, and one that no rule mentions. Price types matter for options and the technology
+// board; for other instruments, two are enough to see that they do not.
 std::vector<int> pricesFor(const std::string& market, const std::string& code) {
     if (market == "SHO" || market == "SZO" || code.substr(0, 3) == "688") return {-1, 50, 117, 85, 90};
     return {-1, 50};
@@ -59,7 +59,7 @@ void HandedOut::check(const boost::shared_ptr<Record>& record, const SlowRates& 
 }
 
 void askLimits(const Asked& asked) {
-    // Rows that a question leaves behind answer later ones of the same category.
+    // A query may insert a default row, which answers later queries of the same category.
     for (const auto& [market, code] : asked.named.instruments) {
         askOrderLimits(asked, market, code);
         askRates(asked, market, code);

@@ -1,4 +1,4 @@
-// Splitting, and lists by platform, of the target "grammars".
+// Splitting and per-platform lists of the target "grammars".
 
 #include <array>
 #include <cstddef>

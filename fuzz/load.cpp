@@ -1,6 +1,6 @@
-// readConfig() of any bytes, then every query of the store, whose answers are held against those of a slow store. An
-// input is one settings file, or two with the line "%%" between them: the second load goes over the first. At last
-// comes a load of nothing.
+// readConfig() on arbitrary bytes, then every query of the store; each answer is compared with that of a slow store. An
+// input is one settings file, or two separated by the line "%%": the second is loaded over the first. The last load is
+// an empty file.
 
 #include <standin/platformdatafile.h>
 
@@ -29,7 +29,7 @@ std::vector<std::string_view> filesOf(std::string_view input) {
     return {input.substr(0, end + 1), input.substr(end + kNextFile.size())};
 }
 
-// What the input names, and one instrument of every category of the sample platform.
+// The names in the input, and one instrument of every category of the sample platform.
 fuzz::Named namesOf(std::string_view input) {
     fuzz::Named named = fuzz::namedIn(standin::SettingsText(std::string(input)));
     for (const char* code : {"688001", "689001", "511801", "510050", "501001", "508001", "155001", "110801", "204001",
@@ -68,7 +68,7 @@ void checkOverrides(ConfigCollector& store) {
     store.setUseLocalConfig({});
 }
 
-// What nothing but the defaults makes, said once more without the slow store.
+// Some defaults, checked again without the slow store.
 void checkDefaults(ConfigCollector& store) {
     require(store.getFlowHistoryDays() == -1 && store.getRefLimit() == 0, "missing values are the defaults");
     require(store.getCounterMaxCompactsRespNum(12) == 500, "values by platform are emptied");

@@ -1,4 +1,4 @@
-// Questions of the target "load" about switches, single values and values by platform.
+// Queries of the target "load" about switches, single values and values by platform.
 
 #include "fuzz/loadquestions.h"
 

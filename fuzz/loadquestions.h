@@ -11,8 +11,8 @@
 
 namespace fuzz {
 
-// The rate records that were handed out: one object for each row of the slow store, and no object for two of them. All
-// are kept, so that none can come back as another one.
+// Checks the identity of the returned rate records: each row of the slow store has one object, and no two rows share
+// one. Keeps all records, so that no address is reused.
 class HandedOut {
 public:
     template <typename Record>
@@ -23,7 +23,7 @@ private:
     std::map<const void*, int> rowOf;
 };
 
-// A store and what it has to answer from, after the same loads and the same questions.
+// A store and its slow counterpart, after the same loads and the same queries.
 struct Asked {
     ttservice::ConfigCollector& store;
     SlowStore& slow;
@@ -31,8 +31,8 @@ struct Asked {
     HandedOut& handedOut;
 };
 
-// Each puts a topic's questions, about what is named and about what is not, and ends the program where an answer is not
-// that of the slow store.
+// Each function makes the queries of one topic, with names from the input and with others, and ends the program if an
+// answer differs from the slow store's.
 
 // --- loadquestions.cpp
 void askSwitches(const Asked& asked);
@@ -49,10 +49,10 @@ void askContracts(const Asked& asked);
 void askProducts(const Asked& asked);
 void askFunds(const Asked& asked);
 
-// All of these.
+// Calls all functions above.
 void askEverything(const Asked& asked);
 
-// --- unitquestions.cpp, which the settings have little to say about
+// --- unitquestions.cpp: trade units, which depend on settings only a little
 void askUnits(const Asked& asked);
 
 }  // namespace fuzz

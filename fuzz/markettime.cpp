@@ -1,5 +1,5 @@
-// Market times of any bytes: as texts handed to the store, and as answers of a script. The first line of an input is
-// the script's market list, the rest the session text of every market.
+// Market times from arbitrary bytes: as texts passed to the store, and as answers of a script. The first line of an
+// input is the script's market list, the rest is the session text of every market.
 
 #include <algorithm>
 #include <cctype>
@@ -24,7 +24,7 @@ using fuzz::require;
 using Json = nlohmann::json;
 using Sessions = std::vector<std::pair<int, int>>;
 
-// Answers with what the files hold, whatever that is.
+// Returns the content of the files, whatever it is.
 constexpr const char* kScript = R"(
 local function whole(name)
     local file = io.open(name, "rb")
@@ -36,7 +36,7 @@ function getMarkets() return whole("../list") end
 function getMarketTradeDuration() return whole("../sessions") end
 )";
 
-// The second of the day of a clock time such as 93000; none for what no clock shows, or is not written plainly.
+// The second of the day of a clock time such as 93000; none if it is not a valid time or not written plainly.
 std::optional<int> clockTime(const std::string& name) {
     const bool isPlain = !name.empty() && name.size() <= 6 &&
                          std::all_of(name.begin(), name.end(), [](unsigned char c) { return std::isdigit(c) != 0; });
@@ -45,8 +45,8 @@ std::optional<int> clockTime(const std::string& name) {
     return time < 240000 && time / 100 % 100 < 60 && time % 100 < 60 ? std::optional<int>(time) : std::nullopt;
 }
 
-// The status at each clock time of a plain session text: strict JSON, clock times and whole numbers alone. None for any
-// other text.
+// The status at each clock time of a plain session text: strict JSON with nothing but clock times and whole numbers.
+// None for any other text.
 std::optional<std::map<int, int>> plainStatus(std::string_view text) {
     std::map<int, int> statusAt;
     std::optional<int> time;
@@ -71,7 +71,7 @@ std::optional<std::map<int, int>> plainStatus(std::string_view text) {
 void checkSessions(const Sessions& sessions, std::string_view text) {
     for (const auto& [start, end] : sessions) {
         require(start >= 0, "a session does not start before midnight", text);
-        // Clock times are ints: their hours are at most 214748.
+        // A clock time is an int of the form HHMMSS, so its hours are at most 214748.
         require(start < 214749 * 3600 && end < 214749 * 3600, "times are those of the clock", text);
     }
     if (const auto statusAt = plainStatus(text)) {
@@ -98,7 +98,7 @@ void fuzz::runInput(std::string_view input) {
     checkSessions(sessions, text);
     require(store->getTradingTime("N") == Sessions{{34200, 86400}}, "a market does not spoil another");
 
-    // Without markets the script changes nothing, and those that it names have its one text.
+    // A script without markets changes nothing; otherwise all its markets have the one session text.
     folder.write("list", list);
     folder.write("sessions", text);
     store->initMarketTradingTime(script);

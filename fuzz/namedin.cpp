@@ -1,4 +1,4 @@
-// The names in a settings text, for the targets that ask about them.
+// The names in a settings text, for the targets that query them.
 
 #include "fuzz/namedin.h"
 

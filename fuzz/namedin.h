@@ -8,7 +8,7 @@
 
 namespace fuzz {
 
-// What a settings text names, a bounded part of it, and a few things that it need not name: good to ask about.
+// Names to query: those in a settings text, up to a limit, and a few fixed ones.
 struct Named {
     std::vector<std::string> words{"", "STOCK", "600000"};
     std::vector<int> platforms{0, 12, -5};

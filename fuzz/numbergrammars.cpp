@@ -1,5 +1,4 @@
-// Numbers of the target "grammars": those of the readers, strict and loose, and those of the settings file's own
-// reader.
+// Numbers of the target "grammars": the strict and loose numbers of the library, and those of the settings file reader.
 
 #include <algorithm>
 #include <cstddef>
@@ -23,7 +22,7 @@ void requireLeadingInt(const std::string& text) {
     const LeadingInt taken = leadingInt(text);
     require(taken.used <= text.size(), "the number at the front is of the text", text);
     if (taken.used == 0) {
-        // A first digit, behind a sign or not, would begin a number, if one that 32 bits may not hold.
+        // Digits at the front, with or without a sign, are allowed only if their number does not fit in 32 bits.
         const bool hasSign = !text.empty() && (text[0] == '+' || text[0] == '-');
         const std::size_t end = std::min(text.find_first_not_of("0123456789", hasSign ? 1 : 0), text.size());
         require(!tests::slowStrictNumber<int>(text.substr(0, end)), "there is no number at the front", text);

@@ -1,5 +1,5 @@
-// The platform data file of any bytes: what is refused is refused whole, in one readable line; what is taken answers
-// every question about what the JSON library finds in it.
+// The platform data file on arbitrary bytes. A rejected file changes nothing and gives a one-line message; an accepted
+// file answers every query with what the JSON library finds in it.
 
 #include <standin/platformdatafile.h>
 
@@ -21,7 +21,7 @@ void checkMessage(const std::string& message) {
     require(!fuzz::hasControls(message), "a refusal is one line of text", message);
 }
 
-// A code that the pattern stands for.
+// A code that matches the pattern.
 std::string codeOf(const std::string& pattern) {
     const bool isPrefix = !pattern.empty() && pattern.back() == '*';
     return isPrefix ? pattern.substr(0, pattern.size() - 1) + "7" : pattern;
@@ -39,7 +39,7 @@ void checkSets(const Json& data, const char* member, const Holds& holds) {
     }
 }
 
-// The number that a member's name is in its plain form; none for "007", which may mean the same as another name.
+// The number that a member's name spells in plain form; none for "007", which may equal another name's number.
 std::optional<int> plainNumber(const std::string& name) {
     int number = 0;
     std::from_chars(name.data(), name.data() + name.size(), number);

@@ -16,7 +16,7 @@ inline bool isSameContract(const ttservice::ContractInfo& record, const tests::S
            record.intValue == slow.integer && record.longValue == slow.wide && isSame(record.doubleValue, slow.decimal);
 }
 
-// The members of a record in the order in which a row fills them.
+// The members of a record in the order of the row's fields.
 
 inline std::vector<double> numbersOf(const ttservice::SHFixIncomeLimit& limit) {
     return {limit.doubleValue,
@@ -33,7 +33,7 @@ inline std::vector<double> numbersOf(const CStkExchangeRateLimit& rates) {
         rates.rate1, rates.rate2, rates.rate3, rates.rate4, rates.rate5, rates.rate6, static_cast<double>(rates.count)};
 }
 
-// A record of one of the connects.
+// A record of the Shanghai or Shenzhen connect.
 template <typename ConnectRecord>
 std::vector<double> numbersOf(const ConnectRecord& rates) {
     return {rates.rate1, rates.rate2, rates.rate3,  rates.rate4,  rates.rate5,  rates.rate6,  rates.rate7,

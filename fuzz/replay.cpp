@@ -1,11 +1,11 @@
-// The plain main of a fuzz target: replays a corpus and mutations of it, the same ones every time.
+// The main() of a fuzz target without libFuzzer: replays a corpus and mutations of it, the same ones every time.
 //
 //   fuzz_NAME_replay MAX_LEN CORPUS...
 //
-// A corpus is a folder, a file, or those files of a folder that have an ending: FOLDER/*.ENDING. A target can say of
-// what its seeds must be enough; it is asked between seeds and mutations.
+// A corpus is a folder, a file, or the files of a folder with a given extension: FOLDER/*.ENDING. After the seeds and
+// before the mutations, a target may check whether its seeds cover enough (seedsSuffice()).
 //
-// Prints nothing when all is well. When an input ends the program, it is left in the current folder.
+// Prints nothing on success. If an input ends the program, it is saved in the current folder.
 
 #include <algorithm>
 #include <csignal>
@@ -25,12 +25,12 @@
 #include "tests/support/sanitizers.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-// Only where a sanitizer is linked.
+// Defined only if a sanitizer is linked.
 extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
 
 namespace fuzz {
 
-// Only where the target has it: whether the seeds replayed so far are enough; says what they lack.
+// Defined only by some targets: whether the seeds replayed so far cover enough; prints what is missing.
 __attribute__((weak)) bool seedsSuffice();
 
 }  // namespace fuzz
@@ -42,11 +42,11 @@ constexpr int kMutations = 400;
 struct Current {
     std::string name;
     std::string bytes;
-    // Targets change the current folder.
+    // Resolved now, because targets change the current folder.
     const std::string keptAs = (std::filesystem::current_path() / "failed-fuzz-input").string();
 };
 
-// What is being replayed; it outlives everything, as the program may end at any time.
+// What is being replayed. Never destroyed, because the program may end at any time.
 Current& current() {
     static Current* const input = new Current;
     return *input;
@@ -76,8 +76,8 @@ void catchEnds() {
 
 void runInput(const std::uint8_t* data, std::size_t size) {
 #if TT_THREAD_SANITIZER
-    // Exceptions leave calls behind in this sanitizer's record of a thread's calls, and it keeps that record with every
-    // piece of memory: in one thread for all inputs it would grow until there is no memory.
+    // The thread sanitizer does not drop the frames that an exception unwinds from its call stack, and it stores that
+    // stack with every allocation. In a single thread the stack would grow until memory runs out.
     std::thread([data, size] { LLVMFuzzerTestOneInput(data, size); }).join();
 #else
     LLVMFuzzerTestOneInput(data, size);
@@ -87,13 +87,13 @@ void runInput(const std::uint8_t* data, std::size_t size) {
 void replay(const std::string& name, const std::string& bytes) {
     current().name = name;
     current().bytes = bytes;
-    // A piece of memory of exactly that size, so that a sanitizer sees every step beyond it.
+    // Allocate exactly the input's size, so that a sanitizer sees every access beyond it.
     const std::unique_ptr<std::uint8_t[]> copy(new std::uint8_t[bytes.size()]);
     std::copy(bytes.begin(), bytes.end(), copy.get());
     runInput(copy.get(), bytes.size());
 }
 
-// With paths that stay good when a target changes the current folder.
+// Returns absolute paths, because targets change the current folder.
 std::vector<std::filesystem::path> filesOf(const std::string& named) {
     const std::filesystem::path corpus = std::filesystem::absolute(named);
     const bool hasPattern = corpus.stem() == "*";

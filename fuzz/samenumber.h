@@ -6,7 +6,7 @@
 
 namespace fuzz {
 
-// Whether two numbers are the same, what is no number and the sign of 0 included.
+// Whether two numbers are the same; NaN equals NaN, and 0 does not equal -0.
 inline bool isSame(double left, double right) {
     if (std::isnan(left) || std::isnan(right)) return std::isnan(left) && std::isnan(right);
     return left == right && std::signbit(left) == std::signbit(right);

@@ -8,8 +8,8 @@
 
 namespace fuzz {
 
-// A client's folder of the target's own, entered for as long as the program runs: no script, no file that was not
-// written by the target.
+// A scratch folder that stands for the client's folder; the current folder for the rest of the program. It holds only
+// what the target writes: no script, no other file.
 class ScratchFolder {
 public:
     ScratchFolder() {
@@ -23,16 +23,16 @@ public:
         std::filesystem::current_path(before, ignored);
     }
 
-    // Writes a file, seen from the client's own folder, and answers its path.
+    // Writes a file, named relative to the client's folder, and returns its path.
     std::string write(const std::string& name, std::string_view bytes) const { return folder.write(name, bytes); }
-    // The same in place of one that may be there: writing over it would wait for the disk.
+    // The same, but removes an existing file first: overwriting it would wait for the disk.
     std::string writeAnew(const std::string& name, std::string_view bytes) const {
         remove(name);
         return folder.write(name, bytes);
     }
     void remove(const std::string& name) const { std::filesystem::remove(folder.path(name)); }
 
-    // Copies a file into a folder of it, or what is in a folder.
+    // Copies a file, or the content of a folder, into a folder below this one.
     void copy(const std::string& from, const std::string& to) const {
         std::filesystem::create_directories(folder.path(to));
         std::filesystem::copy(from, folder.path(to), std::filesystem::copy_options::recursive);

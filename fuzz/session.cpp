@@ -1,5 +1,5 @@
-// The session protocol: lines of any bytes, each answered by one line of well-formed JSON, as the protocol says it,
-// with the request's own id.
+// The session protocol on arbitrary lines: each is answered by one line of well-formed JSON that follows the protocol
+// and carries the request's id.
 
 #include "ttconfig/asking/session.h"
 
@@ -18,7 +18,7 @@ namespace {
 using fuzz::require;
 using Json = nlohmann::json;
 
-// A client's folder, entered once: the samples, and the files that the golden sessions ask for.
+// Creates and enters a client's folder, once, with the samples and the files that the golden sessions use.
 void enterFolder() {
     static const fuzz::ScratchFolder folder;
     static const bool isFilled = [] {
@@ -34,7 +34,7 @@ void enterFolder() {
     require(isFilled, "the sample platform loads");
 }
 
-// Where a text that is no JSON stops being it because of a number that no double can hold.
+// Finds the place where the parser rejects a text because a number is too large for a double.
 struct WideNumber : nlohmann::json_sax<Json> {
     std::size_t end = 0;
     std::string digits;
@@ -61,9 +61,9 @@ struct WideNumber : nlohmann::json_sax<Json> {
     }
 };
 
-// The request that a line is, with null for each number that no double can hold; discarded where the line is no JSON.
+// Parses a request line, with null for each number too large for a double; discarded if the line is not JSON.
 Json readRequest(std::string_view line) {
-    // The JSON library takes a NUL for the end of the text; the session does not.
+    // The JSON library treats a NUL as the end of the text; the session does not.
     if (line.find('\0') != std::string_view::npos) return Json(Json::value_t::discarded);
     std::string text(line);
     for (;;) {

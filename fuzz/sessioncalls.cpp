@@ -1,4 +1,4 @@
-// The calls of the targets that ask through the tool's call table.
+// The calls available to the targets that use the tool's call table.
 
 #include "fuzz/sessioncalls.h"
 
@@ -27,9 +27,9 @@ bool takesPath(const std::string& name) {
     return kNames.count(name) > 0 || name.rfind("AlgorithmParamConfig.read", 0) == 0;
 }
 
-// Whether a path, seen from the client's own folder, stays in the folder around it. There are no links in there.
+// Whether a path, relative to the client's folder, stays inside that folder's parent, which contains no links.
 bool staysInside(const std::string& text) {
-    // No file system looks behind a NUL.
+    // File systems ignore everything after a NUL.
     const std::filesystem::path path = (std::filesystem::path("bin") / text.c_str()).lexically_normal();
     return path.is_relative() && *path.begin() != "..";
 }
@@ -39,8 +39,8 @@ bool isOwnFunction(const std::string& function) {
     return kNames.count(function) == 0;
 }
 
-// The interpreters of a session that were given a script. A second one would give the first up, unclosed: that is how
-// the library has it, and nothing to find here.
+// The interpreters of a session that have loaded a script. A second init() would leak the first interpreter; that is
+// known behaviour of the library, so the target avoids it.
 struct Initialised {
     std::set<int> handles;
 };
@@ -59,7 +59,7 @@ void refuseOutside(const std::string& name, const Arguments& arguments) {
     }
 }
 
-// Whether each row of the table was carried out, by its name and what it takes.
+// Whether each row of the table was executed, by name and parameter types.
 std::map<std::string, bool>& carriedOut() {
     static std::map<std::string, bool> rows;
     return rows;

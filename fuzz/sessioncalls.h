@@ -7,14 +7,14 @@
 
 namespace fuzz {
 
-// The tool's call table, but for calls that would lead out of the target's own folder: a path out of it is refused, and
-// so are the interpreter's own functions that read files or print, and a second script for an interpreter.
+// The tool's call table, restricted to the target's own folder. It refuses paths out of the folder, the interpreter's
+// built-in functions that read files or print, and a second script for an interpreter.
 const ttconfig::CallTable& sessionCalls();
 
-// The operations that no call has carried out so far, each overload by itself: "getPts(text)".
+// The operations that no call has executed so far, one entry per overload: "getPts(text)".
 std::vector<std::string> neverCarriedOut();
 
-// A new store without any settings in place of the process's one, and an empty algorithm catalogue.
+// Replaces the process's store by a new one without settings, and empties the algorithm catalogue.
 void startAnew();
 
 }  // namespace fuzz

@@ -1,6 +1,5 @@
-// Whether the session's seeds and its dictionary keep up with the tool's call table: every operation is carried out by
-// the seeds, each overload by itself, and the dictionary has a whole request for every operation, or its name in
-// quotes.
+// Checks that the session's seeds and dictionary keep up with the tool's call table: the seeds execute every overload
+// of every operation, and the dictionary has a whole request for every operation, or its name in quotes.
 
 #include <algorithm>
 #include <cstdio>
@@ -19,14 +18,14 @@ namespace {
 
 using Json = nlohmann::json;
 
-// libFuzzer passes over longer words in silence.
+// libFuzzer silently ignores longer words.
 constexpr std::size_t kLongestWord = 64;
 
 bool isPrintable(const std::string& text) {
     return std::all_of(text.begin(), text.end(), [](char byte) { return byte >= ' ' && byte <= '~'; });
 }
 
-// The byte that an escape stands for; moves the place to its last character. libFuzzer knows \\, \" and \xNN.
+// The byte of an escape sequence; moves the place to its last character. libFuzzer knows \\, \" and \xNN.
 std::optional<char> escapedAt(const std::string& line, std::size_t& place) {
     const std::string digits = line.substr(place + 2, 2);
     switch (line[++place]) {
@@ -43,7 +42,7 @@ std::optional<char> escapedAt(const std::string& line, std::size_t& place) {
     }
 }
 
-// The word of a line of the dictionary; nothing for a line that libFuzzer would end at.
+// The word on a dictionary line; none for a line at which libFuzzer would exit.
 std::optional<std::string> wordOf(const std::string& line) {
     if (line.size() < 3 || line.front() != '"' || line.back() != '"' || !isPrintable(line)) return std::nullopt;
     std::string word;
@@ -55,7 +54,7 @@ std::optional<std::string> wordOf(const std::string& line) {
     return word;
 }
 
-// What is wrong with a line of the dictionary; notes the operation whose name or request it is.
+// What is wrong with a dictionary line, if anything. Adds the operation that the line names or calls to names.
 std::string objection(const std::string& line, std::set<std::string>& names) {
     if (line.empty() || line.front() == '#') return {};
     const std::optional<std::string> word = wordOf(line);
@@ -75,7 +74,7 @@ std::string objection(const std::string& line, std::set<std::string>& names) {
     return {};
 }
 
-// Says each thing that is wrong with the dictionary and each operation that it lacks.
+// Prints everything that is wrong with the dictionary and every operation that it lacks.
 bool isDictionaryComplete() {
     std::ifstream file(TT_SOURCE_DIR "/fuzz/session.dict");
     std::set<std::string> names;

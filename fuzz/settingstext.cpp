@@ -1,5 +1,5 @@
-// The settings reader on any bytes: every view lies in the buffer and stands where it says, no line is lost, and the
-// answers are those of the rules read slowly.
+// The settings reader on arbitrary bytes: every view lies in the buffer at its stated place, no line is lost, and the
+// result matches a slow reader's.
 
 #include "standin/settingstext.h"
 
@@ -20,7 +20,7 @@ using standin::SettingsHeader;
 using standin::SettingsSection;
 using standin::SettingsText;
 
-// Where each line of the text starts, from line 1 on.
+// Where each line of the text starts; line 1 is the first.
 std::vector<const char*> lineStarts(std::string_view bytes) {
     std::vector<const char*> starts{nullptr, bytes.data()};
     for (const char& character : bytes) {
@@ -71,7 +71,7 @@ void checkRepeats(const SettingsText& text, const SettingsSection& section) {
     }
 }
 
-// How many lines are neither blank nor comments.
+// The number of lines that are neither blank nor comments.
 std::size_t tellingLines(std::string_view bytes) {
     std::size_t count = 0;
     while (!bytes.empty()) {
@@ -124,7 +124,7 @@ void fuzz::runInput(std::string_view input) {
     checkLines(text, Places(text.bytes()));
     require(asRead(text) == tests::slowlyRead(std::string(input)), "the rules read slowly say the same");
 
-    // A move leaves the views good.
+    // A move keeps the views valid.
     const SettingsText moved(std::move(text));
     checkLines(moved, Places(moved.bytes()));
     require(moved.hasByteOrderMark() == (input.substr(0, 3) == "\xEF\xBB\xBF"), "the byte order mark is told");

@@ -1,4 +1,4 @@
-// The bytes of texts that are shown, for the targets that read what the tool writes.
+// The bytes of displayed texts, for the targets that parse the tool's output.
 
 #include "fuzz/shownbytes.h"
 

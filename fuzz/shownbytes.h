@@ -7,26 +7,26 @@
 
 namespace fuzz {
 
-// The bytes of texts that are shown, worked out slowly and apart from the tool.
+// The bytes of displayed texts, computed slowly and independently of the tool.
 
-// How many bytes the character that the text begins with has; 0 where no UTF-8 begins it.
+// The length in bytes of the first character of the text; 0 if the text does not start with valid UTF-8.
 std::size_t characterLength(std::string_view text);
 
 bool isUtf8(std::string_view text);
 
-// The column in UTF-16 code units, from 1, behind so many bytes of the line; a byte that is not UTF-8 counts as one.
+// The column, in UTF-16 code units from 1, after the given number of bytes; a byte that is not UTF-8 counts as one.
 std::size_t utf16Column(std::string_view line, std::size_t bytesBefore);
 
-// The text with U+FFFD for what is not UTF-8, as the JSON library replaces it.
+// The text with invalid UTF-8 replaced by U+FFFD, as the JSON library does it.
 std::string replacedText(const std::string& text);
 
-// The same with a "?" for each control character but the tab.
+// The same, with a "?" for each control character except the tab.
 std::string plainText(const std::string& text);
 
-// The lines in front of each LF; what stands behind the last one has to be nothing.
+// The lines, each of which must end with LF; no text may follow the last one.
 std::vector<std::string> endedLines(std::string_view text);
 
-// The text without what switches colours on and off.
+// The text without colour escape sequences.
 std::string withoutColours(std::string_view text);
 
 }  // namespace fuzz

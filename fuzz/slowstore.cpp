@@ -1,4 +1,4 @@
-// The slow store of the target "load": what loads make of its tables.
+// The slow store of the target "load": how loads fill its tables.
 
 #include "fuzz/slowstore.h"
 
@@ -28,7 +28,7 @@ std::vector<Place> placesOf(const std::string& key) {
     return places;
 }
 
-// Rows of one number each, found as written and in upper case; of two that come to the same the first counts.
+// Enters a row of one number under the key as written and in upper case; an existing row wins.
 void enterNumber(const std::string& key, double number, std::map<std::string, double>& table) {
     table.insert({key, number});
     table.insert({tests::slowUpperCase(key), number});
@@ -177,7 +177,7 @@ SlowVolume SlowStore::orderLimit(const std::string& market, const std::string& c
     const Place own(tests::slowUpperCase(market), tests::slowUpperCase(code));
     if (orderLimits.count(own) > 0) return orderLimits[own];
     const Place category(own.first, tests::slowOrderLimitCategory(own.first, own.second, priceType));
-    // The category has a row from then on.
+    // From now on, the category has a row.
     return orderLimits.insert({category, {kWithoutRow, kShareWord}}).first->second;
 }
 

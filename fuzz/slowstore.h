@@ -16,7 +16,7 @@ namespace fuzz {
 // A limit and its unit word.
 using SlowVolume = std::pair<int, std::string>;
 
-// The numbers of a rate record. Records with the same row are one object to who asks for them.
+// The numbers of a rate record. Instruments with the same row share one record object.
 struct SlowRates {
     int row = 0;
     std::vector<double> numbers;
@@ -25,16 +25,16 @@ struct SlowRates {
 template <typename Value>
 using SlowMarketItems = std::map<std::pair<std::string, std::string>, Value>;
 
-// What a store holds after one load and after several, slow and in plain words. Some tables are replaced by a load,
-// some are added to, and some keep what a text does not say anew.
+// A slow, obvious model of the store after one or more loads. A load replaces some tables, adds to others, and leaves
+// alone what a new file does not mention in the rest.
 class SlowStore {
 public:
     void load(const std::string& bytes);
 
-    // What the last text says; empty without the key.
+    // The value in the last text; empty if the key is missing.
     std::string value(const ttservice::internal::SettingKey& key) const;
 
-    // Answers that may leave a row behind, as the store's do.
+    // Queries that may insert a row, as the store's do.
     SlowVolume orderLimit(const std::string& market, const std::string& code, int priceType);
     SlowRates stockRates(const std::string& market, const std::string& code);
     SlowRates shanghaiConnectRates(const std::string& market, const std::string& code);
@@ -45,7 +45,7 @@ public:
     bool usesSloBalanceFirst(int platform, const std::string& market, const std::string& code) const;
     std::string singleMarginProduct(const std::string& product) const;
 
-    // Merged: keys and rows that a text does not have stay from the loads before.
+    // Merged: keys and rows that the new text lacks stay from earlier loads.
     std::map<std::string, std::vector<int>> switches;
     std::map<int, std::vector<double>> fixedIncome;  // by bond trade type
     tests::SlowMarketCodes fixedPriceFunds;
@@ -53,7 +53,7 @@ public:
     tests::SlowContracts contracts;
     tests::SlowTag etfClient;
 
-    // Replaced, but for a default that a text does not give.
+    // Replaced, except for a default that the new text does not give.
     tests::SlowPerPlatform<bool> t0ForReturnStock{};
     tests::SlowPerPlatform<bool> spxCredit{};
     tests::SlowPerPlatform<bool> mainAccount{};
@@ -97,7 +97,7 @@ private:
     RateTable shanghaiTable;
     RateTable shenzhenTable;
     std::map<int, std::vector<std::string>> sloBalanceFirst;
-    int rows = 0;  // of rates, made so far
+    int rows = 0;  // number of rate rows created so far
 };
 
 }  // namespace fuzz

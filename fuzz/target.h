@@ -10,15 +10,15 @@
 #include <string>
 #include <string_view>
 
-// What the fuzz targets share. A target defines runInput(); libFuzzer or replay.cpp calls it.
+// Shared by all fuzz targets. A target defines runInput(), which libFuzzer or replay.cpp calls.
 
 namespace fuzz {
 
-// Runs one input; whatever does not hold ends the program.
+// Runs one input; a failed check ends the program.
 void runInput(std::string_view input);
 
-// A target may define it: whether the seeds that were run before are enough. Says on the standard error stream what
-// they lack. Asked by replay.cpp.
+// Optional: whether the seeds that have run so far cover enough. Prints what is missing to standard error. Called by
+// replay.cpp.
 bool seedsSuffice();
 
 // Ends the program with one line unless the condition holds.
@@ -29,8 +29,8 @@ inline void require(bool holds, const char* rule, std::string_view about = {}) {
     std::abort();
 }
 
-// Keeps the library's own lines off the standard error stream as long as it lives. The sanitizers and libFuzzer do not
-// write through this stream.
+// While it exists, discards what the library writes to std::cerr. The sanitizers and libFuzzer do not write through
+// this stream.
 class SilentErrors {
 public:
     SilentErrors() : before(std::cerr.rdbuf(&nowhere)) {}
@@ -48,7 +48,7 @@ private:
     std::streambuf* before;
 };
 
-// Keeps what is written to the standard error stream as long as it lives.
+// While it exists, captures what is written to std::cerr.
 class CapturedErrors {
 public:
     CapturedErrors() : screen(std::cerr.rdbuf(kept.rdbuf())) {}
@@ -63,12 +63,12 @@ private:
     std::streambuf* screen;
 };
 
-// Whether a view lies within another one.
+// Whether one view lies within another.
 inline bool isWithin(std::string_view part, std::string_view whole) {
     return part.data() >= whole.data() && part.data() + part.size() <= whole.data() + whole.size();
 }
 
-// The text with every byte beyond ASCII replaced: the structure of a JSON text is the same, and it is valid UTF-8.
+// Replaces every non-ASCII byte: the result is valid UTF-8, and a JSON text keeps its structure.
 inline std::string withPlainBytes(std::string text) {
     for (char& character : text) {
         if (static_cast<unsigned char>(character) >= 0x80) character = '?';
@@ -76,7 +76,7 @@ inline std::string withPlainBytes(std::string text) {
     return text;
 }
 
-// Whether the text has a character that a terminal would obey: a control character of ASCII, or one of U+0080 to
+// Whether the text contains a character that a terminal would obey: an ASCII control character, or one from U+0080 to
 // U+009F.
 inline bool hasControls(std::string_view text) {
     unsigned char before = 0;
@@ -90,7 +90,7 @@ inline bool hasControls(std::string_view text) {
 
 }  // namespace fuzz
 
-// The door that libFuzzer and replay.cpp know. Each target has it by this line at its end.
+// Defines the entry point that libFuzzer and replay.cpp call. Each target ends with this line.
 #define TT_FUZZ_TARGET                                                                                                \
     extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);                                \
     extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {                               \

@@ -1,4 +1,4 @@
-// What `ttconfig explain` writes, read back: as text and as JSON.
+// Reads back the output of `ttconfig explain`, text and JSON.
 
 #include "fuzz/toldexplanation.h"
 
@@ -20,7 +20,7 @@ using ttconfig::ShownExplanation;
 
 constexpr std::size_t kShownLine = 160;
 constexpr std::size_t kMostCandidates = 20;
-// Lines of edits are shown in full as long as they are no longer.
+// Edited lines up to this length are shown in full.
 constexpr std::size_t kShownEdit = 4000;
 
 void checkPlace(const std::optional<Place>& place, const std::vector<std::string>& lines) {
@@ -36,7 +36,7 @@ const std::string& textOf(const Json& object, const char* member) {
 
 // --- JSON
 
-// The line without its end: a CR in front of an LF.
+// The line without the CR of a CR LF line end.
 std::string withoutEnd(const std::vector<std::string>& lines, std::size_t number) {
     std::string line = lines[number - 1];
     if (number < lines.size() && !line.empty() && line.back() == '\r') line.pop_back();
@@ -78,7 +78,7 @@ void checkJson(const Json& told, const ShownExplanation& shown, const ttconfig::
     require(told.contains("whyNot") == shown.whyNot.has_value(), "JSON has the edit that was asked for");
 }
 
-// --- text, as it follows from the JSON
+// --- text, derived from the JSON
 
 std::string placeLine(const ShownExplanation& shown, const Json& place, const char* indent) {
     return indent + ttconfig::visibleText(shown.file) + ":" + place.at("line").dump() + ":" +
@@ -152,7 +152,7 @@ void checkText(const std::string& text, const std::vector<std::string>& wanted) 
 
 // --- edits
 
-// Whether a line is written in JSON as it is.
+// Whether JSON output shows a line unchanged.
 bool isWrittenWhole(const std::string& line) {
     return line.size() <= kShownEdit && isUtf8(line) && line.find('\r') == std::string::npos;
 }
@@ -194,7 +194,7 @@ std::vector<std::string> editedByHand(const std::string& json, const std::vector
     for (const char* which : {"edit", "narrowerEdit"}) {
         const Json& edit = told.at("whyNot").at(which);
         if (edit.is_null()) continue;
-        // A last line that has no end is followed by what is added all the same.
+        // A line is added after the last one even if that one has no line end.
         std::vector<std::string> edited = lines;
         if (edited.back().empty()) edited.pop_back();
         const auto first = edit.at("line").get<std::size_t>() - 1;

@@ -1,4 +1,4 @@
-// What `ttconfig check` writes, read back: as text, as JSON and as SARIF.
+// Reads back the output of `ttconfig check`: text, JSON and SARIF.
 
 #include "fuzz/toldfindings.h"
 
@@ -20,7 +20,7 @@ namespace {
 using ttconfig::Finding;
 using Json = nlohmann::json;
 
-// People read no more than that of one rule.
+// The text format shows at most this many findings per rule.
 constexpr std::size_t kMostOfARule = 1000;
 
 Json parsed(const std::string& output) {
@@ -38,7 +38,7 @@ std::string lineOf(const std::string& shownPath, const Finding& finding) {
            "]";
 }
 
-// How many findings "7 more of unknown-key, 2 more of no-key-value-line" leaves out.
+// The number of omitted findings in a line such as "7 more of unknown-key, 2 more of no-key-value-line".
 std::size_t leftOutIn(std::string_view more) {
     std::size_t count = 0;
     while (!more.empty()) {
@@ -51,7 +51,7 @@ std::size_t leftOutIn(std::string_view more) {
     return count;
 }
 
-// Reads one file's lines, and answers how many lines that were.
+// Checks the lines of one file and returns how many there are.
 std::size_t checkLinesOf(const CheckedFile& file, const std::vector<std::string>& lines, std::size_t first) {
     constexpr std::string_view kHint = " (--format json has them all)";
     const std::string path = ttconfig::visibleText(file.path);

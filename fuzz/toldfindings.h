@@ -7,15 +7,15 @@
 
 namespace fuzz {
 
-// A file that `ttconfig check` was given, and what it has to tell about it.
+// A file passed to `ttconfig check`, and the findings that it must report for the file.
 struct CheckedFile {
     std::string path;
     bool isUsable = true;
     std::vector<ttconfig::Finding> findings;
-    std::vector<std::string> lines;  // of the file, as bytes
+    std::vector<std::string> lines;  // the lines of the file, as bytes
 };
 
-// Each ends the program unless the output tells that, all of it, and nothing else.
+// Each function ends the program unless the output reports exactly these findings.
 void checkFindingsText(const std::string& output, const std::vector<CheckedFile>& files);
 void checkFindingsJson(const std::string& output, const std::vector<CheckedFile>& files);
 void checkFindingsSarif(const std::string& output, const std::vector<CheckedFile>& files);

@@ -1,5 +1,5 @@
-// Questions of the target "load" about trade units. Three flags of the settings decide in them; so a store that was
-// told nothing but these has to give the same answers.
+// Queries of the target "load" about trade units. Of all settings only three flags affect them, so a store that loads
+// nothing but these flags must give the same answers.
 
 #include <cstddef>
 #include <string>
@@ -35,7 +35,7 @@ std::vector<Store> storesOfFlags() {
     return stores;
 }
 
-// Everything there is to ask about the units of an instrument.
+// The answers to all unit queries for an instrument.
 std::vector<std::string> unitsOf(const std::string& market, const std::string& code) {
     std::vector<std::string> units{ttservice::getStockUnit(market, code),
                                    std::to_string(ttservice::getStockTradeUnit(market, code))};

@@ -1,5 +1,5 @@
-// A vendor's answer of any bytes: the text is kept, at most one record comes of it, and what strict JSON the text is
-// the record is.
+// A vendor's answer of arbitrary bytes: the text is kept, at most one record results, and if the text is strict JSON,
+// the record has the same content.
 
 #include <ttplatform/algorithmsparams.h>
 
@@ -19,11 +19,11 @@ using fuzz::require;
 using ttservice::AlgorithmParamConfig;
 using Json = nlohmann::json;
 
-// Whether the JSON value means the same to the library: no member that has a meaning of its own there, nothing that is
-// refused, and no name twice.
+// Detects JSON that the library may read differently: members with a special meaning there, anything that it rejects,
+// and repeated names.
 class PlainCheck {
 public:
-    // Reads the text; a discarded value unless it is plain.
+    // Parses the text; the result is discarded unless the text is plain.
     static Json read(std::string_view text) {
         if (text.find('\0') != std::string_view::npos) return Json(Json::value_t::discarded);
         PlainCheck check;
@@ -53,7 +53,7 @@ private:
 bool isSame(const Json& left, const Json& right);
 
 bool isSameNumber(double left, double right) {
-    // What is too small for a double of full precision is read as 0.
+    // The library reads subnormal numbers as 0.
     const auto flushed = [](double number) {
         return std::abs(number) < std::numeric_limits<double>::min() ? 0.0 : number;
     };
