@@ -6,10 +6,8 @@
 #include <ttplatform/configuration.h>
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/keys/settingkeys.h"
-#include "traderbase/base/config/internal/limits/limitcategories.h"
-#include "traderbase/base/config/internal/limits/limitrows.h"
-#include "traderbase/base/config/internal/text/strictnumbers.h"
+#include "traderbase/base/config/internal/keys/keyreading.h"
+#include "traderbase/base/config/internal/limits/limittables.h"
 #include "traderbase/base/config/internal/text/uppercased.h"
 
 namespace ttservice {
@@ -17,19 +15,18 @@ namespace ttservice {
 void ConfigCollector::readOrderDazongLimitConfig(const ConfigurationPtr& configuration) {
     decltype(blockTradeQuantities) quantities;
     decltype(blockTradeAmounts) amounts;
-    const std::string section(internal::keys::blockTradeLimits.section);
-    for (const std::string& key : configuration->getProperties(section)) {
-        const std::string value = configuration->read(section, key);
-        internal::LimitFields<decltype(internal::kBlockTradeLimitRow)> fields;
-        if (!internal::piecesExactly(value, ',', fields)) continue;
-        const internal::VolumeLimit quantity(internal::looseInt(fields[0]), fields[1]);
-        const int amount = internal::looseInt(fields[2]);
-        internal::forEachLimitItem(key, [&](const internal::LimitItem& item) {
+    const internal::ConfigurationRows rows(*configuration);
+    internal::forEachLimitRow(internal::kBlockTradeTable, rows, [&](const auto& row) {
+        if (!row.counts()) return;
+        internal::VolumeLimit quantity;
+        int amount = 0;
+        internal::readLimitFields<internal::kBlockTradeLimitRow>(row.fields, quantity.first, quantity.second, amount);
+        row.forEachItem([&](const internal::LimitItem& item) {
             const internal::MarketItem place = tableKey(item);
             quantities[place] = quantity;
             amounts[place] = amount;
         });
-    }
+    });
     blockTradeQuantities.swap(quantities);
     blockTradeAmounts.swap(amounts);
 }
@@ -40,17 +37,17 @@ std::pair<int, std::string> ConfigCollector::getDazongOrderNumLimit(const std::s
                                                                     const std::string& code) const {
     const internal::UpperCased upperMarket(market);
     const internal::UpperCased upperCode(code);
-    const std::string_view category = internal::blockTradeQuantityCategory(upperMarket.text(), upperCode.text()).word;
-    const auto* limit = internal::findRow(blockTradeQuantities, upperMarket.text(), category);
-    return limit ? *limit : internal::volumeLimitWithoutRow();
+    const auto found = internal::findLimit<internal::kBlockTradeQuantityQuestion>(blockTradeQuantities,
+                                                                                  upperMarket.text(), upperCode.text());
+    return found.value != nullptr ? *found.value : internal::volumeLimitWithoutRow();
 }
 
 int ConfigCollector::getDazongOrderTradeAmountLimit(const std::string& market, const std::string& code) const {
     const internal::UpperCased upperMarket(market);
     const internal::UpperCased upperCode(code);
-    const std::string_view category = internal::blockTradeAmountCategory(upperMarket.text(), upperCode.text()).word;
-    const int* limit = internal::findRow(blockTradeAmounts, upperMarket.text(), category);
-    return limit ? *limit : internal::kLimitWithoutRow;
+    const auto found = internal::findLimit<internal::kBlockTradeAmountQuestion>(blockTradeAmounts, upperMarket.text(),
+                                                                                upperCode.text());
+    return found.value != nullptr ? *found.value : internal::kLimitWithoutRow;
 }
 
 }  // namespace ttservice

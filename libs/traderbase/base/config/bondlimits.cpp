@@ -18,29 +18,13 @@
 
 namespace ttservice {
 
-namespace {
-
 namespace keys = internal::keys;
-
-struct FixedIncomeKey {
-    const internal::SettingKey* row;
-    int bondTradeType;
-};
-
-constexpr FixedIncomeKey kFixedIncomeKeys[] = {
-    {&keys::shFixIncome, 2},
-    {&keys::shLoanClickDeal, 3},
-    {&keys::shLoanEnquiryDeal, 4},
-    {&keys::shLoanBidDeal, 5},
-};
-
-}  // namespace
 
 // The table is not cleared: a key that is missing or malformed leaves its type as the load before set it.
 void ConfigCollector::readSHFixIncomeLimitConfig(const ConfigurationPtr& configuration) {
     decltype(fixedIncomeLimits) fresh;
-    for (const FixedIncomeKey& key : kFixedIncomeKeys) {
-        const std::string value = internal::readText(*configuration, *key.row);
+    for (const internal::FixedIncomeKey& key : internal::kFixedIncomeKeys) {
+        const std::string value = internal::readText(*configuration, *key.key);
         if (auto limit = internal::fixedIncomeLimit(value)) fresh[key.bondTradeType] = std::move(limit);
     }
     internal::replaceEntries(fixedIncomeLimits, fresh);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include <ttplatform/configuration.h>
 
@@ -19,6 +20,32 @@ inline std::string readText(const utils::Configuration& configuration, const Set
 inline int readInteger(const utils::Configuration& configuration, const SettingKey& row) {
     return configuration.readInt(std::string(row.section), std::string(row.key), valueWhenMissing<int>(row));
 }
+
+// A key of a section whose keys are data, and its value. The settings reader hands each key out once.
+struct SectionRow {
+    std::string_view key;
+    std::string_view value;
+    static constexpr bool repeated = false;
+};
+
+// The rows of the settings file as its reader hands them out, for the walks through whole sections.
+class ConfigurationRows {
+public:
+    explicit ConfigurationRows(const utils::Configuration& source) : configuration(source) {}
+
+    // Hands every row of the key's section to sink(SectionRow), in file order.
+    template <typename Sink>
+    void forEach(const SettingKey& row, Sink&& sink) const {
+        const std::string section(row.section);
+        for (const std::string& key : configuration.getProperties(section)) {
+            const std::string value = configuration.read(section, key);
+            sink(SectionRow{key, value});
+        }
+    }
+
+private:
+    const utils::Configuration& configuration;
+};
 
 // Yes exactly when the number is 1.
 inline bool readFlag(const utils::Configuration& configuration, const SettingKey& row) {

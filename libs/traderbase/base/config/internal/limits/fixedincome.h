@@ -4,9 +4,18 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "traderbase/base/config/shfixincomelimit.h"
 
 namespace ttservice::internal {
+
+// The keys of the fixed-income platform in the order of a load, each with the bond trade type that it is for.
+struct FixedIncomeKey {
+    const SettingKey* key;
+    int bondTradeType;
+};
+inline constexpr FixedIncomeKey kFixedIncomeKeys[] = {
+    {&keys::shFixIncome, 2}, {&keys::shLoanClickDeal, 3}, {&keys::shLoanEnquiryDeal, 4}, {&keys::shLoanBidDeal, 5}};
 
 // The order parameters that a fixed-income value gives: a decimal and six integers. Null when it has not exactly seven
 // fields.
