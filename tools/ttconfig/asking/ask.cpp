@@ -1,6 +1,5 @@
-// One question: answers it on one line.
+// One question: asks it and writes the answer on one line.
 // Doors: runAsk().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/ask_test.cpp.
 
 #include "ttconfig/asking/ask.h"

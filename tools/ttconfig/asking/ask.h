@@ -5,9 +5,9 @@
 
 namespace ttconfig {
 
-// Asks one question and writes the answer on one line. Answers the exit code: whatever the answer is, kExitDone; with
-// --test, by the answer, which has to be a yes or no. Throws Fault for a call that there is not and for arguments that
-// it does not take.
+// Asks one question and writes the answer on one line. Returns kExitDone whatever the answer is; with --test the answer
+// must be true or false, and decides the exit code. Throws Fault for an unknown call and for arguments that it does not
+// take.
 int runAsk(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

@@ -1,4 +1,4 @@
-// The session: answers requests, one JSON object a line.
+// The session: answers requests, one JSON object per line.
 // Doors: answerLine(), runSession().
 // Owns: the records and handles of the session.
 // Covered by tests/tools/ttconfig/session_test.cpp and the golden sessions.
@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t kMostErrorBytes = 500;
 
-// What the JSON library found, without the number of its exception and without the line, which is always the first.
+// The JSON library's message, without its exception number and without the line number, which is always 1.
 std::string parseTrouble(const Argument::exception& trouble) {
     std::string_view text = trouble.what();
     if (const auto end = text.find("] "); end != std::string_view::npos) text.remove_prefix(end + 2);
@@ -30,13 +30,13 @@ std::string parseTrouble(const Argument::exception& trouble) {
 
 Argument parseRequest(std::string_view line) {
     if (isNestedTooDeep(line)) throw CallRefused("nested deeper than " + std::to_string(kDeepestNesting) + " levels");
-    // The parser would take it for the end of the line and never look behind it.
+    // The parser would stop at the NUL byte and ignore the rest of the line.
     if (line.find('\0') != std::string_view::npos) throw CallRefused("not JSON: a NUL byte");
     try {
         try {
             return Argument::parse(line);
         } catch (const Argument::out_of_range&) {
-            // A number that no double can hold is no value of any argument, but no reason to lose the request's id.
+            // A number too large for a double suits no argument, but must not cost the answer the request's id.
             return Argument::parse(withoutWideNumbers(line));
         }
     } catch (const Argument::exception& trouble) {
@@ -55,7 +55,7 @@ Answer answerRequest(const CallTable& table, CallState& state, const Argument& r
     return table.answer(state, call->get_ref<const std::string&>(), arguments);
 }
 
-// Carries a request out; the id is set as soon as it is known, so that a refusal can carry it too.
+// Carries out a request. Sets id as soon as it is known, so that a refusal can carry it too.
 Answer answerTo(const CallTable& table, CallState& state, std::string_view line, Argument& id) {
     const Argument request = parseRequest(line);
     if (!request.is_object()) throw CallRefused("a request is an object such as {\"call\": NAME, \"args\": [...]}");

@@ -9,12 +9,13 @@
 
 namespace ttconfig {
 
-// The answer to one line, without a line end: {"ok": VALUE} or {"error": TEXT}, with the request's "id" where it could
-// be read. Never throws for whatever the line or the operation does. A line that opens more than kDeepestNesting arrays
-// and objects within each other is refused as a whole.
+// The answer to one line, without a line end: {"ok": VALUE} or {"error": TEXT}, plus the request's "id" if it could be
+// read. Never throws, whatever the line or the operation does. A line nested more deeply than kDeepestNesting is
+// refused as a whole.
 std::string answerLine(const CallTable& table, CallState& state, std::string_view line);
 
-// Answers every line of the input, the last one also without a line end, until its end or until nobody reads.
+// Answers every line of the input, including a last one without a line end, until the input ends or the reader of the
+// output has gone.
 void runSession(std::istream& input, Output& output);
 
 }  // namespace ttconfig

@@ -1,6 +1,5 @@
 // Calls: product catalogues and trading times.
 // Doors: addCatalogueCalls().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/calltable_test.cpp, products_test.cpp and the golden sessions.
 
 #include "ttconfig/calls/binding.h"

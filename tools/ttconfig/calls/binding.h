@@ -1,9 +1,9 @@
 #pragma once
 
-// From a C++ operation to a row of the call table: the types of arguments and answer are taken from the operation
-// itself.
+// Turns a C++ operation into a row of the call table. The types of its arguments and of its answer are deduced from the
+// operation.
 //
-// To add operations, write rows into the add-function of their topic's file (bindstore.cpp, bindlimits.cpp, ...):
+// To add an operation, write a row in the add function of its topic's file (bindstore.cpp, bindlimits.cpp, ...):
 //
 //   TT_STORE_CALL(getFlowHistoryDays);                                                       a member of the store
 //   table.add("isBuyOpt", freeCall(&ttservice::isBuyOpt));                                   a free or static function
@@ -15,11 +15,11 @@
 //   table.add("A.b", objectCall(&A::b, [](CallState& state) { return A::instance(); }));     a member of anything else
 //   table.add("X.new", stateCall([](CallState& state, const std::string& path) { ... }));    anything at all
 //
-// Overloads are added one by one under the same name. A parameter that is a non-const reference is an output: it is
-// not passed, starts at its type's zero value, and is the answer, or with a result an element of [result, out, ...].
-// What a group of calls keeps between requests it asks from state.part<Its Own Type>().
+// Add each overload separately, under the same name. A parameter that is a non-const reference is an output: callers do
+// not pass it, it starts at its type's zero value, and it becomes the answer. An operation that also has a result
+// answers [result, out, ...]. Calls that keep something between requests store it in state.part<TheirOwnType>().
 //
-// To add a record, give it a specialisation next to its bindings:
+// To add a record type, specialise RecordMembers next to its bindings:
 //
 //   template <>
 //   struct ttconfig::RecordMembers<ttservice::ContractInfo> {
@@ -28,8 +28,8 @@
 //       }
 //   };
 //
-// A shared pointer to it, and any container of them, is then answered as null or {"@": number, members}. Any other type
-// gets a specialisation of ToJson (answers) or FromJson (arguments), as in jsonvalues.h.
+// A shared pointer to the record is then answered as null or {"@": number, members}; so is each element of a container.
+// For any other type, specialise ToJson (answers) or FromJson (arguments) as jsonvalues.h does.
 
 #include <cstddef>
 #include <tuple>
@@ -50,7 +50,6 @@ template <typename Parameter>
 inline constexpr bool kIsOutput =
     std::is_lvalue_reference_v<Parameter> && !std::is_const_v<std::remove_reference_t<Parameter>>;
 
-// The list of an operation's parameter types.
 template <typename... Parameters>
 struct ParameterList {};
 
@@ -66,7 +65,7 @@ void describeParameter(std::vector<Parameter>& parameters) {
     }
 }
 
-// The value that stands for one parameter during a call: the next argument, or an output's zero value.
+// The initial value of one parameter: the next argument, or the zero value of an output.
 template <typename Type>
 Stored<Type> initialValue(const Arguments& arguments, std::size_t& next, Records& records) {
     if constexpr (kIsOutput<Type>) {
@@ -84,7 +83,7 @@ void appendOutput(const Stored<Type>& value, Answer& answers, Records& records) 
 template <typename Result, typename... Types, typename Function, std::size_t... Places>
 Answer runCall(CallState& state, const Arguments& arguments, const Function& function, std::index_sequence<Places...>) {
     std::size_t next = 0;
-    // Braces: the values are made from left to right.
+    // Braces guarantee evaluation from left to right.
     std::tuple<Stored<Types>...> values{initialValue<Types>(arguments, next, state.records)...};
     static_cast<void>(next);
     Answer answers = Answer::array();
@@ -110,7 +109,7 @@ Call makeCall(ParameterList<Types...>, Function function) {
     return call;
 }
 
-// A member of the object, or of what the pointer points to, that target(state) gives.
+// A member of the object that target(state) returns, or of the object behind the pointer it returns.
 template <typename Result, typename Class, typename... Types, typename Target>
 Call objectCall(Result (Class::*member)(Types...), Target target) {
     return makeCall<Result>(ParameterList<Types...>(),
@@ -127,13 +126,13 @@ Call objectCall(Result (Class::*member)(Types...) const, Target target) {
                             });
 }
 
-// A member of the settings store, which the first call that needs it builds.
+// A member of the settings store, which is created by the first call that needs it.
 template <typename Member>
 Call storeCall(Member member) {
     return objectCall(member, [](CallState&) { return ttservice::ConfigCollector::instance(); });
 }
 
-// The row of a member of the store that is not overloaded, under its own name.
+// The row of a store member without overloads, under its own name.
 #define TT_STORE_CALL(operation) table.add(#operation, storeCall(&ttservice::ConfigCollector::operation))
 
 // A free or static function.
@@ -149,7 +148,7 @@ Call stateCallAs(Function function, Result (Class::*)(CallState&, Types...) cons
     return makeCall<Result>(ParameterList<Types...>(), std::move(function));
 }
 
-// A function object that takes the call state and then the arguments.
+// A function object whose parameters are the call state followed by the arguments.
 template <typename Function>
 Call stateCall(Function function) {
     return stateCallAs(std::move(function), &Function::operator());

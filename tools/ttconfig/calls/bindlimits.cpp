@@ -1,6 +1,5 @@
 // Calls: limits and rates of orders, bonds and credit.
 // Doors: addLimitCalls().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/calltable_test.cpp and the golden sessions.
 
 #include "ttconfig/calls/binding.h"

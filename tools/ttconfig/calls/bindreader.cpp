@@ -1,4 +1,4 @@
-// Calls: the settings file reader, on the session's one scratch reader.
+// Calls: the settings file reader. Each session has one scratch reader.
 // Doors: addReaderCalls().
 // Owns: the scratch reader, which Configuration.parse replaces.
 // Covered by tests/tools/ttconfig/sessions/reader.jsonl.

@@ -26,7 +26,7 @@ struct RecordMembers<CAlgorithmsParams> {
     }
 };
 
-// A record as an argument: null, one seen before as {"@": number}, or a new one as {"content": {...}}.
+// A record as an argument: null, {"@": number} for one seen before, or {"content": {...}} for a new one.
 template <>
 struct FromJson<boost::shared_ptr<CAlgorithmsParams>> {
     static std::string wanted() { return "null or object with \"@\" or \"content\""; }
@@ -46,7 +46,7 @@ struct FromJson<boost::shared_ptr<CAlgorithmsParams>> {
 
 namespace {
 
-// The interpreters of a session by their handles, which are never used twice.
+// A session's interpreters by handle. A handle is never reused.
 class Interpreters {
 public:
     int create() {
@@ -114,7 +114,7 @@ void addCatalogueReads(CallTable& table) {
 }
 
 void addCatalogueWrites(CallTable& table) {
-    // The operation takes a loaded script; here it is named by its path.
+    // The operation takes a loaded script; the request names the script by its path.
     table.add("AlgorithmParamConfig.initAlgoParams", stateCall([](CallState&, const std::string& path) {
                   luabase::LuaConfig script;
                   script.init(path);

@@ -1,6 +1,5 @@
 // Calls: the settings store itself, its platform switches, single values and run-time values.
 // Doors: addStoreCalls().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/calltable_test.cpp and the golden sessions.
 
 #include "ttconfig/calls/binding.h"

@@ -1,6 +1,5 @@
 // Calls: the trade unit functions.
 // Doors: addTradeUnitCalls().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/calltable_test.cpp and the golden sessions.
 
 #include <string>

@@ -1,4 +1,4 @@
-// The call table: answers which operation a name and its arguments mean, and carries it out.
+// The call table: finds the operation that a name and its arguments mean, and calls it.
 // Doors: CallTable::answer, CallTable::answerWords, CallTable::argumentsOf, callTable().
 // Owns: the rows of all operations.
 // Covered by tests/tools/ttconfig/calltable_test.cpp.
@@ -20,7 +20,7 @@ std::string argumentCount(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " argument" : " arguments");
 }
 
-// What is wrong with the arguments for this overload; empty when it takes them.
+// What is wrong with the arguments for this overload; empty when it accepts them.
 std::string objection(const Call& call, const Arguments& arguments, Records& records) {
     if (arguments.size() != call.parameters.size()) return argumentCount(arguments.size()) + " given";
     for (std::size_t i = 0; i < arguments.size(); ++i) {
@@ -33,21 +33,21 @@ std::string objection(const Call& call, const Arguments& arguments, Records& rec
     return {};
 }
 
-// Says what the operation takes: all its overloads, and for a single one what is wrong.
+// Shows the signatures of all overloads and the most telling objection.
 [[noreturn]] void refuseArguments(const std::string& name, const std::vector<Call>& overloads,
                                   const std::vector<std::string>& objections) {
     std::string text = name;
     for (std::size_t i = 0; i < overloads.size(); ++i) {
         text += (i == 0 ? "" : " or ") + overloads[i].signature();
     }
-    // Of several objections the one about a value tells more than the one about the count.
+    // An objection to a value tells more than one to the number of arguments.
     const auto telling = std::find_if(objections.begin(), objections.end(), [](const std::string& objection) {
         return objection.rfind("argument ", 0) == 0;
     });
     throw CallRefused(text + ": " + (telling == objections.end() ? objections.front() : *telling));
 }
 
-// A word of a command line as the value of a parameter. A word that is not JSON is no value of any other type either.
+// A word of a command line as the value of a parameter. Only a text parameter takes a word that is not JSON.
 Argument wordAsArgument(const Parameter& parameter, const std::string& word) {
     if (parameter.takesText()) return word;
     if (isNestedTooDeep(word)) throw CallRefused("nested too deep");
@@ -58,7 +58,7 @@ Argument wordAsArgument(const Parameter& parameter, const std::string& word) {
     return value;
 }
 
-// Turns the words into arguments; says what is wrong when that fails, else nothing.
+// Converts words to arguments. Returns what is wrong when that fails, otherwise an empty text.
 std::string convertWords(const Call& call, const std::vector<std::string>& words, Arguments& arguments) {
     if (words.size() != call.parameters.size()) return argumentCount(words.size()) + " given";
     for (std::size_t i = 0; i < words.size(); ++i) {
@@ -121,7 +121,7 @@ void CallTable::requireArguments(CallState& state, const std::string& name, cons
 Arguments CallTable::argumentsOf(CallState& state, const std::string& name,
                                  const std::vector<std::string>& words) const {
     const std::vector<Call>& overloads = find(name);
-    // A text takes any word: the overloads that take something narrower are tried first.
+    // A text parameter takes any word, so try the overloads with fewer texts first.
     std::vector<const Call*> order;
     order.reserve(overloads.size());
     for (const Call& call : overloads)

@@ -12,12 +12,12 @@
 
 namespace ttconfig {
 
-// What calls keep between requests: the records seen so far, and whatever a group of bindings needs for itself.
+// What calls keep between requests: the records seen so far, and any state that a group of bindings needs.
 class CallState {
 public:
     Records records;
 
-    // The session's one object of this type, made by the first call that asks for it.
+    // The session's only object of this type, created on first use.
     template <typename Part>
     Part& part() {
         auto& place = parts[std::type_index(typeid(Part))];
@@ -31,10 +31,10 @@ private:
 
 using Arguments = std::vector<Argument>;
 
-// One value that a call is given.
+// One parameter of an operation.
 struct Parameter {
     std::string wanted;                                      // "int", "text", "object of bool", ...
-    void (*check)(const Argument& value, Records& records);  // throws CallRefused for a value it does not take
+    void (*check)(const Argument& value, Records& records);  // throws CallRefused for an unsuitable value
 
     bool takesText() const { return wanted == "text"; }
 };
@@ -48,23 +48,22 @@ struct Call {
     std::string signature() const;
 };
 
-// The operations by the names under which they are asked. Overloads share a name and are told apart by how many
-// arguments are given and of which types.
+// The operations by name. Overloads share a name and are told apart by the number and types of the arguments.
 class CallTable {
 public:
     void add(std::string name, Call call);
 
-    // Carries a request out. Throws CallRefused when the name is unknown or no overload takes these arguments; what the
-    // operation itself throws is passed on.
+    // Carries out a request. Throws CallRefused when the name is unknown or no overload takes the arguments; passes on
+    // whatever the operation itself throws.
     Answer answer(CallState& state, const std::string& name, const Arguments& arguments) const;
 
-    // The same for words of a command line: a text is taken as it stands, every other value is written as JSON.
+    // The same for words of a command line: a text is taken literally, every other value must be JSON.
     Answer answerWords(CallState& state, const std::string& name, const std::vector<std::string>& words) const;
 
-    // The words as arguments that answer() takes. Throws CallRefused like answer().
+    // Converts words to the arguments that answer() takes. Throws CallRefused as answer() does.
     Arguments argumentsOf(CallState& state, const std::string& name, const std::vector<std::string>& words) const;
 
-    // Throws CallRefused where answer() would without carrying anything out.
+    // Throws CallRefused wherever answer() would, but carries nothing out.
     void requireArguments(CallState& state, const std::string& name, const Arguments& arguments) const;
 
     const std::map<std::string, std::vector<Call>>& rows() const { return calls; }
@@ -76,10 +75,10 @@ private:
     std::map<std::string, std::vector<Call>> calls;
 };
 
-// The table of all operations, made when it is first asked for.
+// The table of all operations, built on first use.
 const CallTable& callTable();
 
-// One function a topic; each adds the rows of its file.
+// One function per topic; each adds the rows of its file.
 void addStoreCalls(CallTable& table);      // bindstore.cpp
 void addLimitCalls(CallTable& table);      // bindlimits.cpp
 void addTradeUnitCalls(CallTable& table);  // bindtradeunit.cpp

@@ -1,6 +1,5 @@
-// JSON values: answers whether a value is what an operation takes.
+// JSON values: checks whether a value suits a parameter.
 // Doors: intFromJson(), refuseValue(), refuseWideNumber(); the conversions themselves are templates in the header.
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/conversions_test.cpp.
 
 #include "ttconfig/calls/jsonvalues.h"

@@ -14,20 +14,20 @@
 
 #include "ttconfig/calls/records.h"
 
-// C++ values from and to JSON: FromJson for what operations take, ToJson for what they answer. binding.h says how a new
-// type gets its conversion.
+// Conversions between C++ values and JSON: FromJson for arguments, ToJson for answers. binding.h explains how to add a
+// type.
 
 namespace ttconfig {
 
-// Refuses a value: "wanted int, got "12"".
+// Refuses a value, for example with: wanted int, got "12".
 [[noreturn]] void refuseValue(const std::string& wanted, const Argument& value);
-// Refuses a whole number: "2147483648 does not fit 32 bits".
+// Refuses a whole number, for example with: 2147483648 does not fit 32 bits.
 [[noreturn]] void refuseWideNumber(const Argument& value);
 
-// A 32-bit int; 12.0 is none.
+// A 32-bit integer; 12.0 is refused.
 int intFromJson(const Argument& value);
 
-// --- what operations take
+// --- arguments
 
 template <typename Value, typename = void>
 struct FromJson;
@@ -106,7 +106,7 @@ struct FromJson<std::map<std::string, Value>> {
     }
 };
 
-// --- what operations answer
+// --- answers
 
 template <typename Value, typename = void>
 struct ToJson;
@@ -121,7 +121,7 @@ struct ToJson<Value, std::enable_if_t<std::is_enum_v<Value>>> {
     static Answer to(Value value, Records&) { return Answer(static_cast<std::underlying_type_t<Value>>(value)); }
 };
 
-// Bytes that are not UTF-8 stay as they are here and are replaced where the answer is written.
+// Bytes that are not UTF-8 are kept here and replaced when the answer is written.
 template <>
 struct ToJson<std::string> {
     static Answer to(const std::string& value, Records&) { return Answer(value); }
@@ -167,7 +167,8 @@ template <typename Key, typename Value, typename Order>
 struct ToJson<std::map<Key, Value, Order>> {
     static Answer to(const std::map<Key, Value, Order>& value, Records& records) {
         Answer object = Answer::object();
-        // Straight into the object's list: its own look-up before every insertion would take quadratic time.
+        // Append to the object's list directly: its own insertion searches the list first, which would take quadratic
+        // time.
         auto& members = object.get_ref<Answer::object_t&>();
         for (const auto& [key, item] : value) {
             members.push_back({objectKey(key), ToJson<Value>::to(item, records)});
@@ -176,8 +177,8 @@ struct ToJson<std::map<Key, Value, Order>> {
     }
 };
 
-// Shared records: null, or an object that starts with the record's number. The members come from a specialisation of
-// RecordMembers with
+// Shared records: null, or an object whose first member is the record's number. The other members come from a
+// specialisation of RecordMembers with
 //
 //   static void write(const Record& record, Answer& object, Records& records);
 template <typename Record>

@@ -1,4 +1,4 @@
-// Record numbers: answers which number a record object has in this session.
+// Record numbers: numbers the record objects of a session.
 // Doors: Records::numberOf, Records::find.
 // Owns: a share of every record that was answered.
 // Covered by tests/tools/ttconfig/conversions_test.cpp.

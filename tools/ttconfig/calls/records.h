@@ -12,23 +12,23 @@
 
 namespace ttconfig {
 
-// A request that cannot be carried out; the text says what was wrong.
+// A request that cannot be carried out; the text says why.
 class CallRefused : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-// The distinct record objects that a session has seen, numbered from 1. It keeps them alive, so that no later record
-// can take the address, and with it the number, of an earlier one.
+// The distinct record objects that a session has seen, numbered from 1. They are kept alive so that a later record
+// cannot reuse the address of an earlier one, and with it the number.
 class Records {
 public:
-    // The record's number; a new one for a record not seen before.
+    // The record's number; a record not seen before gets a new one.
     template <typename Record>
     int numberOf(const boost::shared_ptr<Record>& record) {
         return enter(record, typeid(std::remove_const_t<Record>));
     }
 
-    // The record of that number; throws CallRefused when there is none or when it is of another type.
+    // The record with that number; throws CallRefused when there is none or when it has another type.
     template <typename Record>
     boost::shared_ptr<Record> find(int number) const {
         return boost::const_pointer_cast<Record>(

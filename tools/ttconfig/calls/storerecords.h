@@ -6,7 +6,7 @@
 #include "traderbase/base/config/shfixincomelimit.h"
 #include "ttconfig/calls/jsonvalues.h"
 
-// The members of the records that the settings store hands out, as calls and explanations answer them.
+// The members of the store's records, as they appear in answers and explanations.
 
 namespace ttconfig {
 
@@ -30,7 +30,7 @@ struct RecordMembers<CStkExchangeRateLimit> {
     }
 };
 
-// Both connects have the same fourteen members.
+// Both connect records have the same fourteen members.
 template <typename Record>
 void writeConnectRates(const Record& record, Answer& object) {
     object["fields"] = {record.rate1,  record.rate2,  record.rate3,  record.rate4, record.rate5,

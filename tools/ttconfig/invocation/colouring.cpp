@@ -1,4 +1,4 @@
-// Colouring: answers whether an answer is coloured.
+// Colouring: decides whether answers are coloured.
 // Doors: coloursFor().
 // Covered by tests/tools/ttconfig/colour_test.cpp.
 

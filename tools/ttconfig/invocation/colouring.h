@@ -6,8 +6,8 @@
 
 namespace ttconfig {
 
-// The colours of what goes to this output. --color decides; without it there is colour on a terminal, unless the
-// environment has a NO_COLOR that is not empty or a TERM that is "dumb". Only Format::Text is ever to be coloured.
+// The colours for answers written to this output. --color decides; without it, answers on a terminal are coloured
+// unless NO_COLOR is set and not empty, or TERM is "dumb". Use it for Format::Text only.
 Colours coloursFor(const CommandLine& commandLine, const Output& output);
 
 }  // namespace ttconfig

@@ -11,7 +11,7 @@ struct ExitCodeMeaning {
     std::string_view meaning;
 };
 
-// How the program ends, as help text and manual tell it.
+// The exit codes as the help text and the manual describe them.
 inline constexpr ExitCodeMeaning kExitCodes[] = {
     {kExitDone, "done; compared, the same; tested, true"},
     {kExitFindings,

@@ -7,17 +7,17 @@
 
 namespace ttconfig {
 
-// How the program ends.
+// The program's exit codes.
 enum ExitCode : int {
     kExitDone = 0,      // whatever the answers were
-    kExitFindings = 1,  // what was to be checked has something wrong with it
-    kExitUsage = 2,     // the command line is wrong, or names something that there is not
+    kExitFindings = 1,  // a check found something wrong
+    kExitUsage = 2,     // the command line is wrong, or names something unknown
     kExitInput = 3,     // a file or a directory that was named cannot be used
-    kExitInternal = 4,  // anything else: an answer that cannot be written, an exception out of the library
+    kExitInternal = 4,  // anything else: an answer that cannot be written, an exception from the library
 };
 
-// What ends the program: one message for the standard error stream, or one for each place that is wrong, and the exit
-// code.
+// An error that ends the program: its exit code, and one message for standard error or one for each place that is
+// wrong.
 class Fault : public std::runtime_error {
 public:
     Fault(ExitCode code, const std::string& message) : std::runtime_error(message), exitCode(code) {}

@@ -1,6 +1,6 @@
-// Output: puts answers, and nothing else, on standard output.
+// Output: writes answers, and nothing else, to standard output.
 // Doors: Output::write, Output::isTerminal.
-// Owns: a descriptor of the program's real standard output.
+// Owns: a descriptor of the program's original standard output.
 // Covered by tests/tools/ttconfig/session_test.cpp.
 
 #include "ttconfig/invocation/output.h"
@@ -18,7 +18,7 @@
 namespace ttconfig {
 
 Output::Output() : descriptor(dup(STDOUT_FILENO)) {
-    // A reader that went away is told by write(), not by a signal.
+    // When the reader has gone, write() reports it; a signal would end the program.
     std::signal(SIGPIPE, SIG_IGN);
     dup2(STDERR_FILENO, STDOUT_FILENO);
 }

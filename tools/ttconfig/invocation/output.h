@@ -4,8 +4,8 @@
 
 namespace ttconfig {
 
-// Standard output, for answers alone: as long as it lives, whatever anybody else prints there (a script's print, say)
-// goes to the standard error stream instead.
+// Standard output, reserved for answers: while this object lives, anything else printed there (by a script's print,
+// say) goes to standard error instead.
 class Output {
 public:
     Output();
@@ -13,11 +13,10 @@ public:
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 
-    // Writes the whole text at once, unbuffered. False when nobody reads it any longer; throws Fault when it cannot be
-    // written for another reason.
+    // Writes the whole text at once, unbuffered. Returns false when the reader has gone; throws Fault when writing
+    // fails for any other reason.
     bool write(std::string_view text);
 
-    // Whether a person looks at it.
     bool isTerminal() const;
 
 private:

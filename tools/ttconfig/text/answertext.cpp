@@ -1,6 +1,5 @@
-// Answers as text: answers how a value is shown to people and to programs.
+// Answers as text: formats values for people and for programs.
 // Doors: answerText(), textJson(), answerJson().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/text_test.cpp.
 
 #include "ttconfig/text/answertext.h"
@@ -55,7 +54,7 @@ std::string textJson(std::string_view text) {
         length = utf8Length(text);
         const char first = text.front();
         if (length == 0 || (first >= '\0' && first < ' ')) {
-            // What is rare is left to the JSON library, the text from there on.
+            // This is rare: let the JSON library write the rest of the text.
             return json + answerJson(std::string(text)).substr(1);
         }
         if (first == '"' || first == '\\') json += '\\';

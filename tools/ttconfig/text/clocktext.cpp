@@ -1,6 +1,5 @@
 // Clock times as people write them.
 // Doors: clockText(), secondOfClockText().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/answerfindings_test.cpp.
 
 #include "ttconfig/text/clocktext.h"
@@ -11,7 +10,7 @@ namespace ttconfig {
 
 namespace {
 
-// The two digits at this place as a number below the limit.
+// The number that the two digits at this place make, if it is below the limit.
 std::optional<int> twoDigits(std::string_view text, std::size_t at, int limit) {
     int number = 0;
     for (const char c : text.substr(at, 2)) {

@@ -1,4 +1,4 @@
-// Colour: colours pieces of an answer.
+// Colour: puts terminal colours around pieces of an answer.
 // Doors: Colours.
 // Owns: which colour each kind of piece has.
 // Covered by tests/tools/ttconfig/colour_test.cpp.
@@ -9,7 +9,7 @@ namespace ttconfig {
 
 namespace {
 
-// The numbers of the terminal's own palette, so that they suit light and dark backgrounds.
+// Codes of the terminal's own palette, which suits its background, light or dark.
 std::string_view codeOf(Tint tint) {
     switch (tint) {
         case Tint::Place:

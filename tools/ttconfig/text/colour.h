@@ -5,29 +5,29 @@
 
 namespace ttconfig {
 
-// What --color says.
+// The values of --color.
 enum class Colouring { Auto, Always, Never };
 
-// What a piece of an answer is, as far as colour is concerned.
+// What a piece of an answer is, which decides its colour.
 enum class Tint {
     Place,  // file:line:column
-    Error,  // the word of a severity
+    Error,  // a severity
     Warning,
     Note,
     Good,     // what appeared, came true or passed
     Bad,      // what disappeared, became false or failed
-    Heading,  // a name above others
-    Dim,      // what need not be read
+    Heading,  // a heading above other lines
+    Dim,      // less important details
 };
 
-// Puts pieces of an answer in colour, or leaves them as they are.
+// Colours pieces of an answer, or leaves them unchanged.
 class Colours {
 public:
-    // Leaves everything as it is.
+    // Leaves everything unchanged.
     Colours() = default;
     explicit Colours(bool inColour) : on(inColour) {}
 
-    // The piece with what switches the colour on and off around it; an empty piece stays empty.
+    // The piece between the codes that switch its colour on and off; an empty piece stays empty.
     std::string operator()(Tint tint, std::string_view piece) const;
 
     bool areOn() const { return on; }

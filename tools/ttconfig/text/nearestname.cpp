@@ -1,6 +1,5 @@
-// Nearest names: answers which known name a misspelt one comes close to.
+// Nearest names: finds the known name that a misspelt one comes closest to.
 // Doors: nearestName(), didYouMean().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/text_test.cpp.
 
 #include "ttconfig/text/nearestname.h"
@@ -12,14 +11,14 @@ namespace ttconfig {
 
 namespace {
 
-// Longer than any name that there is: nothing near can be found, and comparing would take long.
+// Longer than any known name: nothing can be near, and comparing would take long.
 constexpr std::size_t kLongestMisspelling = 200;
 
 char lowered(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// How many letters must be put in, left out, replaced or swapped with their neighbour.
+// How many letters must be added, left out, replaced or swapped with a neighbour.
 std::size_t distance(std::string_view from, std::string_view to) {
     std::vector<std::size_t> beforeLast(to.size() + 1);
     std::vector<std::size_t> last(to.size() + 1);
@@ -43,7 +42,7 @@ std::size_t distance(std::string_view from, std::string_view to) {
 }  // namespace
 
 std::string_view nearestName(std::string_view misspelt, const std::vector<std::string_view>& names) {
-    // A third of the letters may be wrong; beyond that a suggestion would only be odd.
+    // A third of the letters may be wrong; beyond that a suggestion would only confuse.
     return nearestName(misspelt, names, misspelt.size() / 3 + 1);
 }
 
@@ -53,7 +52,7 @@ std::string_view nearestName(std::string_view misspelt, const std::vector<std::s
     std::size_t best = mostSlips + 1;
     std::string_view nearest;
     for (const std::string_view name : names) {
-        // Each letter too many or too few is a slip of its own.
+        // Every letter of difference in length is a slip of its own.
         if (std::max(name.size(), misspelt.size()) - std::min(name.size(), misspelt.size()) >= best) continue;
         const std::size_t found = distance(misspelt, name);
         if (found < best) {

@@ -7,10 +7,10 @@
 
 namespace ttconfig {
 
-// The name that a misspelt one was most likely meant to be, letter case aside; empty when none is near.
+// The name that a misspelt one most likely means, ignoring letter case; empty when none is near.
 std::string_view nearestName(std::string_view misspelt, const std::vector<std::string_view>& names);
 
-// The same with at most so many slips: letters put in, left out, replaced or swapped with their neighbour.
+// The same with at most mostSlips slips: letters added, left out, replaced, or swapped with a neighbour.
 std::string_view nearestName(std::string_view misspelt, const std::vector<std::string_view>& names,
                              std::size_t mostSlips);
 

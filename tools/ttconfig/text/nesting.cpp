@@ -1,6 +1,5 @@
-// Nesting: answers whether a JSON text is nested too deep to be parsed.
+// Nesting: tells whether a JSON text is nested too deeply to parse.
 // Doors: isNestedTooDeep().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/text_test.cpp.
 
 #include "ttconfig/text/nesting.h"

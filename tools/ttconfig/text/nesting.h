@@ -4,12 +4,11 @@
 
 namespace ttconfig {
 
-// How deep arrays and objects of a request, or of a word of the command line, may be nested. Whoever parses JSON,
-// copies it or writes it goes down once a level, so the depth is looked at first.
+// How deeply the arrays and objects of a request or of a command-line word may be nested. Parsing, copying and writing
+// JSON recurse once per level, so the depth is checked first.
 inline constexpr int kDeepestNesting = 100;
 
-// Whether a JSON text opens more arrays and objects within each other than that. A text that is no JSON gets some
-// answer.
+// Whether a JSON text is nested more deeply than that. The result is meaningless for a text that is not JSON.
 bool isNestedTooDeep(std::string_view text);
 
 }  // namespace ttconfig

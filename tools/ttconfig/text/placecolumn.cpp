@@ -1,6 +1,5 @@
-// Place columns: answers how a table looks whose rows have places.
+// Place columns: prepares a table whose rows have places for people to read.
 // Doors: withPlaceColumn().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/answers_test.cpp.
 
 #include "ttconfig/text/placecolumn.h"

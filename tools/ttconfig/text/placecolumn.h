@@ -6,8 +6,9 @@
 
 namespace ttconfig {
 
-// The table for people: its columns "line" and "column", which programs have as numbers, become one with the place as
-// "file:line:column", empty where there is none; without a file "line:column". Yes and no become on and off.
+// The table as people see it. The columns "line" and "column", which programs get as numbers, become one column
+// "file:line:column", or "line:column" when no file is given; it stays empty in rows without a place. True and false
+// become on and off.
 Table withPlaceColumn(const Table& table, const std::string& file);
 
 }  // namespace ttconfig

@@ -1,6 +1,6 @@
-// Progress: tells a person at a terminal how far long work has got.
+// Progress: shows a person at a terminal how far long work has got.
 // Doors: Progress.
-// Owns: the last line of that terminal, while it shows.
+// Owns: the terminal's last line while the progress line shows.
 // Covered by tests/tools/ttconfig/progress_test.cpp.
 
 #include "ttconfig/text/progress.h"
@@ -23,13 +23,13 @@ constexpr milliseconds kBeforeTheFirst{300};
 constexpr milliseconds kBetween{100};
 constexpr std::string_view kTakeAway = "\r\x1b[K";
 
-// A terminal that cannot take a line away is told nothing.
+// A terminal that cannot erase a line gets no progress line.
 bool canShow() {
     const char* terminal = std::getenv("TERM");
     return isatty(STDERR_FILENO) == 1 && terminal != nullptr && std::string_view(terminal) != "dumb";
 }
 
-// Whatever comes of it: nobody depends on it.
+// A failed write does not matter: nothing depends on this line.
 void writeOut(std::string_view text) {
     [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, text.data(), text.size());
 }

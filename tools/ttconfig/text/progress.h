@@ -7,28 +7,28 @@
 
 namespace ttconfig {
 
-// One line about long work, on the standard error stream when that is a terminal, and nowhere else. It appears after a
-// third of a second, is written at most ten times a second, and goes away with the object, so that nothing of it stands
-// among messages or answers that are written later. Messages that are written while it shows must hide() it first.
+// One line about long work, written to standard error only when that is a terminal. It appears after a third of a
+// second, is updated at most ten times a second, and disappears with the object, so that it never mixes with later
+// messages or answers. To write a message while the line shows, call hide() first.
 class Progress {
 public:
-    // What is done, such as "checking", and how many steps there are; 0 when nobody knows.
+    // The work, such as "checking", and the number of steps; 0 when that is unknown.
     explicit Progress(std::string work, std::size_t stepCount = 0);
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    // A step has begun: how many are done, and what this one is about. Costs next to nothing in a tight loop.
+    // A step has begun: how many are done, and what this one is about. Cheap enough for a tight loop.
     void at(std::size_t done, std::string_view about = {}) {
         if (shows && (++calls % kCallsBetweenLooks) == 0) look(done, about);
     }
 
-    // The same for steps that take long by themselves: the clock is looked at each time.
+    // The same for steps that take long themselves: looks at the clock every time.
     void atLongStep(std::size_t done, std::string_view about = {}) {
         if (shows) look(done, about);
     }
 
-    // Takes the line away until the next step.
+    // Removes the line until the next step.
     void hide();
 
 private:
@@ -41,7 +41,7 @@ private:
     const std::size_t steps;
     const bool shows;
     std::size_t calls = 0;
-    Clock::time_point next;  // not to be written before
+    Clock::time_point next;  // the earliest time of the next update
     bool written = false;
 };
 

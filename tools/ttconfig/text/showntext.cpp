@@ -1,6 +1,5 @@
-// Shown text: answers how a value looks in a message.
+// Shown text: formats values for messages.
 // Doors: shownText(), shownJson(), cutText(), onOneLine(), visibleText(), withReplacedBytes().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/text_test.cpp.
 
 #include "ttconfig/text/showntext.h"
@@ -19,18 +18,18 @@ bool isControl(char byte) {
     return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
 }
 
-// Looks in JSON as it is.
+// Whether the text needs no escapes in JSON.
 bool isSimple(std::string_view text) {
     return std::all_of(text.begin(), text.end(),
                        [](char c) { return c >= ' ' && c < '\x7F' && c != '"' && c != '\\'; });
 }
 
-// Whether one of the control characters beyond ASCII starts there; terminals obey them as well.
+// Whether a control character beyond ASCII (U+0080 to U+009F) starts there; terminals obey these as well.
 bool isWideControlAt(std::string_view text, std::size_t at) {
     return text[at] == '\xC2' && at + 1 < text.size() && (static_cast<unsigned char>(text[at + 1]) & 0xE0U) == 0x80U;
 }
 
-// JSON leaves these control characters as they are: U+007F to U+009F.
+// Escapes U+007F to U+009F, which the JSON library leaves as they are.
 std::string withEscapedControls(const std::string& json) {
     constexpr std::string_view kHexDigits = "0123456789abcdef";
     std::string escaped;
@@ -50,7 +49,7 @@ std::string withEscapedControls(const std::string& json) {
 
 std::string withReplacedBytes(const std::string& text) {
     if (isUtf8(text)) return text;
-    // The JSON library knows UTF-8: its replacement is made while writing, so it is written and read back.
+    // The JSON library replaces invalid UTF-8 only when it writes, so write the text and read it back.
     const std::string written = Argument(text).dump(-1, ' ', false, Argument::error_handler_t::replace);
     return Argument::parse(written).get<std::string>();
 }
@@ -70,7 +69,7 @@ std::string visibleText(std::string_view text) {
     std::string shown;
     const std::string valid = withReplacedBytes(std::string(text));
     for (std::size_t at = 0; at < valid.size(); ++at) {
-        // Quotes and backslashes stay; what JSON makes of a control character alone is its escape.
+        // Quotes and backslashes stay as they are; a control character becomes its JSON escape.
         const bool isWide = isWideControlAt(valid, at);
         if (!isWide && !isControl(valid[at])) {
             shown += valid[at];
@@ -86,7 +85,7 @@ std::string visibleText(std::string_view text) {
 std::string cutText(std::string_view text, std::size_t mostBytes) {
     if (text.size() <= mostBytes) return std::string(text);
     std::size_t end = mostBytes;
-    // Not between the bytes of one character.
+    // Never cut inside a character.
     while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
         --end;
     return std::string(text.substr(0, end)) + "...";

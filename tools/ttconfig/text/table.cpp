@@ -1,6 +1,5 @@
-// Tables: answers how rows are laid out.
+// Tables: lays out rows as text, JSON or Markdown.
 // Doors: tableText(), tableJson(), tableMarkdown(), displayWidth().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/text_test.cpp.
 
 #include "ttconfig/text/table.h"
@@ -40,7 +39,7 @@ std::string escapedCell(std::string text) {
     return text;
 }
 
-// The character that starts at this byte, and the next one's place; bytes that are no UTF-8 stand for themselves.
+// The character that starts at this byte; moves at to the next one. Bytes that are not UTF-8 stand for themselves.
 char32_t characterAt(std::string_view text, std::size_t& at) {
     const auto lead = static_cast<unsigned char>(text[at++]);
     int more = lead >= 0xF8 ? 0 : lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;

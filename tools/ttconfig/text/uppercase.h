@@ -6,13 +6,14 @@
 
 namespace ttconfig {
 
-// Texts as they are in upper case, without making them so. As the table of a limit has it: of ASCII letters alone.
+// Compares and hashes texts as if they were in upper case, without copying them. Only ASCII letters change, as in limit
+// tables.
 
 inline char upperLetter(char letter) {
     return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
 }
 
-// Below, at or above 0, by bytes.
+// Negative, zero or positive; compares bytes.
 inline int compareUpper(std::string_view left, std::string_view right) {
     const std::size_t shared = std::min(left.size(), right.size());
     for (std::size_t i = 0; i < shared; ++i) {

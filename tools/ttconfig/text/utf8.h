@@ -5,8 +5,7 @@
 
 namespace ttconfig {
 
-// The length of the UTF-8 character at the start of a text that is not empty; 0 when there is none, but some other
-// byte.
+// The length of the UTF-8 character at the start of a text that is not empty; 0 when no valid character starts there.
 inline std::size_t utf8Length(std::string_view text) {
     const auto byteAt = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
     const unsigned char first = byteAt(0);
@@ -16,7 +15,7 @@ inline std::size_t utf8Length(std::string_view text) {
     for (std::size_t i = 1; i < length; ++i) {
         if ((byteAt(i) & 0xC0U) != 0x80U) return 0;
     }
-    // Neither longer than need be, nor a surrogate, nor beyond the last code point.
+    // Overlong forms, surrogates and values beyond the last code point are not valid.
     const unsigned char second = byteAt(1);
     const bool isOdd = (first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F) ||
                        (first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F);

@@ -1,6 +1,5 @@
-// Wide numbers: makes a JSON text readable that holds numbers beyond every double.
+// Wide numbers: lets JSON be parsed even if it holds numbers too large for a double.
 // Doors: withoutWideNumbers().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/session_test.cpp.
 
 #include "ttconfig/text/widenumbers.h"
@@ -16,7 +15,7 @@ namespace {
 constexpr std::string_view kNull = "null";
 constexpr std::string_view kDigits = "0123456789";
 
-// The text in quotes that starts here, its closing quote included.
+// The quoted text that starts here, including its closing quote.
 std::string_view quotedFrom(std::string_view text) {
     for (std::size_t i = 1; i < text.size(); ++i) {
         if (text[i] == '\\') {
@@ -34,8 +33,7 @@ std::string_view digitsFrom(std::string_view text, std::size_t start) {
     return rest.substr(0, rest.find_first_not_of(kDigits));
 }
 
-// The number that starts here, as long as JSON's grammar has it: what stands behind it is no part of it. Of a "-"
-// without a number that "-" alone.
+// The number that starts here, as far as JSON's grammar allows; a "-" without digits stands alone.
 std::string_view numberFrom(std::string_view text) {
     std::size_t end = text[0] == '-' ? 1 : 0;
     const std::string_view whole = digitsFrom(text, end);
@@ -66,7 +64,7 @@ std::string withoutWideNumbers(std::string_view text) {
         if (mayBeNumber) token = numberFrom(text);
         const bool isWide = mayBeNumber && token != "-" && !ttservice::internal::strictDouble(token);
         result.append(isWide ? kNull : token);
-        // A wide number takes more bytes than "null": what stands behind it keeps its column.
+        // A number this large is longer than "null": pad with blanks so that the rest of the line keeps its columns.
         if (isWide) result.append(std::max(token.size(), kNull.size()) - kNull.size(), ' ');
         text.remove_prefix(token.size());
     }

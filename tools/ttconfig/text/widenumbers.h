@@ -5,8 +5,8 @@
 
 namespace ttconfig {
 
-// The text with null in place of every number that no double can hold, such as 1e400: like null, it is no value of any
-// argument. A text that is no JSON stays none, and what is wrong with it stays in its column.
+// The text with null in place of every number that is too large for a double, such as 1e400: like null, such a number
+// suits no argument. A text that is not JSON stays invalid, and its error stays in the same column.
 std::string withoutWideNumbers(std::string_view text);
 
 }  // namespace ttconfig
