@@ -1,6 +1,5 @@
-// The program: carries out one subcommand and turns what goes wrong into a message and an exit code.
+// The program: carries out one subcommand and turns errors into a message and an exit code.
 // Doors: main().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/commandline_test.cpp.
 
 #include <exception>

@@ -38,7 +38,7 @@ constexpr const char* kExplainHelp =
     "  ttconfig explain getAlgoTypes --why-not TWAP,VWAP --settings settings.ini\n"
     "  ttconfig explain needHoldMargin 12 --override needholdmargin=true --settings settings.ini";
 
-// The call and, for the help text, its arguments: those are what is left over.
+// CALL and its arguments. The arguments are registered only for the help text; they are parsed as extra words.
 void addQuestion(CLI::App& app, CommandLine& line) {
     addWord(app, "CALL", line, "", "What is asked: the name of an operation");
     app.add_option_function<std::string>(
@@ -47,7 +47,7 @@ void addQuestion(CLI::App& app, CommandLine& line) {
     app.allow_extras();
 }
 
-// KEY=true or KEY=false.
+// Empty for KEY=true and KEY=false, otherwise what is wrong.
 std::string whyNoOverride(const std::string& given) {
     const std::size_t mark = given.rfind('=');
     const std::string value = mark == std::string::npos ? "" : given.substr(mark + 1);
@@ -55,7 +55,7 @@ std::string whyNoOverride(const std::string& given) {
     return fits ? std::string() : given + " is neither KEY=true nor KEY=false";
 }
 
-// Of a key that is given twice the later one counts, as it does in the client.
+// When a key is given twice, the later value wins, as it does in the client.
 void takeOverrides(const std::vector<std::string>& all, CommandLine& line) {
     for (const std::string& given : all) {
         const std::size_t mark = given.rfind('=');

@@ -1,6 +1,6 @@
-// The completion: answers what the last word of a command line may become.
+// Completion: lists what the last word of a command line can become.
 // Doors: runCompletionWords().
-// Owns: which names a word of which type may be.
+// Owns: the names that each type of word accepts.
 // Covered by tests/tools/ttconfig/completion_test.cpp.
 
 #include "ttconfig/commandline/completion.h"
@@ -24,12 +24,12 @@ using ttservice::internal::kSettingKeys;
 using ttservice::internal::PlatformSwitch;
 using ttservice::internal::SettingKey;
 
-// Collects the words that the last word may become.
+// Collects what the last word can become.
 class Candidates {
 public:
     explicit Candidates(std::string_view typed) : begun(typed) {}
 
-    // The word, with what stands in front of it on the command line: "--format=" before "json".
+    // Adds a word, prefixed with what precedes it in the same argument: "--format=" before "json".
     void add(std::string_view word, std::string_view meaning) {
         const std::string whole = before + std::string(word);
         if (whole.compare(0, begun.size(), begun) != 0 || !seen.insert(whole).second) return;
@@ -38,7 +38,7 @@ public:
         text += '\n';
     }
 
-    // Names that the shell knows: "files" or "directories".
+    // Leaves names to the shell: "files" or "directories".
     void addOfShell(std::string_view what) { text += ':' + std::string(what) + '\n'; }
 
     void standBehind(std::string_view front) { before = front; }
@@ -69,7 +69,7 @@ void addSwitchKeys(Candidates& candidates, const std::string& behind) {
         candidates.add(std::string(row.key) + behind, row.meaning);
 }
 
-// What `keys` takes: keys, sections and switches.
+// The names that `keys` accepts: keys, sections and switches.
 void addKeyNames(Candidates& candidates) {
     for (const SettingKey& row : kSettingKeys) {
         if (row.key != "*") candidates.add(row.key, row.meaning);
@@ -78,7 +78,7 @@ void addKeyNames(Candidates& candidates) {
     addSwitchKeys(candidates, "");
 }
 
-// First the key, up to its "="; then the value.
+// Completes the key up to its "=", then the value.
 void addOverrides(Candidates& candidates) {
     const std::string_view begun = candidates.begunWord();
     const std::size_t mark = begun.find('=');
@@ -88,7 +88,7 @@ void addOverrides(Candidates& candidates) {
     candidates.add(key + "false", "");
 }
 
-// Rules with "," between them: the one that is begun, behind those that are written.
+// Completes the last rule of a list separated by ",".
 void addRuleList(Candidates& candidates) {
     const std::string_view begun = candidates.begunWord();
     const std::string written(begun.substr(0, begun.rfind(',') + 1));
@@ -96,7 +96,7 @@ void addRuleList(Candidates& candidates) {
         candidates.add(written + std::string(rule.name), rule.title);
 }
 
-// Words of a type: what the option's value or the word on the command line is called in the help text.
+// Adds the words of a type; the type is what the help text calls the value of an option or a word.
 void addOfType(const std::string& type, Candidates& candidates) {
     if (type == "FILE") return candidates.addOfShell("files");
     if (type == "DIR") return candidates.addOfShell("directories");
@@ -133,7 +133,7 @@ void addSubcommands(const CLI::App& app, Candidates& candidates) {
     }
 }
 
-// The command line as far as it has been written: where it is, and what the next word is.
+// Follows the command line typed so far, to tell what the next word can be.
 class Walk {
 public:
     explicit Walk(const CLI::App& root) : app(&root) {}
@@ -174,7 +174,7 @@ private:
         return below.empty() ? nullptr : below.front();
     }
 
-    // The word that stands here: the next of the single ones, or one more of those that may be repeated.
+    // Completes a word that is not an option: the next single word, or one more of a word that may be repeated.
     void addWords(Candidates& candidates) const {
         std::size_t place = 0;
         for (const CLI::Option* option : app->get_options()) {
@@ -190,9 +190,9 @@ private:
     }
 
     const CLI::App* app;
-    const CLI::Option* pending = nullptr;  // waits for its value
-    std::size_t words = 0;                 // how many that are no options
-    bool literal = false;                  // behind "--"
+    const CLI::Option* pending = nullptr;  // its value comes next
+    std::size_t words = 0;                 // how many words that are not options
+    bool literal = false;                  // after "--"
 };
 
 }  // namespace

@@ -5,12 +5,12 @@
 
 namespace ttconfig {
 
-// Writes the script that teaches a shell to complete the tool's command line: "completion bash" and so on. Each asks
-// `completion words`, so the script need not be written anew when subcommands, keys, operations or rules come and go.
+// Writes the script that teaches a shell to complete the tool's command line: "completion bash" and so on. The script
+// calls `completion words` each time, so it need not change when subcommands, keys, operations or rules do.
 int runCompletionScript(const CommandLine& commandLine, Output& output);
 
-// Answers what the last of the words may become, a line each: the whole word and, behind a tab, what it means. A line
-// ":files" or ":directories" stands for names that the shell knows better. What cannot be completed has no line.
+// Lists what the last word can become, one per line: the whole word and, after a tab, its meaning. The lines ":files"
+// and ":directories" leave names to the shell. A word that cannot be completed gets no line.
 int runCompletionWords(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

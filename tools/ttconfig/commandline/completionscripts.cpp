@@ -1,4 +1,4 @@
-// The completion scripts: teach a shell to ask the tool what a word may become.
+// Completion scripts: let a shell ask the tool what a word can become.
 // Doors: runCompletionScript().
 // Owns: the scripts.
 // Covered by tests/tools/ttconfig/completion_test.cpp.
@@ -10,7 +10,7 @@ namespace ttconfig {
 
 namespace {
 
-// bash splits the line at "=" and ":" too, and wants of a word only what stands behind the last of them.
+// bash also splits the line at "=" and ":", and wants only the part of a word after the last of them.
 constexpr std::string_view kBash = R"sh(# bash completion of ttconfig; written by: ttconfig completion bash
 _ttconfig() {
     local left=${COMP_LINE:0:COMP_POINT} words=() answers=() part blank current front= answer

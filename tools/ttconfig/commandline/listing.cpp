@@ -1,4 +1,4 @@
-// The subcommands that list what there is: switches, keys.
+// The subcommands that list known names: switches, keys.
 // Doors: addSwitches(), addKeys().
 // Owns: their help texts.
 // Covered by tests/tools/ttconfig/commandline_test.cpp.
@@ -29,7 +29,7 @@ void addSwitches(CLI::App& app, CommandLine& line) {
     CLI::Option& settings = addSettings(app, line);
     CLI::Option& platform =
         addNumber(app, "--platform", line.platformId, "ID", "Tell also which are true for this platform");
-    // Neither says anything without the other.
+    // Each needs the other to be meaningful.
     settings.needs(&platform);
     platform.needs(&settings);
     addFormat(app, line, {"text", "json", "markdown"});

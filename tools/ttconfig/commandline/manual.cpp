@@ -1,6 +1,6 @@
-// The manual page: what the help texts say, all of it, as the man program wants it.
+// The manual page: formats all help texts for the man program.
 // Doors: runManual().
-// Owns: the sentences that no help text has.
+// Owns: the sentences that are in no help text.
 // Covered by tests/tools/ttconfig/manual_test.cpp.
 
 #include "ttconfig/commandline/manual.h"
@@ -38,7 +38,7 @@ the reference of the settings file;
 the platform switches.
 )";
 
-// A line of text: nothing in it is taken for a request or an escape, and a "-" is one that can be copied.
+// A line of roff text: nothing in it is read as a request or an escape, and a "-" can be copied.
 std::string roff(std::string_view text) {
     std::string line;
     for (const char c : text) {
@@ -55,7 +55,7 @@ std::string roff(std::string_view text) {
     return line.rfind('.', 0) == 0 ? "\\&" + line : line;
 }
 
-// A help text: lines that are indented stand as they are, the others flow.
+// A help text: indented lines keep their layout, other lines flow.
 std::string roffText(const std::string& help) {
     std::string page;
     bool asItIs = false;
@@ -113,7 +113,7 @@ std::string synopsis(const CLI::App& app, const std::string& path) {
     return fmt::format("\\fBttconfig {}\\fR [\\fIOPTIONS\\fR]\\fI{}\\fR\n", roff(path), roff(words));
 }
 
-// Calls back with each subcommand that can be run and its name, that of its topic in front.
+// Calls visit with each runnable subcommand and its full name, which includes its topic.
 template <typename Visit>
 void visitSubcommands(const CLI::App& app, const std::string& front, const Visit& visit) {
     for (const CLI::App* below : app.get_subcommands([](const CLI::App*) { return true; })) {

@@ -5,7 +5,7 @@
 
 namespace ttconfig {
 
-// Writes the manual page, for the man program, out of the help texts: every subcommand, every option.
+// Writes the manual page from the help texts: every subcommand, every option.
 int runManual(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

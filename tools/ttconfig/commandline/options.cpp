@@ -1,6 +1,5 @@
-// Options: registers what several subcommands can be told.
-// Doors: the functions of options.h.
-// Owns: the words of the formats and of --color.
+// Options: registers the options that several subcommands share.
+// Owns: the values of --format and --color.
 // Covered by tests/tools/ttconfig/commandline_test.cpp.
 
 #include "ttconfig/commandline/options.h"
@@ -67,7 +66,7 @@ void addFormat(CLI::App& app, CommandLine& line, const std::vector<std::string>&
 
 CLI::Option& addText(CLI::App& app, const std::string& name, std::optional<std::string>& text, const std::string& type,
                      const std::string& meaning) {
-    // Not bound to the text itself: CLI11 takes an empty value for none.
+    // Not bound to the text directly: CLI11 would treat an empty value as missing.
     const auto take = [&text](const std::string& given) { text = given; };
     return *app.add_option_function<std::string>(name, take, meaning)->type_name(type);
 }

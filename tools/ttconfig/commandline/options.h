@@ -7,11 +7,11 @@
 
 namespace ttconfig {
 
-// Options that several subcommands have. A value's type is what the help shows and the completion goes by: FILE, DIR,
-// RULE, RULE,... for a list of them, KEY=true|false, or the values there are with a "|" between them. An option that
-// was given with an empty value was given.
+// Options that several subcommands share. The help shows the type of a value, and completion depends on it: FILE, DIR,
+// RULE, RULE,... for a list of rules, KEY=true|false, or the possible values separated by "|". An option with an empty
+// value counts as given.
 
-// May be given several times: each directory is seen from the one before.
+// May be given several times: each directory is relative to the one before.
 void addDirectory(CLI::App& app, std::vector<std::string>& directories);
 
 void addColour(CLI::App& app, CommandLine& line);
@@ -23,7 +23,7 @@ void addPlatformData(CLI::App& app, CommandLine& line);
 // -C, --settings, --platform, --log-file.
 void addShared(CLI::App& app, CommandLine& line);
 
-// The first of the formats is the one without the option.
+// The first format is the default.
 void addFormat(CLI::App& app, CommandLine& line, const std::vector<std::string>& formats,
                const std::string& meaning = "How the answer is written");
 
@@ -37,11 +37,11 @@ CLI::Option& addNumber(CLI::App& app, const std::string& name, std::optional<int
 CLI::Option& addTexts(CLI::App& app, const std::string& name, std::vector<std::string>& texts, const std::string& type,
                       const std::string& meaning);
 
-// One word that must be there. Words are told apart by the order in which they are added.
+// One required word. Words are told apart by the order in which they are added.
 CLI::Option& addWord(CLI::App& app, const std::string& name, CommandLine& line, const std::string& type,
                      const std::string& meaning);
 
-// Refuses what is no whole number of 32 bits.
+// Empty for a 32-bit whole number, otherwise what is wrong.
 std::string whyNoNumber(const std::string& given);
 
 }  // namespace ttconfig

@@ -1,6 +1,6 @@
-// The command line: answers what the program was asked to do.
+// The command line: finds out what the program was asked to do.
 // Doors: readCommandLine().
-// Owns: what is printed about a command line that asks for nothing to be done.
+// Owns: what is printed for help, the version and usage errors.
 // Covered by tests/tools/ttconfig/commandline_test.cpp.
 
 #include "ttconfig/commandline/reading.h"
@@ -24,7 +24,7 @@ std::optional<int> readCommandLine(int argc, const char* const* argv, CommandLin
         std::cerr << "ttconfig: standard output cannot be written\n";
         return kExitInternal;
     } catch (const CLI::ParseError& error) {
-        // CLI11's own message is one line, and one that says where help is.
+        // CLI11's own message is one line; add one that says where to find help.
         std::cerr << "ttconfig: " << error.what() << registration.suggestion()
                   << "\nRun with --help for more information.\n";
         return kExitUsage;

@@ -6,8 +6,8 @@
 
 namespace ttconfig {
 
-// Reads the command line. Help, the version and usage errors are printed here, and the exit code is returned; nothing
-// is returned when there is work to do.
+// Reads the command line. Prints help, the version and usage errors itself and returns the exit code; returns nothing
+// when there is work to do.
 std::optional<int> readCommandLine(int argc, const char* const* argv, CommandLine& commandLine);
 
 }  // namespace ttconfig

@@ -1,4 +1,4 @@
-// The registration: makes CLI11's idea of the command line out of the table of subcommands, and reads it.
+// Registration: describes the command line to CLI11 from the table of subcommands, and parses it.
 // Doors: Registration.
 // Owns: the program's own options and help text.
 // Covered by tests/tools/ttconfig/commandline_test.cpp.
@@ -20,7 +20,7 @@ namespace {
 constexpr const char* kAbout =
     "Asks the trading client's configuration: what a settings file says, and what the library answers from it.";
 
-// The exit codes, and where to read on.
+// The exit codes, and where to read more.
 std::string footer() {
     std::string text = "Exit codes:\n";
     for (const auto& [code, meaning] : kExitCodes)
@@ -36,7 +36,7 @@ bool isNumberLike(const std::string& word) {
     return word.size() > 1 && (word[1] == '.' || (word[1] >= '0' && word[1] <= '9'));
 }
 
-// What was left over of a question's words. Left-overs that look like options are options that there are not.
+// The words of a question that CLI11 left over. One that looks like an option is refused as unknown.
 std::vector<std::string> askedWords(const CLI::App& app) {
     std::vector<std::string> words = app.remaining();
     for (const std::string& word : words) {
@@ -47,7 +47,7 @@ std::vector<std::string> askedWords(const CLI::App& app) {
     return words;
 }
 
-// Whether some subcommand has an option of that name with a value.
+// Whether any subcommand has an option of that name that takes a value.
 bool takesValue(const CLI::App& app, const std::string& name) {
     const auto hasIt = [&name](const CLI::App* each) {
         const CLI::Option* option = each->get_option_no_throw(name);
@@ -58,7 +58,7 @@ bool takesValue(const CLI::App& app, const std::string& name) {
            std::any_of(parts.begin(), parts.end(), [&name](const CLI::App* part) { return takesValue(*part, name); });
 }
 
-// "--name=" gives the option an empty value. CLI11 would take the next word for it.
+// Splits "--name=" into the option and an empty value; CLI11 would take the next word as its value.
 std::vector<std::string> withEmptyValues(const CLI::App& app, const std::vector<std::string>& words) {
     std::vector<std::string> all;
     for (const std::string& word : words) {
@@ -116,7 +116,7 @@ void Registration::add(const Subcommand& row) {
     added.push_back(&app);
 }
 
-// Words behind "--" are nobody's options; CLI11 takes them in reverse order, as it does all words.
+// Words after "--" belong to no option. CLI11 takes all words in reverse order.
 void Registration::parse(std::vector<std::string> words) {
     const auto mark = std::find(words.begin(), words.end(), "--");
     const std::vector<std::string> literal(mark == words.end() ? mark : mark + 1, words.end());

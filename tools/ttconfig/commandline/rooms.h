@@ -4,7 +4,7 @@
 
 namespace ttconfig {
 
-// What each subcommand can be told; a file a group.
+// Each registers the options and words of a subcommand; one source file per group.
 
 void addSession(CLI::App& app, CommandLine& line);
 void addAsk(CLI::App& app, CommandLine& line);

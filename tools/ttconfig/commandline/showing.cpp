@@ -43,7 +43,7 @@ constexpr const char* kAlgosHelp =
     "Example:\n"
     "  ttconfig algos --script samples/luaScripts/AlgoParams.lua --rights mdl_alg_twap,mdl_alg_jazz1";
 
-// The script that is named is one of the files that must not be written to.
+// The script is an input, so no output may overwrite it.
 CLI::Option& addScript(CLI::App& app, CommandLine& line, const std::string& meaning) {
     const auto take = [&line](const std::string& given) {
         line.script = given;

@@ -8,27 +8,27 @@
 
 namespace ttconfig {
 
-// Adds what a subcommand can be told to its part of the command line, and its help's examples; what is given goes into
-// the CommandLine.
+// Adds a subcommand's options, words and help examples to its part of the command line. Parsed values go into the
+// CommandLine.
 using AddOptions = void (*)(CLI::App&, CommandLine&);
 
-// What the words are that are no options.
+// How words that are not options are read.
 enum class Words {
-    Registered,  // as the options' function registers them
-    Question,    // a call and its arguments, which CLI11 would take apart where they are lists: all that is left over
-    Literal,     // whatever they are, options included
+    Registered,  // as AddOptions registers them
+    Question,    // a call and its arguments: all words left over, as CLI11 would split lists
+    Literal,     // as they stand, even if they look like options
 };
 
 struct Subcommand {
-    std::string_view name;  // of two words where it is a part of a topic, which kTopics then has
+    std::string_view name;  // two words if it belongs to a topic, which topics() must list
     const char* about;
     AddOptions addOptions;
     RunSubcommand run;
     Words words = Words::Registered;
-    bool hidden = false;  // is in no help, manual or completion
+    bool hidden = false;  // left out of help, manual and completion
 };
 
-// What stands above subcommands of two words.
+// The first word of subcommands of two words.
 struct Topic {
     std::string_view name;
     const char* about;
@@ -40,19 +40,19 @@ struct Topic {
 const std::vector<Subcommand>& subcommands();
 const std::vector<Topic>& topics();
 
-// Everything that is registered: the program with its subcommands, in the order of the help. What is given on a command
-// line that is parsed goes into "commandLine", what is given in front of the subcommand into "rootDirectories".
+// The program with all its subcommands, in the order of the help. Parsed values go into the CommandLine, directories
+// given before the subcommand into rootDirectories.
 class Registration {
 public:
     explicit Registration(CommandLine& commandLine);
 
     CLI::App& app() { return root; }
 
-    // Parses, and fills the command line.
+    // Parses the words and fills the CommandLine.
     void parse(std::vector<std::string> words);
 
-    // Behind a command line that was refused for a word where a subcommand's name should be: "; did you mean NAME?", or
-    // nothing when no name is near or something else was wrong.
+    // Added to the message when a word is not the subcommand's name expected there: "; did you mean NAME?". Empty when
+    // no name is near or when something else was wrong.
     std::string suggestion() const;
 
 private:
@@ -63,7 +63,7 @@ private:
     CommandLine& line;
     std::vector<std::string> rootDirectories;
     CLI::App root;
-    std::vector<CLI::App*> added;  // as subcommands() has them
+    std::vector<CLI::App*> added;  // in the order of subcommands()
 };
 
 }  // namespace ttconfig

@@ -1,6 +1,6 @@
-// The subcommands: all of them, each with what can be told to it and what carries it out.
+// The table of subcommands: each with its options and the function that carries it out.
 // Doors: subcommands(), topics().
-// Owns: their names and the sentences about them. To add one: a row here, and a function in one of the rooms beside.
+// Owns: their names and descriptions. To add one, add a row here and a function in one of the sources of this folder.
 // Covered by tests/tools/ttconfig/commandline_test.cpp.
 
 #include <iostream>
@@ -32,7 +32,7 @@ namespace ttconfig {
 
 namespace {
 
-// For those that have nothing to say by their exit code.
+// Wraps a subcommand that returns no exit code.
 template <auto Run>
 int run(const CommandLine& commandLine, Output& output) {
     if constexpr (std::is_void_v<decltype(Run(commandLine, output))>) {

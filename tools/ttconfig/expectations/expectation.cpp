@@ -1,4 +1,4 @@
-// Expectations: answers what a line of an expectation file asks, and what it expects.
+// Expectations: parses the lines of an expectation file.
 // Doors: readExpectation().
 // Owns: the grammar of the lines.
 // Covered by tests/tools/ttconfig/expectations/expectation_test.cpp.
@@ -18,12 +18,12 @@ bool isBlank(char letter) {
     return letter == ' ' || letter == '\t' || letter == '\r';
 }
 
-// One line, from left to right. Throws MalformedLine.
+// Reads one line from left to right. Throws MalformedLine.
 class LineReader {
 public:
     LineReader(std::string_view wholeLine, std::uint32_t lineNumber) : line(wholeLine), number(lineNumber) {}
 
-    // Nothing is left but blanks and a comment.
+    // Skips blanks; true when nothing or only a comment follows.
     bool isAtEnd() {
         while (at < line.size() && isBlank(line[at]))
             ++at;
@@ -47,7 +47,7 @@ public:
         return opening == '"' ? unquoted(text, here) : text;
     }
 
-    // The rest of the line up to a comment, as it stands.
+    // The rest of the line up to a comment, unchanged.
     std::string rest() {
         const std::size_t start = at;
         std::size_t end = at;
@@ -67,7 +67,7 @@ public:
 private:
     bool isBehindBlank() const { return at == 0 || isBlank(line[at - 1]); }
 
-    // Passes a quoted text, or what stands in brackets, to its end.
+    // Skips a quoted text or a value in brackets.
     void skipJson() {
         const Place start = place();
         int depth = 0;
@@ -111,7 +111,7 @@ Expectation expectationOf(LineReader& reader) {
     if (expectation.words.empty()) LineReader::refuse(expectation.place, "no question in front of the =");
     if (!reader.isAtEqual()) LineReader::refuse(reader.place(), "no = and expected answer behind the question");
     reader.pass();
-    // An answer may be an empty text.
+    // The expected answer may be an empty text.
     if (!reader.isAtEnd()) expectation.expected = reader.rest();
     return expectation;
 }

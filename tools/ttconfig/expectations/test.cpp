@@ -1,6 +1,5 @@
-// The test subcommand: holds the store's answers against a file of expected ones.
+// The test subcommand: compares the store's answers with a file of expected ones.
 // Doors: runTest().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/answers_test.cpp.
 
 #include "ttconfig/expectations/test.h"
@@ -47,13 +46,13 @@ std::string bytesOf(const std::string& file) {
     return bytes;
 }
 
-// A byte order mark at the start counts as nothing.
+// Ignores a byte order mark at the start.
 std::string_view withoutMark(std::string_view bytes) {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     return bytes.substr(0, kMark.size()) == kMark ? bytes.substr(kMark.size()) : bytes;
 }
 
-// Where the question is wrong: at the argument that the objection names, else at its start.
+// The place of the error: the argument that the objection names, otherwise the start of the question.
 Place wrongPlace(const Expectation& expectation, const std::string& objection) {
     constexpr std::string_view kArgument = ": argument ";
     const std::size_t at = objection.find(kArgument);
@@ -64,7 +63,7 @@ Place wrongPlace(const Expectation& expectation, const std::string& objection) {
     return expectation.places[static_cast<std::size_t>(number)];
 }
 
-// What a question is refused for; nothing when it can be asked.
+// Why a question cannot be asked; nothing when it can.
 std::optional<MalformedLine> objectionTo(const Expectation& expectation) {
     const std::string& call = expectation.words.front();
     try {
@@ -89,7 +88,7 @@ std::optional<MalformedLine> objectionTo(const Expectation& expectation) {
     throw Fault(kExitUsage, messages.front(), {messages.begin() + 1, messages.end()});
 }
 
-// All lines are read and looked at before the first question is asked.
+// Reads and checks all lines before asking the first question.
 std::vector<Expectation> expectationsIn(const std::string& file) {
     const std::string bytes = bytesOf(file);
     std::vector<Expectation> expectations;
@@ -108,7 +107,7 @@ std::vector<Expectation> expectationsIn(const std::string& file) {
         }
     }
     if (!malformed.empty()) refuseLines(file, malformed);
-    // A run that asks nothing would pass whatever the settings say.
+    // A run that asks nothing would pass with any settings.
     if (expectations.empty()) {
         throw Fault(kExitUsage, file + ": holds no expectation; write one a line: isNeedMaxAmountPts 12 = true");
     }
@@ -127,7 +126,7 @@ public:
         standin::SettingsText::load(settings, settingsText);
     }
 
-    // Answers how many expectations are not met.
+    // Returns how many expectations are not met.
     std::size_t run(const std::vector<Expectation>& expectations) {
         std::size_t failed = 0;
         for (const Expectation& expectation : expectations) {
@@ -144,7 +143,7 @@ public:
     }
 
 private:
-    // Where and what, and under it why the answer is what it is.
+    // The place and the difference, followed by the explanation of the answer.
     std::string failureText(const Expectation& expectation, const Arguments& arguments, const Answer& answer) const {
         const std::string& call = expectation.words.front();
         const std::vector<std::string> words(expectation.words.begin() + 1, expectation.words.end());

@@ -5,9 +5,8 @@
 
 namespace ttconfig {
 
-// Asks every question of an expectation file and tells which answers are not the expected ones. Answers the exit code:
-// kExitDone when all are, kExitFindings when some are not. Throws Fault for a file that cannot be used and for lines
-// that are no expectations.
+// Asks every question of an expectation file and reports the answers that differ. Returns kExitDone when all match,
+// otherwise kExitFindings. Throws Fault for a file that cannot be used and for malformed lines.
 int runTest(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

@@ -1,6 +1,5 @@
 // ttconfig algos: shows what the algorithm catalogue makes of a script.
 // Doors: runAlgos().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/algos_test.cpp.
 
 #include "ttconfig/scripts/algos.h"
@@ -45,7 +44,7 @@ std::vector<std::string_view> knownProducts() {
     return products;
 }
 
-// Adds the rights to those of the platform data. One that guards no block is told, in case it is misspelt.
+// Adds rights to those of the platform data. Warns of a right that guards no block, as it may be misspelt.
 void grant(std::string_view list) {
     const std::vector<std::string_view> known = knownProducts();
     standin::PlatformData data = *standin::PlatformData::current();
@@ -62,14 +61,14 @@ bool holds(const char* product) {
     return product != nullptr && ttservice::testAuth(kAlgorithmRights, product);
 }
 
-// The right that opens the block: "always" when it needs none, empty when the user holds none.
+// The right that opens the block: "always" when it needs none, empty when the user holds no such right.
 std::string openedBy(const VendorBlock& block) {
     if (block.product == nullptr) return "always";
     if (holds(block.product)) return block.product;
     return holds(block.alternative) ? block.alternative : "";
 }
 
-// The record that the text gives, if it does.
+// The record that the text describes, if it is valid.
 struct RecordOf {
     explicit RecordOf(const std::string& text) {
         try {
@@ -108,7 +107,7 @@ Table blockTable(const AlgorithmParamConfig& catalogue, Format format) {
     return table;
 }
 
-// Whether a block that was opened gave none.
+// Whether a block that was opened gave no record.
 bool lacksRecords(const Table& table) {
     return std::any_of(table.rows.begin(), table.rows.end(),
                        [](const std::vector<Answer>& row) { return !row[1].is_null() && row[3].is_null(); });

@@ -5,8 +5,8 @@
 
 namespace ttconfig {
 
-// Has the algorithm catalogue read a script with the rights of the platform data and those that the command line names,
-// and shows what each vendor's block came to. Throws Fault for a script that cannot be read.
+// Lets the algorithm catalogue read a script with the rights of the platform data and of the command line, and shows
+// the result of each vendor's block. Throws Fault for a script that cannot be read.
 void runAlgos(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

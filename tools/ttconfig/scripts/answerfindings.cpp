@@ -1,6 +1,5 @@
-// The examination of scripts' answers.
+// Answer findings: checks the texts that scripts answer.
 // Doors: marketListFindings(), sessionTextFindings(), vendorTextFindings().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/answerfindings_test.cpp.
 
 #include "ttconfig/scripts/answerfindings.h"
@@ -33,10 +32,10 @@ using Findings = std::vector<std::string>;
 
 constexpr std::size_t kMostTroubleBytes = 200;
 
-// Why a text is no JSON in the strict sense, with the place; nothing when it is.
+// Why a text is not strict JSON, with the place; nothing when it is.
 std::optional<std::string> jsonTrouble(const std::string& text) {
     try {
-        static_cast<void>(preparedJson(text));  // what is nested too deep goes no further
+        static_cast<void>(preparedJson(text));  // throws before deep nesting reaches the parser
         [[maybe_unused]] const Argument parsed = Argument::parse(text);
         return std::nullopt;
     } catch (const Argument::exception& trouble) {
@@ -51,7 +50,7 @@ std::optional<std::string> jsonTrouble(const std::string& text) {
     }
 }
 
-// The object that the client reads out of the text, and what is to be said about the text as a whole.
+// The object that the client reads from the text. Adds findings about the text as a whole.
 std::optional<bson::BSONObj> readAnswer(const std::string& text, Findings& findings) {
     if (text.empty()) {
         findings.push_back("answers an empty text");
@@ -87,7 +86,7 @@ void examineStatus(const bson::BSONElement& field, Findings& findings) {
                        " is no whole number of 32 bits and" + counts);
 }
 
-// The status that counts at each clock time.
+// The status that applies at each clock time.
 std::map<int, int> readPoints(const bson::BSONObj& object, Findings& findings) {
     std::map<int, int> statusAt;
     for (bson::BSONObjIterator fields(object); fields.more();) {
@@ -106,8 +105,8 @@ std::map<int, int> readPoints(const bson::BSONObj& object, Findings& findings) {
     return statusAt;
 }
 
-// Follows a day's opens and closes. A night session is closed by the first close of the day, and a market that opens at
-// midnight may be open through it.
+// Follows the opens and closes of a day. The first close of the day may end a night session, and a market that opens at
+// midnight may stay open past the next midnight.
 class DayWalk {
 public:
     void pass(int second, int status) {
@@ -138,10 +137,10 @@ private:
     void say(std::string finding) { findings.push_back(std::move(finding)); }
     void sayUnopened(int second) { say("closed at " + clockText(second) + " without having been opened"); }
 
-    bool seen = false;  // an open
+    bool seen = false;  // an open has been seen
     bool opensAtMidnight = false;
     std::optional<int> open;
-    std::optional<int> earlyClose;  // before any open: of the night session, if there is one
+    std::optional<int> earlyClose;  // a close before any open: ends the night session, if there is one
     Findings findings;
 };
 

@@ -5,10 +5,10 @@
 
 namespace ttconfig {
 
-// What is wrong with the texts that scripts answer, one sentence each: what the client passes over or takes for
-// something else, and what it takes although it is no JSON. Empty for a text that means what it says.
+// Findings about the texts that scripts answer, one sentence each: what the client ignores or misreads, and what it
+// accepts although it is not JSON. Empty for a text without problems.
 
-// A market list; its names, in their order, go to markets when the client can read it.
+// A market list. When the client can read it, its names are stored in markets, in their order.
 std::vector<std::string> marketListFindings(const std::string& text, std::vector<std::string>& markets);
 
 // The session text of one market.

@@ -1,4 +1,4 @@
-// A script under examination: runs it and tells what goes wrong where.
+// A script under examination: runs it and reports what goes wrong, with the line.
 // Doors: CheckedScript.
 // Owns: its interpreter.
 // Covered by tests/tools/ttconfig/checkedscript_test.cpp.
@@ -20,7 +20,7 @@ using ttservice::internal::looseInt;
 
 constexpr std::size_t kMostMemory = std::size_t{1} << 30;
 
-// Lua's memory, counted; there is no more than kMostMemory.
+// Lua's allocator: counts the memory in use and limits it to kMostMemory.
 void* limitedMemory(void* counted, void* block, std::size_t before, std::size_t wanted) {
     auto& inUse = *static_cast<std::size_t*>(counted);
     if (block == nullptr) before = 0;
@@ -35,7 +35,7 @@ void* limitedMemory(void* counted, void* block, std::size_t before, std::size_t 
     return moved;
 }
 
-// printLog for the script: one text and nothing else, as the client's. Upvalue: the sink.
+// The script's printLog: takes exactly one text, as the client's does. Upvalue: the sink.
 int printLog(lua_State* lua) {
     if (lua_gettop(lua) != 1 || lua_type(lua, 1) != LUA_TSTRING) {
         return luaL_error(lua, "printLog takes one text, and no number or other value");
@@ -46,8 +46,8 @@ int printLog(lua_State* lua) {
     return 0;
 }
 
-// Called where an error comes up: notes the innermost line of Lua code, and leaves the error as it is. Upvalue: the
-// place of the number.
+// Error handler: records the line of the innermost Lua code and leaves the error unchanged. Upvalue: where the line
+// goes.
 int noteLine(lua_State* lua) {
     int& line = *static_cast<int*>(lua_touserdata(lua, lua_upvalueindex(1)));
     line = 0;
@@ -59,13 +59,13 @@ int noteLine(lua_State* lua) {
     return 1;
 }
 
-// The global of the name that it is given; what guards the globals may raise an error.
+// Lua function: returns the global of the given name. Run protected, as a metamethod of the globals may raise an error.
 int global(lua_State* lua) {
     lua_gettable(lua, LUA_GLOBALSINDEX);
     return 1;
 }
 
-// Calls the global of the name that it is given with the arguments that follow.
+// Lua function: calls the global of the given name with the arguments that follow.
 int callGlobal(lua_State* lua) {
     lua_pushvalue(lua, 1);
     lua_gettable(lua, LUA_GLOBALSINDEX);
@@ -74,7 +74,7 @@ int callGlobal(lua_State* lua) {
     return 1;
 }
 
-// Whether a message's place is the script: its path, or "..." and the end of it where Lua found it too long.
+// Whether the place in a message is the script: its path, or "..." and the end of the path where Lua shortened it.
 bool isPlaceOf(std::string_view path, std::string_view place) {
     if (place == path) return true;
     if (place.substr(0, 3) != "...") return false;
@@ -82,7 +82,7 @@ bool isPlaceOf(std::string_view path, std::string_view place) {
     return place.size() <= path.size() && path.substr(path.size() - place.size()) == place;
 }
 
-// Takes "place:12: " off a message that starts so, and answers the line; 0 for any other message.
+// Removes a leading "place:12: " from a message and returns the line; 0 for any other message.
 int takePlace(std::string_view path, std::string& message) {
     for (std::size_t colon = message.find(':'); colon != std::string::npos; colon = message.find(':', colon + 1)) {
         const std::size_t end = message.find_first_not_of("0123456789", colon + 1);
@@ -114,7 +114,7 @@ bool CheckedScript::load(const std::string& path, ScriptTrouble& trouble) {
     lua_pushliteral(lua, "printLog");
     lua_pushlightuserdata(lua, &print);
     lua_pushcclosure(lua, printLog, 1);
-    lua_rawset(lua, LUA_GLOBALSINDEX);  // past whatever guards the globals, as the client does
+    lua_rawset(lua, LUA_GLOBALSINDEX);  // bypasses metamethods of the globals, as the client does
     return true;
 }
 
@@ -149,7 +149,7 @@ ScriptAnswer CheckedScript::call(const char* function, const std::string* argume
     return answer;
 }
 
-// Calls what is on the stack below its arguments; leaves the results, or nothing.
+// Calls the function that is on the stack below its arguments. Leaves the results there, or nothing on failure.
 bool CheckedScript::run(int arguments, int results, ScriptTrouble& trouble) {
     lua_State* const lua = state.get();
     const int handler = lua_gettop(lua) - arguments;
@@ -164,8 +164,8 @@ bool CheckedScript::run(int arguments, int results, ScriptTrouble& trouble) {
     return false;
 }
 
-// The error on top of the stack, taken off. "place:12: message" gives its line and the rest; of other errors the line
-// is the one that was noted.
+// Pops the error from the stack. "place:12: message" gives the line and the rest; any other error gets the recorded
+// line.
 ScriptTrouble CheckedScript::takeTrouble() {
     lua_State* const lua = state.get();
     ScriptTrouble trouble;

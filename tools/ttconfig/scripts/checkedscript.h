@@ -7,13 +7,13 @@
 
 namespace ttconfig {
 
-// Lua's error as a script's author wants it: the line, 0 when it is not known, and the message without the place.
+// A Lua error as a script's author needs it: the line (0 when unknown) and the message without the place.
 struct ScriptTrouble {
     int line = 0;
     std::string message;
 };
 
-// What a script's function gave.
+// The outcome of calling a script's function.
 struct ScriptAnswer {
     enum class Kind {
         Text,
@@ -25,22 +25,22 @@ struct ScriptAnswer {
     ScriptTrouble trouble;
 };
 
-// A script in an interpreter of the tool's own, with the libraries and the printLog that the client gives scripts.
-// Where the client logs a line, this one tells what was wrong. An interpreter may use 1 GiB. Errors outside of the
-// script's own doing end the process: it is meant for a process that may end.
+// A script in its own interpreter, with the libraries and the printLog that the client gives scripts. Where the client
+// logs an error, this class returns it. The interpreter may use 1 GiB. An error outside the script's code ends the
+// process, so use this class only in a process that may end.
 class CheckedScript {
 public:
     using PrintSink = std::function<void(const std::string& text)>;
 
     explicit CheckedScript(PrintSink onPrint);
 
-    // Loads the file and runs it once. False, and why, when that failed.
+    // Loads the file and runs it once. Returns false, and the reason in trouble, when that fails.
     bool load(const std::string& path, ScriptTrouble& trouble);
 
-    // Whether there is a global function of that name.
+    // Whether a global function of that name exists.
     bool defines(const char* function);
 
-    // Calls the function without an argument (null) or with one.
+    // Calls the function with the argument, or without one when it is null.
     ScriptAnswer call(const char* function, const std::string* argument);
 
 private:
@@ -54,7 +54,7 @@ private:
     PrintSink print;
     std::size_t memory = 0;
     std::string file;
-    int lineOfError = 0;  // where the last error came up
+    int lineOfError = 0;  // the line of the last error
     std::unique_ptr<lua_State, Close> state;
 };
 

@@ -1,6 +1,5 @@
-// Work in a process of its own, with a limit to its time. POSIX alone, like the rest of the program.
+// Work in a child process with a time limit. POSIX only, like the rest of the program.
 // Doors: runInChild().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/childprocess_test.cpp.
 
 #include "ttconfig/scripts/childprocess.h"
@@ -25,7 +24,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// What the child sends last when the work returned. No line of the work looks like it.
+// The child sends this last, after the work has returned. No line of the work contains it.
 constexpr char kFinishedMark = '\0';
 
 [[noreturn]] void failToStart() {
@@ -36,7 +35,7 @@ void writeAll(int descriptor, const std::string& bytes) {
     std::size_t done = 0;
     while (done < bytes.size()) {
         const ssize_t written = ::write(descriptor, bytes.data() + done, bytes.size() - done);
-        if (written < 0 && errno != EINTR) return;  // nobody listens any longer
+        if (written < 0 && errno != EINTR) return;  // the parent no longer reads
         if (written > 0) done += static_cast<std::size_t>(written);
     }
 }
@@ -60,7 +59,7 @@ int millisecondsUntil(Clock::time_point deadline) {
     return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(left, 0, 1000000));
 }
 
-// The lines that come through the pipe, until its end or the end of the time.
+// Reads lines from the pipe until it closes or the deadline passes.
 class Reader {
 public:
     enum class End { Closed, TimedOut };
@@ -111,11 +110,11 @@ int waitFor(pid_t child) {
     return status;
 }
 
-// Ends the child, if it is still there, and whatever it left running in its group; answers how it ended. A child that
-// closed its end by itself is waited for first, so that it is known how.
+// Kills the child if it still runs, and everything it left running in its process group; returns the child's exit
+// status. A child that closed its end of the pipe itself is waited for first, so that its own exit status is known.
 int collect(pid_t child, bool endsByItself) {
     if (!endsByItself && ::kill(-child, SIGKILL) != 0)
-        ::kill(child, SIGKILL);  // before its setpgid() there is no group
+        ::kill(child, SIGKILL);  // the group does not exist before the child's setpgid()
     const int status = waitFor(child);
     ::kill(-child, SIGKILL);
     return status;

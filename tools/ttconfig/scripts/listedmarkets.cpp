@@ -1,6 +1,5 @@
-// The markets of a market-time script: answers which ones it lists.
+// Listed markets: reads which markets a market-time script lists.
 // Doors: listedMarkets().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/marketsessions_test.cpp.
 
 #include "ttconfig/scripts/listedmarkets.h"

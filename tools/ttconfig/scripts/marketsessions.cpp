@@ -1,6 +1,5 @@
 // ttconfig sessions: shows when the markets trade.
 // Doors: runSessions().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/marketsessions_test.cpp.
 
 #include "ttconfig/scripts/marketsessions.h"
@@ -55,7 +54,7 @@ Answer sessionsJson(const Sessions& sessions) {
     return list;
 }
 
-// A row a market: its name, whether it trades at the time if one is given, its sessions.
+// One row per market: its name, whether it trades at the given time (if any), and its sessions.
 Table marketTable(const std::vector<std::string>& markets, std::optional<int> second, Format format) {
     Table table{"sessions", "", {"market"}, {}};
     if (second) table.columns.push_back("open");

@@ -1,6 +1,5 @@
-// Scripts on disk: answers whether the file that was named can be meant.
+// Script files: checks that the named script can be read.
 // Doors: requireScript().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/scriptcheck_test.cpp.
 
 #include "ttconfig/scripts/requirescript.h"

@@ -1,6 +1,5 @@
-// ttconfig script check: examines a script in a process of its own, which may end or never end.
+// ttconfig script check: examines a script in a child process, as the script may end its process or never return.
 // Doors: runScriptCheck().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/scriptcheck_test.cpp.
 
 #include "ttconfig/scripts/scriptcheck.h"
@@ -21,7 +20,7 @@ namespace ttconfig {
 
 namespace {
 
-// What came of an examination.
+// The outcome of an examination.
 struct Outcome {
     Answer findings = Answer::array();
     Answer counts = Answer::object();  // "markets", "algorithms"
@@ -58,7 +57,7 @@ void addUntimelyEnd(const ChildEnd& end, double seconds, Outcome& outcome) {
     }
 }
 
-// "FILE:LINE: where: message", as editors and compilers have it.
+// "FILE:LINE: where: message", the form that editors and compilers use.
 std::string findingLine(const std::string& path, const Answer& finding) {
     const int line = finding["line"];
     return path + (line > 0 ? ":" + std::to_string(line) : std::string()) + ": " +

@@ -5,8 +5,8 @@
 
 namespace ttconfig {
 
-// Runs a script as the client would and prints what is wrong with it, a line each: "FILE:LINE: where: what". Answers
-// the exit code: kExitDone for a clean script, else kExitFindings. Throws Fault for a file that cannot be read.
+// Runs a script as the client would and prints what is wrong with it, one problem per line: "FILE:LINE: where: what".
+// Returns kExitDone for a clean script, otherwise kExitFindings. Throws Fault for a file that cannot be read.
 int runScriptCheck(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

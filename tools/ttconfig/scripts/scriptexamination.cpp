@@ -1,6 +1,5 @@
-// The examination of a script: asks it everything that the client could ask.
+// Script examination: asks a script everything that the client could ask.
 // Doors: examineScript().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/scriptcheck_test.cpp.
 
 #include "ttconfig/scripts/scriptexamination.h"
@@ -62,7 +61,7 @@ private:
             report(where, finding);
     }
 
-    // The text that the function answers; without one, what is wrong is told.
+    // The text that the function answers. When it answers none, reports why.
     std::optional<std::string> ask(const char* function, const std::string* argument) {
         const std::string where =
             argument == nullptr ? function : std::string(function) + "(" + shownText(*argument) + ")";

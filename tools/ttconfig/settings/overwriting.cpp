@@ -1,6 +1,5 @@
-// Overwriting: sees to it that no file that is read is written to.
+// Overwriting: keeps the program from writing to a file that it reads.
 // Doors: refuseToOverwrite().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/overwriting_test.cpp.
 
 #include "ttconfig/settings/overwriting.h"

@@ -9,7 +9,7 @@
 
 namespace ttconfig {
 
-// A place in a settings file. Both count from 1, columns in bytes, as SettingsText counts them.
+// A place in a settings file. Line and column count from 1; columns count bytes, as in SettingsText.
 struct Place {
     std::uint32_t line = 0;
     std::uint32_t column = 0;
@@ -33,16 +33,16 @@ inline Place valuePlace(const standin::SettingsEntry& entry) {
     return {entry.line, entry.valueColumn};
 }
 
-// Where a piece of the entry's key stands.
+// The place of a piece of the entry's key.
 inline Place placeInKey(const standin::SettingsEntry& entry, std::string_view piece) {
     return {entry.line, entry.keyColumn + static_cast<std::uint32_t>(piece.data() - entry.key.data())};
 }
-// Where a piece of the entry's value stands. An empty piece has a place, too, as long as it is a view into the value.
+// The place of a piece of the entry's value. An empty piece has a place too, as long as it is a view into the value.
 inline Place placeInValue(const standin::SettingsEntry& entry, std::string_view piece) {
     return {entry.line, entry.valueColumn + static_cast<std::uint32_t>(piece.data() - entry.value.data())};
 }
 
-// The line around a view into the text, without its end.
+// The line that contains a view into the text, without its end.
 inline std::string_view lineAround(const standin::SettingsText& text, std::string_view view) {
     const std::string_view bytes = text.bytes();
     const auto at = static_cast<std::size_t>(view.data() - bytes.data());
@@ -54,7 +54,7 @@ inline std::string_view lineAround(const standin::SettingsText& text, std::strin
     return line;
 }
 
-// The lines of a text by their numbers, for many look-ups. Good for as long as the text is.
+// The lines of a text by number, for many look-ups. Valid as long as the text.
 class LineTexts {
 public:
     explicit LineTexts(const standin::SettingsText& text) {
@@ -68,7 +68,7 @@ public:
         }
     }
 
-    // Without its end; empty when there is no such line.
+    // The line without its end; empty when there is no such line.
     std::string_view operator[](std::uint32_t number) const {
         return number == 0 || number > lines.size() ? std::string_view() : lines[number - 1];
     }
@@ -77,7 +77,7 @@ private:
     std::vector<std::string_view> lines;
 };
 
-// One line by its number. Goes through the text from its start.
+// One line by its number. Scans the text from its start.
 inline std::string_view lineOf(const standin::SettingsText& text, std::uint32_t number) {
     std::string_view rest = text.bytes();
     for (std::uint32_t line = 1; line < number && !rest.empty(); ++line) {

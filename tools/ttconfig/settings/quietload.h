@@ -7,9 +7,9 @@
 
 namespace ttconfig {
 
-// While it lives, lines that the store writes to the standard error stream about pieces of values are kept back: every
-// value of a key that is no switch costs one, and what is wrong in earnest is told elsewhere. Other lines are passed on
-// at the end. A value of a million bad pieces costs a million lines, so those are dropped as they come.
+// While it lives, holds back the lines about pieces of values that the store writes to standard error: every value of a
+// key that is not a switch causes one, and real mistakes are reported elsewhere. Other lines are passed on at the end.
+// A value of a million bad pieces causes a million lines, so those are dropped at once.
 class QuietLoad {
 public:
     QuietLoad() : screen(std::cerr.rdbuf(&lines)) {}
@@ -23,7 +23,7 @@ public:
 private:
     class OtherLines : public std::streambuf {
     public:
-        // A line that has no end yet gets one.
+        // A last line without an end gets one.
         std::string others() {
             if (!open.empty()) write("\n");
             return kept;

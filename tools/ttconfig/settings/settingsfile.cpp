@@ -1,6 +1,5 @@
-// The settings file: answers whether the file that was named can be meant.
+// The settings file: checks that the named file can hold settings.
 // Doors: requireUsableSettings(), FileMoment.
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/startup_test.cpp.
 
 #include "ttconfig/settings/settingsfile.h"
@@ -62,7 +61,7 @@ void requireUsableSettings(const std::string& path) {
 }
 
 FileMoment::FileMoment(std::string file) : path(std::move(file)) {
-    std::error_code none;  // what cannot be told is told alike both times
+    std::error_code none;  // an unknown value is the same both times
     size = fs::file_size(path, none);
     written = fs::last_write_time(path, none);
 }

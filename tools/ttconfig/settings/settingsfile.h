@@ -6,15 +6,15 @@
 
 namespace ttconfig {
 
-// Throws Fault for a settings file that cannot be meant: missing, no regular file, unreadable, empty, larger than
-// 256 MiB, or binary. The library itself takes any of these for an empty file and says nothing.
+// Throws Fault for a file that cannot hold settings: missing, not a regular file, unreadable, empty, larger than 256
+// MiB, or binary. The library itself silently treats any of these as an empty file.
 void requireUsableSettings(const std::string& path);
 
-// A file as it was at one moment, as far as the file system tells it from what is there at another.
+// The state of a file at one moment, as far as the file system can tell it from another.
 class FileMoment {
 public:
     explicit FileMoment(std::string file);
-    // Throws Fault when the file was written to, replaced or removed since.
+    // Throws Fault when the file has since been written to, replaced or removed.
     void requireUnchanged() const;
 
 private:

@@ -1,6 +1,6 @@
-// The start: carries out what every subcommand that asks the store can be told.
+// Startup: carries out the options of every subcommand that queries the store.
 // Doors: carryOut(), endLogging().
-// Owns: nothing. POSIX alone, like the rest of the program.
+// POSIX only, like the rest of the program.
 // Covered by tests/tools/ttconfig/startup_test.cpp.
 
 #include "ttconfig/settings/startup.h"
@@ -32,7 +32,8 @@ void enter(const std::string& directory) {
     if (trouble) throw Fault(kExitInput, "-C " + directory + ": " + trouble.message() + "; name an existing directory");
 }
 
-// Opening a pipe waits for a reader. Held open until the log is, so that a reader sees no end before the first line.
+// Opening a pipe waits for a reader, so refuse a pipe without one. This descriptor stays open until the log is open, so
+// that the reader does not see an end before the first line.
 class PipeWithReader {
 public:
     explicit PipeWithReader(const std::string& path) {
@@ -54,7 +55,7 @@ private:
     int descriptor = -1;
 };
 
-// A log file is emptied when it is started.
+// Starting a log empties its file.
 void startLog(const std::string& path) {
     const PipeWithReader held(path);
     std::string error;
