@@ -1,5 +1,4 @@
-// Advice: answers what a piece that does not do its work was meant to be.
-// Doors: those of the header.
+// Advice: guesses what a piece of a value that has no effect was meant to be.
 // Owns: the words, units and signs that people write for numbers.
 // Covered by tests/tools/ttconfig/findings/advice_test.cpp.
 
@@ -25,7 +24,7 @@ namespace {
 
 using namespace ttservice::internal;
 
-// Longer than any number or item that somebody wrote by hand.
+// Longer than any number or item written by hand.
 constexpr std::size_t kLongestPiece = 40;
 constexpr std::size_t kLongestShown = 56;
 
@@ -41,8 +40,7 @@ bool endsWith(std::string_view text, std::string_view end) {
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
-// Takes what the number is counted in off its end, and answers by what that multiplies it; 0 where a percentage is
-// asked for by a whole number.
+// Removes the unit from the end of a number and returns its factor; 0 for a percentage where a whole number is wanted.
 double takeUnit(std::string_view& text, NumberKind kind) {
     constexpr struct {
         std::string_view unit;
@@ -54,14 +52,14 @@ double takeUnit(std::string_view& text, NumberKind kind) {
         if (text.size() <= unit.size() || !endsWith(text, unit)) continue;
         text = withoutBlanks(text.substr(0, text.size() - unit.size()));
         factor = unit == "%" && kind != NumberKind::Decimal ? 0 : by;
-        // 100万股 has two of them.
+        // 100万股 has two units.
         if (by == 1.0) return takeUnit(text, kind);
         break;
     }
     return factor;
 }
 
-// The digits of 1,000,000 or 1 000 000; the text itself where its digits do not stand in threes.
+// 1000000 for 1,000,000 and 1 000 000; the text itself when its digits are not grouped in threes.
 std::string withoutGrouping(std::string_view text) {
     const std::size_t mark = text.find_first_of(",_' ");
     if (mark == 0 || mark > 3 || mark == std::string_view::npos) return std::string(text);
@@ -76,7 +74,7 @@ std::string withoutGrouping(std::string_view text) {
     return std::all_of(digits.begin(), digits.end(), isDigit) ? digits : std::string(text);
 }
 
-// The number in the text, written in any of the ways that people have.
+// The number in the text, in any notation that people use.
 std::optional<double> anyNumber(std::string_view text, NumberKind kind) {
     if (text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) {
         const bool isHex = text.find_first_not_of("0123456789abcdefABCDEF", 2) == std::string_view::npos;
@@ -84,7 +82,7 @@ std::optional<double> anyNumber(std::string_view text, NumberKind kind) {
     }
     const bool isDecimal = kind == NumberKind::Decimal;
     const bool hasGroup = text.find_first_of(",_' ") != std::string_view::npos;
-    // 1,000 may be a thousand or one where there are fractions.
+    // Where fractions are allowed, 1,000 may mean a thousand or one.
     const bool isUnclear = isDecimal && text.find(',') != std::string_view::npos && text.size() - text.find(',') == 4;
     if (isUnclear) return std::nullopt;
     std::string digits = hasGroup ? withoutGrouping(text) : std::string(text);
@@ -92,14 +90,14 @@ std::optional<double> anyNumber(std::string_view text, NumberKind kind) {
         std::replace(digits.begin(), digits.end(), ',', '.');
     }
     const auto number = strictDouble(digits);
-    // What is too small for any number is not meant to be 0.
+    // A number too small for a double is not meant to be 0.
     const bool isTiny = number && *number == 0 && digits.find_first_of("123456789") < digits.find_first_of("eE");
     return isTiny ? std::nullopt : number;
 }
 
 bool fits(double number, NumberKind kind) {
     if (kind == NumberKind::Decimal) return std::isfinite(number);
-    // Above that, doubles are not exact.
+    // Doubles above that are not exact.
     const double most = kind == NumberKind::Integer ? std::numeric_limits<std::int32_t>::max() : 9e15;
     return std::abs(number) <= most && std::trunc(number) == number;
 }
@@ -122,7 +120,7 @@ std::string numberMeant(std::string_view text, NumberKind kind) {
     if (factor == 0 || rest.empty() || rest.front() == '-' || rest.front() == '+') return {};
     const auto number = anyNumber(rest, kind);
     if (!number) return {};
-    // What is no exact fraction is rounded to the digits that somebody will have written.
+    // Fractions are rarely exact in binary; 12 digits give the number as a person would write it.
     const double meant = (minus ? -1 : 1) * (factor < 1 ? *number / 100 : *number * factor);
     if (!fits(meant, kind)) return {};
     return kind == NumberKind::Decimal ? fmt::format("{:.12g}", meant) : fmt::format("{:.0f}", meant);

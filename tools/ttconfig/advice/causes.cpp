@@ -1,6 +1,5 @@
-// Causes: answers what is wrong with the characters of a piece, whatever the piece is for.
+// Causes: finds what is wrong with the characters of a piece, whatever its purpose.
 // Doors: causeIn(), inAscii(), isPlain().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/findings/findingparts_test.cpp.
 
 #include "ttconfig/advice/causes.h"
@@ -34,7 +33,7 @@ std::uint32_t codePoint(std::string_view character) {
     return code;
 }
 
-// Full-width ASCII, the ideographic comma and full stop, and the dashes that word processors put for "-".
+// Full-width ASCII, the ideographic comma and full stop, and the dashes that word processors use in place of "-".
 bool isLookAlike(std::uint32_t code) {
     return (code >= 0xFF01 && code <= 0xFF5E) || code == 0x3001 || code == 0x3002 ||
            (code >= 0x2010 && code <= 0x2015) || code == 0x2212;

@@ -1,5 +1,4 @@
-// Market names: answers which markets something names.
-// Doors: those of the header.
+// Market names: knows the markets that the library and the platform data name.
 // Owns: the list of the markets that the library's rules name.
 // Covered by tests/tools/ttconfig/findings/findingparts_test.cpp.
 
@@ -19,14 +18,14 @@ namespace {
 
 using namespace ttservice::internal;
 
-// Names are short, so that two slips make any of them out of any other.
+// Names are so short that two slips turn any of them into any other.
 constexpr std::size_t kMostSlips = 1;
 constexpr std::size_t kLongestMarket = 16;
 
 }  // namespace
 
 const std::vector<std::string_view>& namedMarkets() {
-    // AMEX is named as the end of a code.
+    // The library names AMEX only as the end of a code.
     static const std::vector<std::string_view> kMarkets = {
         markets::kSh,   markets::kSz,   markets::kBj,  markets::kSse,     markets::kSzse, markets::kNeeq,
         markets::kSho,  markets::kSzo,  markets::kHgt, markets::kSsehkex, markets::kSgt,  markets::kSzsehkex,

@@ -13,20 +13,20 @@ namespace ttconfig {
 // Every market that the library's rules name, in upper case.
 const std::vector<std::string_view>& namedMarkets();
 
-// Whether the market, in whatever letter case, is one of them.
+// Whether the market is one of them, ignoring letter case.
 bool isNamedMarket(std::string_view market);
 
-// The markets that anything names: the library's rules, or the platform data. A host may know others.
+// The markets that the library's rules or the platform data name. A host may know others.
 class MarketNames {
 public:
     // The data may be null.
     explicit MarketNames(const standin::PlatformData* data);
 
-    // Whether something names the market, letter case included.
+    // Whether the library or the data names the market; letter case counts.
     bool knows(std::string_view market) const { return names.count(market) > 0; }
-    // Who would name it, in words, such as "the library".
+    // The middle of a message about an unknown market, such as "the library does not name".
     std::string_view namers() const;
-    // "; did you mean NAME?" for a market with one slip in it; otherwise a word on what to look at.
+    // "; did you mean NAME?" for a market with one slip in it; otherwise what to do about it.
     std::string didYouMean(std::string_view market) const;
 
 private:

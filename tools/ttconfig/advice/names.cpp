@@ -1,4 +1,4 @@
-// Names: answers which sections and keys are known, and which of them an unknown one comes near to.
+// Names: knows which sections and keys exist, and which of them an unknown name resembles.
 // Doors: NameIndex, KnownNames.
 // Owns: the indexes over the key catalogue and the switches.
 // Covered by tests/tools/ttconfig/findings/findingparts_test.cpp.
@@ -30,7 +30,7 @@ std::string inLowerCase(std::string_view name) {
     return text;
 }
 
-// Which characters a name has. A letter more or less changes one bit, a replaced one two.
+// The set of characters in a name. One letter more or less changes at most one bit, a replaced letter at most two.
 std::uint64_t lettersOf(std::string_view name) {
     std::uint64_t letters = 0;
     for (const char c : name)
@@ -86,12 +86,12 @@ std::string_view NameIndex::inOtherCase(std::string_view name) const {
 std::string NameIndex::didYouMean(std::string_view name) {
     if (name.size() > kLongestName) return {};
     const bool isThorough = ++thorough <= kMostThorough;
-    // A name with more slips than a third of its letters is near nothing.
+    // A name with slips in more than a third of its letters resembles nothing.
     const std::size_t slips = isThorough ? name.size() / 3 + 1 : 1;
     const std::uint64_t letters = lettersOf(name);
     std::vector<std::string_view> near;
     for (const Known& known : names) {
-        // Each slip changes the length by one at most, and the set of letters by two.
+        // Each slip changes the length by at most one and the set of letters by at most two.
         if (difference(known.name.size(), name.size()) > slips) continue;
         if (bitsOf(known.letters ^ letters) <= 2 * static_cast<int>(slips)) near.push_back(known.name);
     }

@@ -10,16 +10,16 @@
 
 namespace ttconfig {
 
-// Known names, for telling what an unknown one was meant to be. Costs little for names that are near nothing, however
-// many of them are asked for.
+// Known names, used to guess what an unknown one was meant to be. Names that resemble nothing cost little, however many
+// are looked up.
 class NameIndex {
 public:
     explicit NameIndex(std::vector<std::string_view> known);
 
-    // The known name that differs in letter case alone; empty when there is none.
+    // The known name that differs only in letter case; empty when there is none.
     std::string_view inOtherCase(std::string_view name) const;
-    // "; did you mean NAME?", or nothing. The first few hundred names are compared with all that are known, further
-    // ones with those alone that are as good as equal.
+    // "; did you mean NAME?", or nothing. The first few hundred look-ups allow slips in a third of the letters, later
+    // ones only a single slip.
     std::string didYouMean(std::string_view name);
 
 private:
@@ -33,16 +33,16 @@ private:
     std::size_t thorough = 0;
 };
 
-// What the library asks of a settings file.
+// The sections and keys that the library reads from a settings file.
 class KnownNames {
 public:
     KnownNames();
 
-    // The row of a key, the section's "*" row for any key of a section that has one; null when nothing asks for it.
+    // The row of a key, or the section's "*" row if it has one; null when nothing reads the key.
     const ttservice::internal::SettingKey* rowOf(std::string_view section, std::string_view key) const;
-    // The row of a key of that name in whatever section.
+    // The row of a key of that name in any section.
     const ttservice::internal::SettingKey* rowAnywhere(std::string_view key) const;
-    // The key that a question of that name answers from; empty when there is no such question, or several keys.
+    // The key that the answer to that question comes from; empty when there is no such question or it has several keys.
     std::string_view keyOfQuestion(std::string_view name) const;
     bool isSection(std::string_view name) const { return sections.count(name) > 0; }
     // The names to suggest.
@@ -61,7 +61,7 @@ private:
 
 inline constexpr std::string_view kMainSection = "setting";
 
-// Whether both are the row of the same key.
+// Whether both rows are of the same key.
 constexpr bool isRow(const ttservice::internal::SettingKey& row, const ttservice::internal::SettingKey& other) {
     return row.section == other.section && row.key == other.key;
 }

@@ -1,6 +1,5 @@
-// ttconfig explain: shows why an answer is what it is, and what would make it another one.
+// ttconfig explain: shows why an answer is what it is, and what would change it.
 // Doors: runExplain().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/explain_test.cpp.
 
 #include "ttconfig/explaining/explain.h"
@@ -41,7 +40,7 @@ Explanation explained(const Explainer& explainer, const std::string& call, const
     }
 }
 
-// An answer of another kind can never be the answer.
+// Refuses an expected answer of a type that the operation never gives.
 void requireSameKind(const std::string& call, const Answer& answer, const std::string& written) {
     const Wanted wanted(written);
     const bool isNumber = wanted.json() && wanted.json()->is_number();
@@ -53,7 +52,7 @@ void requireSameKind(const std::string& call, const Answer& answer, const std::s
     throw Fault(kExitUsage, "--why-not " + shownText(written) + ": the answer of " + call + " is " + kind);
 }
 
-// An override of a key that no switch has answers isSomePt for that key, and nothing else.
+// An override of a key without a switch affects the answer of isSomePt for that key, and nothing else.
 void warnOfUnknownOverrides(const CommandLine& commandLine) {
     std::vector<std::string_view> known;
     for (const auto& row : ttservice::internal::kPlatformSwitches)
@@ -68,14 +67,14 @@ void warnOfUnknownOverrides(const CommandLine& commandLine) {
     }
 }
 
-// The store has loaded the same file. That both say the same is tested; a program that explains away what a client
-// really does would be worse than none.
+// Compares the explanation's answer with the store's, which has loaded the same file. Tests check that the two agree;
+// an explanation of something the client does not do would be worse than none.
 void requireStoreAgrees(const std::string& call, const Arguments& arguments, const Answer& answer,
                         const FileMoment& beforeLoad) {
     CallState state;
     const Answer store = callTable().answer(state, call, arguments);
     if (store == answer) return;
-    // As written: a number that is none, such as nan, equals nothing, itself included.
+    // Compared as written: nan does not even equal itself.
     if (answerJson(withoutRecordNumbers(store)) == answerJson(withoutRecordNumbers(answer))) return;
     beforeLoad.requireUnchanged();
     throw Fault(kExitInternal, "the library answers " + answerText(store) + ", the explanation is of " +

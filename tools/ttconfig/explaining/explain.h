@@ -5,8 +5,8 @@
 
 namespace ttconfig {
 
-// Explains one answer and, when it is asked why the answer is not another one, shows the edit of the settings file that
-// would make it that. Answers the exit code. Throws Fault for what cannot be asked or read.
+// Explains one answer and, with --why-not, shows the edit of the settings file that would change it to the expected
+// one. Returns the exit code. Throws Fault for a question that cannot be asked and for a file that cannot be read.
 int runExplain(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

@@ -1,6 +1,5 @@
-// Explanations as text: answers how an explanation and an edit are written.
+// Explanation text: formats explanations and edits.
 // Doors: explanationText(), explanationJson().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/explain_test.cpp.
 
 #include "ttconfig/explaining/explaintext.h"
@@ -15,13 +14,13 @@ namespace ttconfig {
 
 namespace {
 
-// Of a long line only what stands around the place is shown.
+// Of a long line, only the part around the place is shown.
 constexpr std::size_t kShownBefore = 60;
 constexpr std::size_t kShownLine = 160;
-// Of very many candidates only the first ones are shown to people.
+// Of many candidates, text output shows only the first.
 constexpr std::size_t kMostCandidates = 20;
 
-// What is shown, with the lines of its text at hand.
+// What is shown, with the lines of the settings text at hand.
 struct Page {
     explicit Page(const ShownExplanation& shown)
         : text(shown.text),
@@ -45,7 +44,7 @@ bool isInside(std::string_view text, std::size_t at) {
     return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
 }
 
-// A line as it can be shown: on one line, with its tabs.
+// A line as it can be displayed: on one line, with its tabs.
 std::string shownBytes(std::string_view bytes) {
     std::string text;
     ttservice::internal::splitKeepEmpty(bytes, '\t', [&](std::string_view piece) {

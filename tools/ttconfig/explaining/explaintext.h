@@ -10,18 +10,18 @@
 
 namespace ttconfig {
 
-// What is shown of one question.
+// What is shown about one question.
 struct ShownExplanation {
     const standin::SettingsText& text;
-    std::string file;                // the settings file, as it was named
+    std::string file;                // the settings file, as given
     std::string call;                // the operation
-    std::vector<std::string> words;  // its arguments, as they were given
+    std::vector<std::string> words;  // its arguments, as given
     Explanation explanation;
-    std::optional<std::string> wanted;  // the answer that was expected
+    std::optional<std::string> wanted;  // the expected answer
     std::optional<WhyNot> whyNot;
 };
 
-// For people: the answer, the reason, the line that decided, what lost, and the edit.
+// For people: the answer, the reason, the line that decided, the candidates that lost, and the edit.
 std::string explanationText(const ShownExplanation& shown, const Colours& colours);
 
 // The same as one JSON object.

@@ -1,6 +1,5 @@
-// Why not: answers which edit of the settings file would make an answer another one.
+// Why not: finds the edit of the settings file that would change an answer to the expected one.
 // Doors: whyNot().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/whynot_test.cpp.
 
 #include "ttconfig/explaining/whynot.h"
@@ -14,8 +13,8 @@ namespace ttconfig {
 
 namespace {
 
-// Edits are tried out until so many bytes have been read again, and a few at least. Of a value of a million pieces
-// those are all about pieces; edits of whole lines follow then.
+// Edits are tried until this many bytes have been read again, but at least a few. For a value of a million pieces the
+// first tries are all edits of pieces, so edits of whole lines have a few tries of their own.
 constexpr std::size_t kMostBytesTried = std::size_t{1} << 29;
 constexpr std::size_t kFewestTries = 8;
 
@@ -78,7 +77,7 @@ WhyNot whyNot(const Explainer& explainer, const std::string& call, const Argumen
     if (found.isSoAlready) return found;
     Tries tries(explainer.facts().text().bytes().size());
     for (const Edit& draft : draftsFor(explainer, call, arguments, wanted)) {
-        // Once there is an edit, only one that reaches less far is of interest.
+        // Once an edit is found, look only for one that affects this question alone.
         if (found.edit && !draft.reach.empty()) continue;
         if (!tries.take(draft.kind)) continue;
         if (!makesIt(explainer, call, arguments, wanted, draft)) continue;

@@ -9,16 +9,16 @@
 
 namespace ttconfig {
 
-// How an answer would become another one.
+// How an answer could become another one.
 struct WhyNot {
     bool isSoAlready = false;
     std::optional<Edit> edit;      // the one that changes the fewest bytes
-    std::optional<Edit> narrower;  // the smallest that is about the question alone, where the other one is not
-    std::string whyNone;           // when there is neither: why not
+    std::optional<Edit> narrower;  // the smallest that affects this question alone, when edit affects others too
+    std::string whyNone;           // the reason when there is neither
 };
 
-// Looks for the edit of one line of the explainer's settings text that makes the answer what is wanted. Every edit that
-// is told of was carried out in memory, read again and explained again.
+// Looks for an edit of one line of the explainer's settings text that makes the answer the wanted one. Every edit it
+// returns has been applied in memory, read again and explained again.
 WhyNot whyNot(const Explainer& explainer, const std::string& call, const Arguments& arguments, const Wanted& wanted);
 
 }  // namespace ttconfig

@@ -1,6 +1,6 @@
 // ttconfig check: finds what settings files say that their authors will not have meant.
 // Doors: runCheck().
-// Owns: what the options make of the rules.
+// Owns: the severity of each rule after the options.
 // Covered by tests/tools/ttconfig/findings/check_test.cpp.
 
 #include "ttconfig/findings/check.h"
@@ -33,10 +33,10 @@ namespace {
 
 constexpr std::string_view kAllRules = "all";
 
-// People read no more than that of one kind; JSON and SARIF have all.
+// People read no more findings of one rule than this; JSON and SARIF have all.
 constexpr std::size_t kMostOfARule = 1000;
 
-// The rules as the options leave them: off, or with a severity.
+// The rules after the options: off, or with a severity.
 class RuleChoice {
 public:
     explicit RuleChoice(const CommandLine& commandLine) {
@@ -63,7 +63,7 @@ public:
 
     const std::vector<Severity>& all() const { return severities; }
 
-    // "7 more of unknown-key" in words, or nothing.
+    // "7 more of unknown-key" and so on; empty when nothing was left out.
     std::string leftOut(const std::vector<std::size_t>& counts) const {
         std::string text;
         for (std::size_t number = 0; number < kRuleCount; ++number) {
@@ -114,7 +114,7 @@ std::unique_ptr<FindingWriter> writerFor(const CommandLine& commandLine, const R
     }
 }
 
-// The files of one run, one after the other.
+// Checks the files of one run, one after the other.
 class FileChecks {
 public:
     FileChecks(const CommandLine& commandLine, const RuleChoice& ruleChoice, FindingWriter& target)
@@ -122,7 +122,7 @@ public:
         if (commandLine.shared.platform) platform = standin::PlatformData::current();
     }
 
-    // A file that cannot be used is told, and keeps nobody from the findings of the others.
+    // Checks one file. A file that cannot be used is reported, and the other files are still checked.
     void check(const std::string& path) {
         standin::SettingsText text;
         try {
@@ -145,7 +145,7 @@ private:
     void refuse(const std::string& path, const Fault& fault) {
         anyUnusable = true;
         progress.hide();
-        // What was found before stands in front of the message.
+        // Earlier findings come before the message.
         writer.flush();
         const std::string message = visibleText(fault.what());
         std::cerr << "ttconfig: " << message << '\n';

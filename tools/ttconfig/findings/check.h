@@ -5,8 +5,9 @@
 
 namespace ttconfig {
 
-// Checks the settings files that the command line names, or explains a rule. Answers the exit code: kExitFindings when
-// a finding is left that no option turned off. Throws Fault for a file that cannot be used and for an unknown rule.
+// Checks the settings files that the command line names, or explains a rule. Returns kExitInput when a settings file
+// cannot be used, otherwise kExitFindings when any finding is left after the options, otherwise kExitDone. Throws Fault
+// for an unknown rule and for any other file that cannot be used.
 int runCheck(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

@@ -15,15 +15,16 @@ using FindingSink = std::function<void(Finding&& finding)>;
 
 inline constexpr std::size_t kEveryFinding = static_cast<std::size_t>(-1);
 
-// Hands everything that the rules have to say about a settings text to the sink, in file order, each finding with the
-// severity of its rule. With platform data (it may be null) rows for instruments that it does not know are noted too.
-// Nothing is loaded, installed or printed. However many findings there are, memory goes by the text alone.
-// Of each rule so many findings are handed on, the first ones; answered is how many more there are of each, by the
-// numbers of the rules. A file of mistakes and nothing else is checked several times faster with a bound.
+// Passes every finding about a settings text to the sink, in file order, each with its rule's severity. With platform
+// data (it may be null), rows for instruments that it does not know are noted too. Loads, installs and prints nothing.
+// Memory depends on the text alone, not on the number of findings.
+//
+// At most mostOfARule findings of each rule are passed on, the first ones. The result counts, for each rule by its
+// number, the findings beyond that. A bound makes checking a file of nothing but mistakes several times faster.
 std::vector<std::size_t> checkSettings(const standin::SettingsText& text, const standin::PlatformData* platform,
                                        const FindingSink& sink, std::size_t mostOfARule = kEveryFinding);
 
-// The same, without platform data, as a list.
+// The same without platform data, as a list.
 std::vector<Finding> checkSettings(const standin::SettingsText& text);
 
 }  // namespace ttconfig

@@ -9,8 +9,8 @@
 
 namespace ttconfig {
 
-// How much a finding weighs: something worth knowing, something that most likely says else than was meant, and
-// something that is wrong whatever was meant.
+// How serious a finding is. Note: worth knowing. Warning: most likely not what was meant. Error: wrong whatever was
+// meant.
 enum class Severity { Note, Warning, Error };
 
 // "note", "warning" or "error".
@@ -18,10 +18,10 @@ std::string_view severityWord(Severity severity);
 
 // One place of a settings file that says something else than its author will have meant.
 struct Finding {
-    std::string_view rule;  // the id of a row of rules.def; it lives as long as the program
+    std::string_view rule;  // the id of a row of rules.def; lives as long as the program
     Severity severity = Severity::Warning;
     Place place;
-    std::uint32_t length = 0;      // how many bytes from there on it is about; 0 where nothing is written
+    std::uint32_t length = 0;      // how many bytes from there on are concerned; 0 when nothing is written there
     std::string message;           // one line of UTF-8
     std::optional<Place> related;  // the other place that the message names
 };

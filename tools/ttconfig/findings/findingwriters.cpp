@@ -1,6 +1,6 @@
-// Finding writers: answer how findings are written as text and as JSON.
+// Finding writers: write findings as text and as JSON.
 // Doors: FindingWriter, TextWriter, JsonWriter.
-// Owns: what waits to be written.
+// Owns: the output that has not been written yet.
 // Covered by tests/tools/ttconfig/findings/check_test.cpp.
 
 #include "ttconfig/findings/findingwriters.h"

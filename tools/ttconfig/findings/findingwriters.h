@@ -11,7 +11,7 @@
 
 namespace ttconfig {
 
-// Writes findings as they come, file by file, in pieces of some size, so that memory does not grow with their number.
+// Writes findings as they come, file by file and in pieces, so that memory does not grow with their number.
 class FindingWriter {
 public:
     explicit FindingWriter(Output& target) : output(target) {}
@@ -20,16 +20,16 @@ public:
     FindingWriter& operator=(const FindingWriter&) = delete;
 
     virtual void begin() {}
-    // The text is good until the next file begins.
+    // The text must live until the next file begins.
     virtual void beginFile(const std::string& path, const standin::SettingsText& text) = 0;
     virtual void add(const Finding& finding) = 0;
-    // A file that cannot be checked; the message says why and is told elsewhere too.
+    // A file that cannot be checked; the message says why and is also reported elsewhere.
     virtual void addUnusable(const std::string& /*path*/, const std::string& /*message*/) {}
-    // more says in words what was left out; empty for nothing.
+    // more says in words what was left out; empty when nothing was.
     virtual void endFile(const std::string& /*more*/) {}
     virtual void end() {}
 
-    // Writes what is waiting. False when nobody reads it any longer.
+    // Writes what is still buffered. Returns false when the reader has gone.
     bool flush();
 
 protected:
@@ -41,8 +41,8 @@ private:
     bool isRead = true;
 };
 
-// "file:line:column: severity: message [rule]" a finding, and a line for each file without any. Control characters in
-// the names of files are escapes, as they are in messages.
+// Writes "file:line:column: severity: message [rule]" for each finding, and a line for each file without any. Control
+// characters in file names become escapes, as in messages.
 class TextWriter : public FindingWriter {
 public:
     TextWriter(Output& target, Colours inColours) : FindingWriter(target), colours(inColours) {}
@@ -57,7 +57,7 @@ private:
     bool any = false;
 };
 
-// One array of objects.
+// Writes one array of objects.
 class JsonWriter : public FindingWriter {
 public:
     explicit JsonWriter(Output& target) : FindingWriter(target) {}

@@ -1,4 +1,4 @@
-// Rules: answers which rules there are and what each means.
+// Rules: looks up the rules and formats what each means.
 // Doors: requireRule(), ruleText(), rulesText(), rulesPage(), severityWord().
 // Owns: the reference page of the rules.
 // Covered by tests/tools/ttconfig/findings/findingparts_test.cpp.
@@ -46,7 +46,7 @@ constexpr bool everyRuleStandsOnce() {
 }
 static_assert(everyRuleStandsOnce(), "a rule stands twice in rules.def");
 
-// The words of a text on lines of at most so many characters, each line indented.
+// The text wrapped to lines of limited length, each indented.
 std::string wrapped(std::string_view text, std::string_view indent) {
     std::string lines;
     std::size_t width = 0;
@@ -67,7 +67,7 @@ std::string wrapped(std::string_view text, std::string_view indent) {
     return lines + '\n';
 }
 
-// Markdown takes these signs for its own outside of code.
+// Escapes the characters that Markdown interprets outside code.
 std::string markdown(std::string_view text) {
     std::string page;
     for (const char c : text) {

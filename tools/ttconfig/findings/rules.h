@@ -9,7 +9,7 @@
 
 namespace ttconfig {
 
-// The rules of rules.def. A rule's number is its place there, from 0.
+// The rules of rules.def. A rule's number is its position there, from 0.
 enum class RuleId : std::uint16_t {
 #define TT_CHECK_RULE(id, name, severity, title, explanation) id,
 #include "ttconfig/findings/rules.def"
@@ -33,10 +33,10 @@ constexpr const Rule& ruleOf(RuleId id) {
     return kRules[static_cast<std::size_t>(id)];
 }
 
-// The number of the rule of that name; throws Fault for a usage error that names the nearest rule when there is none.
+// The number of the rule of that name. When there is none, throws Fault for a usage error that names the nearest rule.
 std::size_t requireRule(std::string_view name);
 
-// The rule as `check --explain` shows it, and all of them as the reference page.
+// One rule and all rules as `check --explain` shows them, and all of them as the reference page.
 std::string ruleText(const Rule& rule);
 std::string rulesText();
 std::string rulesPage();

@@ -1,6 +1,5 @@
-// SARIF: answers how findings are written for programs that gather those of many tools.
+// SARIF: writes findings for programs that collect those of many tools.
 // Doors: SarifWriter, uriOf().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/findings/sarif_test.cpp.
 
 #include "ttconfig/findings/sarif.h"
@@ -34,7 +33,7 @@ Answer ruleObject(const Rule& rule, Severity severity) {
             {"defaultConfiguration", {{"level", severityWord(severity)}}}};
 }
 
-// A location without its closing brace, as many members may follow. The URI has no character that JSON escapes.
+// A location without its closing brace, so that more members can follow. JSON escapes no character of the URI.
 std::string location(const std::string& uri, const std::string& region) {
     return fmt::format(R"({{"physicalLocation":{{"artifactLocation":{{"uri":"{}"}},"region":{{{}}}}})", uri, region);
 }
@@ -94,7 +93,7 @@ void SarifWriter::addUnusable(const std::string& path, const std::string& messag
          {"locations", Answer::array({{{"physicalLocation", {{"artifactLocation", {{"uri", uriOf(path)}}}}}}})}});
 }
 
-// A file that could not be checked is no result of the check, but tells that not everything was checked.
+// A file that could not be checked is not a result; a notification says that the check is incomplete.
 void SarifWriter::end() {
     Answer invocation = {{"executionSuccessful", notifications.empty()}};
     if (!notifications.empty()) invocation["toolExecutionNotifications"] = notifications;

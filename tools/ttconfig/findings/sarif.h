@@ -12,7 +12,7 @@ namespace ttconfig {
 // One SARIF 2.1.0 log with one run. Columns count UTF-16 code units.
 class SarifWriter : public FindingWriter {
 public:
-    // The rules' severities, as options have left them.
+    // The severities of the rules after the options.
     SarifWriter(Output& target, std::vector<Severity> ruleSeverities)
         : FindingWriter(target), severities(std::move(ruleSeverities)) {}
 
@@ -30,7 +30,7 @@ private:
     bool any = false;
 };
 
-// A path as the reference part of a URI: every byte but letters, digits and a few signs as %XX.
+// A path as a URI reference: every byte except letters, digits and a few signs becomes %XX.
 std::string uriOf(std::string_view path);
 
 }  // namespace ttconfig

@@ -1,6 +1,6 @@
-// Text columns: answers where in a line a place is, counted as editors count.
+// Text columns: converts columns in bytes to the columns that editors show.
 // Doors: TextColumns.
-// Owns: the starts of the lines, and marks along the line that was asked for last.
+// Owns: the starts of the lines, and marks along the last line looked up.
 // Covered by tests/tools/ttconfig/findings/findingparts_test.cpp.
 
 #include "ttconfig/findings/textcolumns.h"
@@ -40,7 +40,7 @@ void TextColumns::enter(std::uint32_t number) {
     ascii = std::all_of(line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
     marks.clear();
     if (ascii) return;
-    // A mark stands at the first character that begins at its byte or behind it.
+    // A mark belongs to the first character that begins at its byte or after it.
     std::uint32_t units = 0;
     for (std::size_t at = 0; at < line.size();) {
         while (marks.size() * kBetweenMarks <= at)
@@ -59,7 +59,7 @@ std::uint32_t TextColumns::column(Place place, std::uint32_t bytesBehind) {
     const std::size_t mark = std::min(offset / kBetweenMarks, marks.size() - 1);
     std::size_t at = mark * kBetweenMarks;
     std::uint32_t units = marks[mark];
-    // Not from within a character; no valid one is longer than four bytes.
+    // Do not start inside a character; a valid one has at most four bytes.
     for (std::size_t back = 0; mark > 0 && back < 3 && at > 0; ++back) {
         const std::size_t start = mark * kBetweenMarks - back - 1;
         if (utf8Length(line.substr(start)) > back + 1) {

@@ -10,13 +10,13 @@
 
 namespace ttconfig {
 
-// Columns counted in UTF-16 code units, as editors and the protocols they speak count them, out of columns in bytes. A
-// byte that is not UTF-8 counts as one. Cheap in whatever order places are asked for, and in lines of any length.
+// Converts columns in bytes to columns in UTF-16 code units, which editors and their protocols use. A byte that is not
+// UTF-8 counts as one unit. Fast for places in any order and for lines of any length.
 class TextColumns {
 public:
     explicit TextColumns(const standin::SettingsText& text);
 
-    // The column, from 1, of the byte that is so many bytes behind the place.
+    // The column, from 1, of the byte that comes bytesBehind bytes after the place.
     std::uint32_t column(Place place, std::uint32_t bytesBehind = 0);
 
 private:
@@ -24,9 +24,9 @@ private:
 
     std::string_view bytes;
     std::vector<std::uint32_t> lineStarts;
-    std::uint32_t current = 0;  // the line that the marks are of; 0 for none
+    std::uint32_t current = 0;  // the line that the marks belong to; 0 for none
     std::string_view line;
-    std::vector<std::uint32_t> marks;  // how many units stand in front of every so many bytes of the line
+    std::vector<std::uint32_t> marks;  // the units before each mark, one mark every kBetweenMarks bytes
     bool ascii = true;
 };
 
