@@ -6,7 +6,7 @@
 
 namespace ttconfig {
 
-// What is known while the data is written.
+// What the data writers share.
 struct ReportState {
     const ReportInput& input;
     const ReportBounds& bounds;
@@ -18,7 +18,7 @@ struct ReportState {
     const standin::SettingsText* oldText() const { return input.old == nullptr ? nullptr : &input.old->text; }
 };
 
-// Each writes members of the object that is open.
+// Each writes members of the object that is currently open.
 
 // platforms, platformsLeftOut, switches
 void writeSwitchData(JsonStream& json, ReportState& state);
@@ -36,7 +36,7 @@ void writeSessionData(JsonStream& json, const ReportInput& input);
 void writeFindingData(JsonStream& json, ReportState& state);
 // changes
 void writeChangeData(JsonStream& json, ReportState& state);
-// source, oldSource; after everything that refers to lines
+// source, oldSource; call it after everything that refers to lines
 void writeSourceData(JsonStream& json, const ReportState& state);
 
 }  // namespace ttconfig

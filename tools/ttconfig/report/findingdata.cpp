@@ -1,6 +1,5 @@
-// The findings' and changes' data: answers what check and diff say about the files.
+// Finding and change data: writes what check and diff say about the files.
 // Doors: writeFindingData(), writeChangeData().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include <algorithm>

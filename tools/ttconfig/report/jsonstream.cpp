@@ -1,4 +1,4 @@
-// JSON for a script element: answers how any text can stand in a page without becoming part of its markup.
+// JSON for a script element: writes any text so that it cannot become markup of the page.
 // Doors: JsonStream, markupText().
 // Owns: a buffer between the writer and the file.
 // Covered by tests/tools/ttconfig/report/jsonstream_test.cpp.
@@ -18,14 +18,14 @@ namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 16;
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-// As deep as this every member and element starts a line.
+// Members and elements start a new line down to this depth.
 constexpr int kLineDepth = 2;
 
 unsigned byteAt(std::string_view text, std::size_t at) {
     return static_cast<unsigned char>(text[at]);
 }
 
-// Hands every character to sink(character); a byte that is part of none becomes the replacement character.
+// Calls sink(character) for every character; a byte that is not UTF-8 becomes the replacement character.
 template <typename Sink>
 void forEachCharacter(std::string_view text, Sink&& sink) {
     while (!text.empty()) {
@@ -39,7 +39,7 @@ bool isPlain(unsigned byte) {
     return byte >= 0x20U && byte < 0x7FU && byte != '"' && byte != '\\' && byte != '<' && byte != '>' && byte != '&';
 }
 
-// "\u003c" and the like, for what must not stand as it is.
+// "\u003c" and the like, for characters that must not appear as they are.
 std::string escape(unsigned code) {
     constexpr std::string_view kDigits = "0123456789abcdef";
     std::string text = "\\u0000";
@@ -138,7 +138,7 @@ void JsonStream::end(char bracket) {
     needsComma = true;
 }
 
-// What stands between a value or a name and what was written before.
+// Writes the comma and the line end that belong before a value or a name.
 void JsonStream::separate() {
     if (!followsName && needsComma) put(",");
     if (!followsName && depth > 0 && depth <= kLineDepth) put("\n");

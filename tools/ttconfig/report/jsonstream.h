@@ -7,13 +7,12 @@
 
 namespace ttconfig {
 
-// The text as it may stand between tags: &, <, > and quotes as entities, bytes that are not UTF-8 as U+FFFD.
+// The text made safe between tags: &, <, > and quotes become entities, bytes that are not UTF-8 become U+FFFD.
 std::string markupText(std::string_view text);
 
-// JSON written from front to back, for a script element: no text in it can end the element or start a comment, and
-// bytes that are not UTF-8 come out as U+FFFD. Nothing is held but a small buffer, however long the whole gets. Members
-// and elements of the two outer levels start lines of their own. The caller sees to it that what is begun is ended and
-// that names stand where names belong.
+// Streams JSON into a script element: no text in it can end the element or start a comment, and bytes that are not
+// UTF-8 become U+FFFD. Holds only a small buffer, however long the output. Members and elements of the two outer levels
+// start a new line. Callers must end what they begin, and write names only where names belong.
 class JsonStream {
 public:
     using Sink = std::function<void(std::string_view)>;
@@ -30,14 +29,14 @@ public:
 
     void text(std::string_view value);
     void integer(std::int64_t value);
-    // A number that JSON cannot write is written as a text.
+    // Writes a number that JSON has no notation for as a text.
     void decimal(double value);
     void flag(bool value);
     void null();
-    // A value that is JSON already.
+    // Writes a value that is JSON already.
     void written(std::string_view json);
 
-    // Hands over what is left in the buffer.
+    // Passes the rest of the buffer to the sink.
     void flush();
 
 private:

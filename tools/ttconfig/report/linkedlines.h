@@ -8,7 +8,7 @@ namespace ttconfig {
 // The lines of a file that the page refers to.
 class LinkedLines {
 public:
-    // Answers the line, for writing it down in the same breath. 0 stands for no line.
+    // Marks the line and returns it, so that callers can write it in the same expression. 0 means no line.
     std::uint32_t mark(std::uint32_t line) {
         if (line >= marked.size()) marked.resize(line + std::size_t{1});
         marked[line] = true;

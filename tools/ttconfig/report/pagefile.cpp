@@ -1,6 +1,6 @@
-// The page's file: answers whether there can be a page, and writes it whole or not at all.
+// The page's file: writes it completely or not at all.
 // Doors: PageFile.
-// Owns: a draft beside the file that is wanted, as long as it is being written.
+// Owns: a draft beside the target file, until the page is finished.
 // Covered by tests/tools/ttconfig/report/report_test.cpp.
 
 #include "ttconfig/report/pagefile.h"
@@ -26,7 +26,7 @@ namespace fs = std::filesystem;
     throw Fault(code, "-o " + path + ": " + trouble);
 }
 
-// Where a link leads, or the path itself.
+// The target of a link, or the path itself.
 std::string targetOf(const std::string& path) {
     std::error_code trouble;
     const fs::file_status status = fs::status(path, trouble);
@@ -39,7 +39,7 @@ std::string targetOf(const std::string& path) {
     return trouble ? path : target.string();
 }
 
-// What the shell would give a new file, or what the file has that is replaced.
+// The permissions of the file that is replaced, or those that the shell would give a new one.
 mode_t modeOf(const std::string& target) {
     struct stat facts {};
     if (stat(target.c_str(), &facts) == 0) return facts.st_mode & 07777U;

@@ -5,27 +5,27 @@
 
 namespace ttconfig {
 
-// A file that is written whole or not at all: beside the place where it is wanted, and put there in the end. What stood
-// there before stays as it is until then. A link is followed.
+// A file that is written completely or not at all: the draft is written beside its target and replaces it at the end.
+// The old file stays in place until then. Links are followed.
 class PageFile {
 public:
-    // Throws Fault when something else than a file stands there and when no file can be made beside it.
+    // Throws Fault when something other than a file is there, and when no draft can be created beside it.
     explicit PageFile(const std::string& path);
     PageFile(const PageFile&) = delete;
     PageFile& operator=(const PageFile&) = delete;
-    // Leaves no trace of a file that was not finished.
+    // Removes the draft of a file that was not finished.
     ~PageFile();
 
-    // Throws Fault when it cannot be written, because the disk is full for example.
+    // Throws Fault when writing fails, for example because the disk is full.
     void write(std::string_view text);
 
-    // Puts the file in its place. Throws Fault when that cannot be done.
+    // Moves the draft to its target. Throws Fault when that fails.
     void finish();
 
 private:
     [[noreturn]] void fail(int error);
 
-    std::string shownPath;  // as it was given
+    std::string shownPath;  // as given
     std::string target;
     std::string draft;
     int descriptor = -1;

@@ -4,12 +4,12 @@
 
 namespace ttconfig {
 
-// The files of page/, which the build puts into the program.
+// The files of page/, which the build embeds in the program.
 struct PagePieces {
-    std::string_view markup;  // with @POLICY@, @TITLE@, @STYLE@, @DATA@ and @SCRIPT@ where the rest belongs
+    std::string_view markup;  // with the placeholders @POLICY@, @TITLE@, @STYLE@, @DATA@ and @SCRIPT@
     std::string_view style;
     std::string_view script;
-    std::string_view styleHash;  // "sha256-...", as a content security policy names what it lets in
+    std::string_view styleHash;  // "sha256-...", as content security policies name what they allow
     std::string_view scriptHash;
 };
 

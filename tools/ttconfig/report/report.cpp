@@ -1,6 +1,5 @@
 // ttconfig report: writes a page about a settings file.
 // Doors: runReport().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/report/report_test.cpp.
 
 #include "ttconfig/report/report.h"
@@ -52,7 +51,7 @@ ReportedFile readFile(const std::string& path) {
 }  // namespace
 
 int runReport(const CommandLine& commandLine, Output& output) {
-    // Everything about the settings is found in their text: the store need not load them.
+    // The report takes everything about the settings from their text, so the store need not load them.
     SharedOptions shared = commandLine.shared;
     shared.settings.reset();
     carryOut(shared);

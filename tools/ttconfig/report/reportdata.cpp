@@ -1,6 +1,5 @@
-// The report's data: answers everything that the page shows, as one JSON object.
+// The report's data: writes everything that the page shows, as one JSON object.
 // Doors: writeReportData().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include "ttconfig/report/reportdata.h"

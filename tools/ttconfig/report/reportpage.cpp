@@ -1,4 +1,4 @@
-// The report's page: answers the whole HTML file.
+// The report's page: writes the whole HTML file.
 // Doors: writeReportPage().
 // Owns: the page's content security policy; its markup, style and script are the files of page/.
 // Covered by tests/tools/ttconfig/report/reportpage_test.cpp.
@@ -13,7 +13,7 @@ namespace ttconfig {
 
 namespace {
 
-// Nothing is let in from anywhere, and of what stands in the page only our own style and script.
+// Allows nothing from outside, and of the page's own contents only our style and script.
 std::string policy() {
     return "default-src 'none'; base-uri 'none'; form-action 'none'; style-src '" + std::string(kPagePieces.styleHash) +
            "'; script-src '" + std::string(kPagePieces.scriptHash) + "'";
@@ -25,7 +25,7 @@ void writeReportPage(const std::function<void(std::string_view)>& sink, const Re
                      const ReportBounds& bounds) {
     const std::string title = markupText("Settings report: " + input.file.name);
     std::string_view rest = kPagePieces.markup;
-    // Marks are looked for in our own markup alone, never in what has been put in for one.
+    // Look for placeholders in our own markup only, never in inserted text.
     while (!rest.empty()) {
         const std::size_t start = rest.find('@');
         sink(rest.substr(0, start));

@@ -7,8 +7,8 @@
 
 namespace ttconfig {
 
-// Writes the page piece by piece. It holds everything it shows, reaches for nothing outside and lets no script run but
-// its own.
+// Writes the page piece by piece. The page contains everything it shows, loads nothing from outside and runs no script
+// but its own.
 void writeReportPage(const std::function<void(std::string_view)>& sink, const ReportInput& input,
                      const ReportBounds& bounds = {});
 

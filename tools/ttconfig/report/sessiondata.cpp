@@ -1,6 +1,5 @@
-// The sessions' data: answers when the markets trade that the market-time script lists.
+// Session data: writes when the markets of the market-time script trade.
 // Doors: writeSessionData().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include <standin/filebytes.h>

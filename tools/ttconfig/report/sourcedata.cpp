@@ -1,6 +1,5 @@
-// The source's data: answers the lines of the files that the page shows.
+// Source data: writes the lines of the files that the page shows.
 // Doors: writeSourceData().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include <algorithm>
@@ -12,7 +11,7 @@ namespace ttconfig {
 
 namespace {
 
-// Hands every line to sink(number, line), the line without its end.
+// Calls sink(number, line) for every line, without its end.
 template <typename Sink>
 void forEachLine(std::string_view text, Sink&& sink) {
     for (std::uint32_t number = 1; !text.empty(); ++number) {

@@ -1,12 +1,12 @@
 'use strict';
 
-// What the file says, as the program wrote it. Every text in it is somebody else's: it reaches the page as text nodes
-// and attribute values only, never as markup.
+// What the file says, as the program wrote it. All text in it is untrusted: it reaches the page only as text nodes and
+// attribute values, never as markup.
 const data = JSON.parse(document.getElementById('data').textContent);
 
 const byId = (id) => document.getElementById(id);
 
-// An element with attributes and children; a child that is no node becomes text.
+// An element with attributes and children; a child that is not a node becomes text.
 function el(name, attributes, ...children) {
   const element = document.createElement(name);
   for (const [key, value] of Object.entries(attributes || {})) {
@@ -22,13 +22,13 @@ function section(id, title, ...children) {
 
 const plural = (count, one, many) => count.toLocaleString('en') + ' ' + (count === 1 ? one : many);
 
-// The link to a line of the settings file, or with old to one of the file it is compared with.
+// A link to a line of the settings file or, when old is set, of the file it is compared with.
 function lineLink(line, old) {
   if (!line) return '';
   return el('a', { href: (old ? '#O' : '#L') + line }, (old ? 'old ' : '') + line);
 }
 
-// Both lines where there are two, newer first.
+// Links to both lines if there are two, the newer one first.
 function lineLinks(line, oldLine) {
   const links = el('span');
   if (line) links.append(lineLink(line, false));
@@ -40,9 +40,9 @@ function lineLinks(line, oldLine) {
 const shown = (value) => (typeof value === 'string' ? value : JSON.stringify(value));
 const same = (left, right) => JSON.stringify(left) === JSON.stringify(right);
 
-// --- what is searched for
+// --- search
 
-// "12, 40-60, other": which platforms are asked for. Null when nothing is.
+// Parses "12, 40-60, other", the platforms to show. Null when none are given.
 function readPlatforms(text) {
   const wanted = { ranges: [], other: false, wrong: [], unnamed: [] };
   for (const piece of text.split(/[\s,;]+(?![\s-]*$)/).map((part) => part.trim()).filter(Boolean)) {
@@ -58,7 +58,7 @@ function readPlatforms(text) {
       wanted.wrong.push(piece);
     }
   }
-  // A platform that the file does not name answers as any other.
+  // A platform that the file does not name is covered by "other".
   wanted.other = wanted.other || wanted.unnamed.length > 0;
   return wanted.ranges.length || wanted.other || wanted.wrong.length ? wanted : null;
 }

@@ -1,13 +1,13 @@
-# cmake -DOUTPUT=FILE.cpp -P embed.cmake: writes the files of this folder as a C++ source that defines kPagePieces. The
-# style and the script come with their hashes, so that a page lets in nothing else.
+# cmake -DOUTPUT=FILE.cpp -P embed.cmake: writes the files of this folder into a C++ source that defines kPagePieces. It
+# adds the hashes of the style and the script, so that a page allows nothing else.
 
 set(scripts base.js tables.js matrix.js source.js sessions.js page.js)
 
-# A SHA-256 in hexadecimal digits, in the letters of base 64.
+# Converts a SHA-256 in hexadecimal digits to base 64.
 function(base64_of_hash hex result)
     set(letters ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/)
     set(text "")
-    # 32 bytes: ten times three, and two that are filled up.
+    # 32 bytes: ten groups of three, and two bytes that are padded.
     foreach(at RANGE 0 60 6)
         string(SUBSTRING "${hex}0000" ${at} 6 digits)
         math(EXPR bits "0x${digits}")
@@ -33,7 +33,7 @@ foreach(part style script)
     base64_of_hash(${hash} ${part}_hash)
 endforeach()
 
-# One literal would be longer than compilers have to take: a piece is some lines, none of them cut.
+# Compilers need not accept one literal of this length, so split it into pieces of whole lines.
 function(literal text result)
     string(LENGTH "${text}" length)
     set(pieces "")

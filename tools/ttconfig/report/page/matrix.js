@@ -1,15 +1,15 @@
 
-// The platform switches: a row a switch, a column a platform, of which only what is in sight stands in the document.
-// A data grid to assistive technology: the focus stays on the grid, which names its active cell.
+// The platform switches: one row per switch, one column per platform. Only the visible part is in the document. For
+// assistive technology it is a data grid: the focus stays on the grid, which names its active cell.
 function makeMatrix() {
   const kOn = 1;
   const kWasOn = 2;
-  const kBeyond = 4;  // rows and columns drawn outside of what is in sight
+  const kBeyond = 4;  // rows and columns drawn beyond the visible part
   const switches = data.switches;
   const platforms = [null, ...data.platforms];  // null: any other platform
   const compares = data.old !== null;
 
-  // --- the states, a byte a cell
+  // --- the states, one byte per cell
 
   const states = switches.map((row) => {
     const cells = new Uint8Array(platforms.length);
@@ -41,7 +41,7 @@ function makeMatrix() {
 
   let rows = switches.map((_, index) => index);
   let columns = platforms.map((_, index) => index);
-  let active = { row: 0, column: 0 };  // among those kept; column 0 is the switch itself
+  let active = { row: 0, column: 0 };  // among the rows and columns kept; column 0 is the switch itself
   let drawn = '';
 
   // --- sizes, in pixels
@@ -239,7 +239,7 @@ function makeMatrix() {
     return { shown: rows.length, total: switches.length, columns: columns.length, allColumns: platforms.length };
   }
 
-  // --- on paper: a line a switch
+  // --- on paper: one line per switch
 
   function print() {
     const listOf = (row) => columns.filter((column) => isOn(row, column)).map((column) => {

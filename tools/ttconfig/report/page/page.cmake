@@ -1,4 +1,4 @@
-# Puts the page of the report into the program: a change of one of its files makes the source anew.
+# Embeds the report's page in the program; a change to any of its files makes the source anew.
 
 set(page_folder ${CMAKE_CURRENT_LIST_DIR})
 set(page_source ${CMAKE_CURRENT_BINARY_DIR}/pagepieces.cpp)
@@ -12,5 +12,5 @@ add_custom_command(
     VERBATIM
 )
 target_sources(ttconfig_parts PRIVATE ${page_source})
-# The page says which version of the program made it.
+# The page names the version of the program that made it.
 set_source_files_properties(report/reportdata.cpp PROPERTIES COMPILE_DEFINITIONS TTCONFIG_VERSION="${PROJECT_VERSION}")

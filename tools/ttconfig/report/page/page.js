@@ -1,7 +1,7 @@
 
 // --- putting the page together
 
-const topics = [];  // { id, title, apply } of what can be searched
+const topics = [];  // { id, title, apply } for each searchable topic
 const contents = byId('contents');
 const main = byId('main');
 
@@ -15,7 +15,7 @@ function addSection(id, title, parts, ...notes) {
 
 const leftOutNote = (count, what) => (count ? `${plural(count, what + ' is', what + 's are')} left out here: this page is kept to a size that opens.` : '');
 
-// A topic of several tables under headings of their own.
+// A topic with several tables, each under its own heading.
 function titled(title, table, leftOut) {
   const note = leftOutNote(leftOut, 'row');
   return { element: el('div', {}, el('h3', {}, title), note ? el('p', { class: 'note' }, note) : null, table.element), apply: table.apply };

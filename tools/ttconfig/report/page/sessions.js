@@ -1,5 +1,5 @@
 
-// The trading day of each market: a bar a session over 24 hours, and the times in words.
+// The trading day of each market: one bar per session over 24 hours, and the times in words.
 function makeSessions() {
   const kDay = 86400;
   const pad = (number) => String(number).padStart(2, '0');

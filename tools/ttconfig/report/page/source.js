@@ -1,7 +1,7 @@
 
-// A settings file's text with its line numbers. Lines become elements when they come into sight or are linked to.
-//   text    { whole, count, lines }: every line, or pairs of number and text of those that something refers to
-//   letter  what the anchors begin with
+// The text of a settings file with line numbers. Lines become elements when they come into view or are linked to.
+//   text    { whole, count, lines }: every line, or [number, text] for each line that something refers to
+//   letter  the prefix of the anchors
 function makeSource(text, letter, label) {
   const kPiece = 200;
   const lines = text.whole ? text.lines.map((line, index) => [index + 1, line]) : text.lines;
@@ -18,7 +18,7 @@ function makeSource(text, letter, label) {
     box.append(element);
   }
 
-  // In lines of the page: what is left out in front of a line takes one.
+  // The height in lines: a gap before a line takes one line itself.
   function rowsOf(start, end) {
     let count = end - start;
     for (let at = start; at < end; ++at) count += leftOut(at) > 0;
@@ -51,7 +51,7 @@ function makeSource(text, letter, label) {
   }, { rootMargin: '600px 0px' });
   for (const piece of pieces) watcher.observe(piece.element);
 
-  // False when the line is not here.
+  // False when the page does not have the line.
   function show(number) {
     const piece = pieces.find((one) => lines[one.end - 1][0] >= number);
     if (!piece) return false;

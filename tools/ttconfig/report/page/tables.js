@@ -1,10 +1,9 @@
 
-// A table of which a first piece is shown and the rest on demand, so that a long one costs nothing before it is wanted.
+// A table that shows its first rows, and more on demand, so that a long one costs nothing until it is wanted.
 //   columns   [{ name, kind }], kind "number", "text" or nothing
-//   rows      anything; cells(row) makes the contents of a row's cells, text(row) what is searched in
-//   state     "added", "removed", "changed" or nothing, for the row; stands in words in a column of its own
-//   platform  the row's platform, null for any other; left out where a row belongs to none
-//   keeps     with filters, whether a row is wanted beyond what the filters say by themselves
+//   rows      anything; cells(row) makes the cells of a row, text(row) the text to search
+//   state     "added", "removed", "changed" or nothing for a row; shown as a word in a column of its own
+//   platform  the row's platform, null for any other; omitted when rows have no platform
 function makeTable({ caption, columns, rows, cells, text, state, platform }) {
   const kPiece = 100;
   const marks = Boolean(state) && data.old !== null;
@@ -68,7 +67,7 @@ function makeTable({ caption, columns, rows, cells, text, state, platform }) {
   return { element, apply };
 }
 
-// What became of a value: nothing to compare with, or as it was, is no state.
+// How a value changed; empty when it did not, or when there is nothing to compare with.
 function stateOf(now, before, line, oldLine) {
   if (data.old === null) return '';
   if (line && !oldLine && before === null) return 'added';
@@ -76,7 +75,7 @@ function stateOf(now, before, line, oldLine) {
   return same(now, before) ? '' : 'changed';
 }
 
-// A value, and behind it what it was before when that is something else.
+// A value, followed by the previous value if that differs.
 function valueCell(now, before) {
   if (data.old === null || same(now, before)) return shown(now === null ? '' : now);
   const was = before === null ? 'nothing' : shown(before);
@@ -97,7 +96,7 @@ function scalarTable() {
   });
 }
 
-// A row for each platform that a key names, and one for all others; of the old file's as well.
+// A row for each platform that a key names in either file, and one for all others.
 function valueRows() {
   const rows = [];
   for (const key of data.values) {
