@@ -1,5 +1,5 @@
-// Counts heap allocations: stands in front of the C library's own functions, which operator new calls as well. This is
-// glibc's way of doing it, and no sanitizer agrees with it.
+// Counts heap allocations by replacing the C library's functions, which operator new calls too. Works with glibc only,
+// and not under a sanitizer.
 
 #include "benchmarks/allocations.h"
 

@@ -4,8 +4,8 @@
 
 namespace benchmarks {
 
-// How often this thread has asked the heap for memory so far, whoever asked: C libraries count as well. Only in
-// programs that are built with allocations.cpp.
+// The number of heap allocations of this thread so far, including those of C libraries. Only in programs built with
+// allocations.cpp.
 std::uint64_t allocationsSoFar();
 
 }  // namespace benchmarks

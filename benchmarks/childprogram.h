@@ -12,13 +12,13 @@
 
 extern "C" char** environ;
 
-// Runs a program to its end and looks at what it used.
+// Runs a program to completion and measures the resources it used.
 
 namespace benchmarks {
 
 struct ChildUse {
-    double seconds = 0;           // from start to end, as a caller waits for it
-    double processorSeconds = 0;  // its own and the system's on its behalf
+    double seconds = 0;           // elapsed time from start to end
+    double processorSeconds = 0;  // user and system time
     double peakBytes = 0;
 };
 
@@ -26,8 +26,7 @@ inline double secondsOf(const timeval& time) {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
 }
 
-// Nothing when it could not be run or did not end with 0, or with what else is an exit code of success. What it writes
-// is dropped.
+// Returns nothing if the program could not be run or if its exit code is above largestExitCode. Discards its output.
 inline std::optional<ChildUse> runChild(const std::vector<std::string>& command, int largestExitCode = 0) {
     std::vector<char*> arguments;
     for (const std::string& piece : command)

@@ -1,6 +1,6 @@
 // coldstart NAME PROGRAM ARGS... [-- NAME PROGRAM ARGS...]...
-// Starts the programs in turn, again and again, and prints how long each took from start to end (median), in the form
-// of Google Benchmark's JSON. A program's first run is left out.
+// Runs the programs in turn, many times, and prints the median time of each from start to end, in Google Benchmark's
+// JSON format. The first run of each program does not count.
 
 #include <cstdio>
 #include <iostream>

@@ -13,7 +13,7 @@
 
 namespace benchmarks {
 
-// A text in a file that goes away at the end.
+// A temporary file with the given text; the destructor removes it.
 class TemporaryFile {
 public:
     explicit TemporaryFile(const std::string& text)
@@ -32,7 +32,7 @@ private:
     std::string file;
 };
 
-// Settings of that many switch keys, each with a short list of platforms.
+// Settings with keyCount switch keys, each with a short list of platforms.
 inline std::string generatedText(int keyCount) {
     std::mt19937 random(42);
     std::string text = "[setting]\n";
@@ -45,7 +45,7 @@ inline std::string generatedText(int keyCount) {
     return text;
 }
 
-// The same in a file, one for each count.
+// The same as a file; one file per count.
 inline const TemporaryFile& generatedFile(int keyCount) {
     static std::map<int, std::unique_ptr<TemporaryFile>> files;
     auto& file = files[keyCount];
@@ -53,7 +53,7 @@ inline const TemporaryFile& generatedFile(int keyCount) {
     return *file;
 }
 
-// The keys given and as many others as make up the count, the platforms 3, 12 and 47 each.
+// The given keys and enough others to reach the count, each listing platforms 3, 12 and 47.
 inline const TemporaryFile& switchFile(int keyCount, const std::vector<std::string>& keys) {
     static std::map<int, std::unique_ptr<TemporaryFile>> files;
     auto& file = files[keyCount];
@@ -68,7 +68,7 @@ inline const TemporaryFile& switchFile(int keyCount, const std::vector<std::stri
     return *file;
 }
 
-// Drops what the library writes about bad pieces: every line is written out, and to nowhere.
+// Discards the library's messages about bad pieces; they are still formatted.
 class QuietStandardError {
 public:
     QuietStandardError() : before(std::cerr.rdbuf(&nowhere)) {}

@@ -1,6 +1,6 @@
-// What a limit costs: found by code, found by category, left by an earlier question, or new; beside a bare look-up in a
-// map of the same type and content, with views that are in upper case already or that are put into upper case on the
-// stack. "Warm" asks one instrument again and again, "Cold" goes through all of them at random.
+// The cost of a limit query when the row is found by code, is found by category, was inserted by an earlier query, or
+// is new. For comparison: a bare look-up in a map of the same type and content, with keys already in upper case or
+// converted on the stack. "Warm" repeats one instrument, "Cold" goes through all of them in random order.
 
 #include <benchmark/benchmark.h>
 
@@ -33,7 +33,7 @@ using Instrument = std::pair<std::string, std::string>;
 constexpr auto kLimitPrice = static_cast<EBrokerPriceType>(11);
 const char* const kMarkets[] = {"SH", "SZ", "BJ", "SHFE"};
 
-// That many instruments over four markets, in random order.
+// The given number of instruments in four markets, in random order.
 std::vector<Instrument> instruments(std::size_t count) {
     std::vector<Instrument> all;
     for (std::size_t i = 0; i < count; ++i)
@@ -42,14 +42,14 @@ std::vector<Instrument> instruments(std::size_t count) {
     return all;
 }
 
-// The same instruments without a row of their own: their codes have another first digit.
+// The same instruments with a different first digit, so that no code row exists for them.
 std::vector<Instrument> withoutRow(std::vector<Instrument> all) {
     for (Instrument& each : all)
         each.second[0] = '0';
     return all;
 }
 
-// A store that holds a row for each instrument and a stock row for each market; what has no row is a stock.
+// A store with a row for each instrument and a stock row for each market; instruments without a row are stocks.
 boost::shared_ptr<ConfigCollector> loadedStore(const std::vector<Instrument>& rows, const std::string& categories) {
     standin::PlatformData data;
     for (const char* market : kMarkets)
@@ -79,7 +79,7 @@ void askAll(benchmark::State& state, ConfigCollector& store, const std::vector<I
     });
 }
 
-// A short text in upper case, on the stack.
+// A short text converted to upper case on the stack.
 class UpperCased {
 public:
     explicit UpperCased(std::string_view text) : length(std::min(text.size(), letters.size())) {
@@ -108,7 +108,7 @@ VolumeLimit copied(const VolumeLimit* found) {
     return found == nullptr ? VolumeLimit() : *found;
 }
 
-// Functions of their own, as the store's operations are.
+// Never inlined, like the store's operations.
 [[gnu::noipa]] VolumeLimit plainLimit(const MarketItemTable<VolumeLimit>& table, const Instrument& asked) {
     return copied(findRow(table, asked.first, asked.second));
 }
@@ -148,7 +148,7 @@ void upperCasedCold(benchmark::State& state) {
     lookUpAll(state, all(state), upperCasedLimit);
 }
 
-// The views of a row that is missing and then of the category, which is taken for known.
+// Looks up a missing code row, then the category row; working out the category is not included.
 void upperCasedCategoryWarm(benchmark::State& state) {
     lookUpAll(state, withoutRow(one(state)), upperCasedLimit);
 }
@@ -177,7 +177,7 @@ void leftDefaultCold(benchmark::State& state) {
     askAll(state, *loadedStore(all(state), ""), withoutRow(all(state)));
 }
 
-// Each question leaves a row: the table grows by one market a time.
+// Each query inserts a row: the table grows by one market at a time.
 void newDefault(benchmark::State& state) {
     const auto store = loadedStore(all(state), "STOCK");
     std::vector<std::string> markets;

@@ -1,5 +1,5 @@
-// What it costs to read the platforms of a very long list, all of them good or all of them bad, beside one pass over
-// the digits by hand and beside Boost's splitting and conversion.
+// The cost of reading a very long platform list, with all entries good or all bad, compared with one hand-written pass
+// over the digits and with Boost's splitting and conversion.
 
 #include <benchmark/benchmark.h>
 
@@ -37,7 +37,7 @@ std::vector<int> ours(const std::string& text) {
     return ttservice::internal::readPlatformList(text);
 }
 
-// The plainest loop that tells numbers from other pieces; too small for a number that does not fit.
+// The simplest loop that tells numbers from other text; it does not handle overflow.
 std::vector<int> onePass(const std::string& text) {
     std::vector<int> ids;
     int id = 0;
@@ -93,7 +93,7 @@ void read(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * kTokens);
 }
 
-// With a real stream behind it: one write a line.
+// With a real stream, one write per line.
 void readToNullDevice(benchmark::State& state) {
     std::filebuf nullDevice;
     nullDevice.open("/dev/null", std::ios::out);

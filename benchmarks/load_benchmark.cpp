@@ -1,6 +1,5 @@
-// What loading a settings file into a new store costs, beside a scan that finds its lines, and beside the same file
-// read into plain maps by hand, with and without the platform lists that a load comes to. peers/loadpeers.cpp adds
-// other settings readers.
+// The cost of loading a settings file into a new store, compared with a scan for its lines and with reading it into
+// plain maps by hand, with and without building the platform lists. peers/loadpeers.cpp adds other settings readers.
 
 #include <benchmark/benchmark.h>
 #include <ttplatform/configuration.h>
@@ -43,7 +42,7 @@ void loadAgain(benchmark::State& state) {
         state, [&] { return store; }, [](const auto& loaded, const auto& path) { loaded->readConfig(path); });
 }
 
-// The steps of a load by themselves; the first two.
+// The first two steps of a load, each by itself.
 void parseAlone(benchmark::State& state) {
     benchmarks::timeLoad(
         state, [] { return std::make_unique<utils::Configuration>(); },
@@ -60,7 +59,7 @@ void listsAlone(benchmark::State& state) {
         });
 }
 
-// The third: the lists put into an empty table, keys in order.
+// The third step: inserting the lists into an empty table, keys in order.
 void tableAlone(benchmark::State& state) {
     using Table = std::map<std::string, std::vector<int>, std::less<>>;
     utils::Configuration configuration;

@@ -16,7 +16,7 @@ inline void loadSizes(benchmark::internal::Benchmark* registered) {
     registered->UseManualTime()->Unit(benchmark::kMicrosecond);
 }
 
-// Times load(reader, path) on what prepare() made, and reports bytes and keys a second and the time of a key.
+// Times load(reader, path) on the result of prepare(), and reports bytes and keys per second and the time per key.
 template <typename Prepare, typename Load>
 void timeLoad(benchmark::State& state, const Prepare& prepare, const Load& load) {
     const std::string& path = generatedFile(static_cast<int>(state.range(0))).path();

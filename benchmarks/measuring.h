@@ -7,18 +7,18 @@
 
 #include "benchmarks/allocations.h"
 
-// How the programs measure what Google Benchmark leaves to them.
+// Measurements that Google Benchmark does not provide.
 
 namespace benchmarks {
 
-// Seconds of processor time that this thread has used: what other processes do in between does not count.
+// Processor time of this thread in seconds; other processes do not add to it.
 inline double threadSeconds() {
     timespec now{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
     return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
 }
 
-// Times step() alone on what prepare() made; what prepares and what destroys it does not count. For UseManualTime().
+// Times only step() on the result of prepare(), without preparing or destroying it. For UseManualTime().
 template <typename Prepare, typename Step>
 void timeStep(benchmark::State& state, const Prepare& prepare, const Step& step) {
     for (auto _ : state) {
@@ -30,7 +30,7 @@ void timeStep(benchmark::State& state, const Prepare& prepare, const Step& step)
     }
 }
 
-// Asks ask(0), ask(1) and so on up to ask(count - 1), again and again, and counts the allocations of an answer.
+// Calls ask(0) to ask(count - 1) repeatedly and counts the allocations per answer.
 template <typename Ask>
 void askInTurn(benchmark::State& state, std::size_t count, const Ask& ask) {
     std::size_t i = 0;

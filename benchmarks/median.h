@@ -5,7 +5,7 @@
 
 namespace benchmarks {
 
-// Of an odd number of values the one in the middle.
+// The median of an odd number of values.
 inline double median(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     return values[values.size() / 2];

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-// A settings file read by hand, with nothing but the standard library.
+// Reads a settings file by hand, with nothing but the standard library.
 
 namespace benchmarks {
 
@@ -24,7 +24,7 @@ inline std::string wholeFile(const std::string& path) {
     return bytes;
 }
 
-// Hands out every line without its end.
+// Passes every line, without its line end, to the sink.
 template <typename Sink>
 void forEachLine(std::string_view rest, const Sink& sink) {
     while (!rest.empty()) {
@@ -41,7 +41,7 @@ inline std::string_view withoutBlanks(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \t\r") + 1 - first);
 }
 
-// Section, key, value; of a repeated key the first value.
+// Section, key, value; a repeated key keeps its first value.
 inline PlainSections plainSections(const std::string& path) {
     const std::string bytes = wholeFile(path);
     PlainSections sections;
@@ -71,7 +71,7 @@ inline std::vector<int> plainList(std::string_view value) {
     return ids;
 }
 
-// The platform lists of section "setting", which is what a load has to come to.
+// The platform lists of section "setting", the result of a load.
 inline PlainLists plainLists(const PlainSections& sections) {
     PlainLists lists;
     const auto section = sections.find("setting");
@@ -81,7 +81,7 @@ inline PlainLists plainLists(const PlainSections& sections) {
     return lists;
 }
 
-// Whether the platform stands in the list that the text is.
+// Whether a list in text form contains the platform.
 inline bool textLists(std::string_view value, int platformId) {
     const char* const end = value.data() + value.size();
     for (const char* at = value.data(); at < end; ++at) {

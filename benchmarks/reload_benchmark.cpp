@@ -1,5 +1,5 @@
-// What loading a settings file again costs: the sample file, and files whose keys go through every catalogue reader.
-// "time/key" is the whole load divided by the keys of the file.
+// The cost of reloading a settings file: the sample file, and files whose keys go through every catalogue reader.
+// "time/key" is the time of the whole load divided by the number of keys in the file.
 
 #include <benchmark/benchmark.h>
 
@@ -22,8 +22,8 @@ using ttservice::internal::StoreSlot;
 
 const char* const kSample = TT_SOURCE_DIR "/samples/settings.ini";
 
-// A file of about that many keys, an equal part in each section whose keys are data and in the main one, and as many
-// algorithm products in one value.
+// A file with about the given number of keys, divided equally between the main section and each section whose keys are
+// data, and with as many algorithm products in one value.
 class GeneratedCatalogues {
 public:
     explicit GeneratedCatalogues(int keyCount) {
@@ -60,7 +60,7 @@ std::int64_t keysOf(const std::string& path) {
     return keys;
 }
 
-// A store of its own for each iteration that keeps nothing of the one before: some tables only ever grow.
+// Each iteration gets a new store, because some tables only grow.
 void loadAgain(benchmark::State& state, const std::string& path) {
     const benchmarks::QuietStandardError quiet;
     for (auto _ : state) {

@@ -1,5 +1,5 @@
-// What the start of the client spends on its market-time script, whole and step by step, next to the same steps written
-// straight against the interpreter and the JSON parser.
+// The time that the start of the client spends on its market-time script, as a whole and step by step, compared with
+// the same steps written directly against the interpreter and the JSON parser.
 
 #include <benchmark/benchmark.h>
 #include <mongo/bson/bson.h>
@@ -29,7 +29,7 @@ using ttservice::internal::TradingSessions;
 
 const std::string kScript = TT_SOURCE_DIR "/samples/luaScripts/MarketTime.lua";
 
-// Times the step alone; what prepares it and what cleans up after it does not count.
+// Times only the step, without its preparation and its clean-up.
 template <typename Prepare, typename Step, typename Finish>
 void measure(benchmark::State& state, const Prepare& prepare, const Step& step, const Finish& finish) {
     for (auto _ : state) {
@@ -97,7 +97,7 @@ void script(benchmark::State& state) {
     measure(state, stateWithLibraries, run, lua_close);
 }
 
-// The three steps above and the registration of printLog, as init() does them.
+// The three steps above and the registration of printLog, as done by init().
 void init(benchmark::State& state) {
     const auto prepare = [] { return boost::make_shared<luabase::LuaConfig>(); };
     measure(
@@ -124,14 +124,14 @@ void json(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(texts.size()));
 }
 
-// Sessions of parsed and unparsed texts alike: what is above "json" is building.
+// Parsing and building together: the difference to "json" is the cost of building.
 void jsonAndBuilding(benchmark::State& state) {
     const Texts texts = sampleTexts();
     for (auto _ : state)
         benchmark::DoNotOptimize(ttservice::internal::buildTradingSessions(texts));
 }
 
-// --- the same by hand
+// --- the same steps by hand
 
 std::string plainAnswer(lua_State* lua, const char* function, const char* argument) {
     lua_getglobal(lua, function);

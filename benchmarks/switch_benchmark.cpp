@@ -1,6 +1,6 @@
-// What a platform switch costs, hot (one switch again and again) and mixed (all in turn), beside a bare slot without a
-// lock, a bare look-up in a map of the same content, and the same under locks; and what a value costs that is given
-// platform by platform. peers/askpeers.cpp adds other settings readers.
+// The cost of a platform switch, hot (one switch repeatedly) and mixed (all in turn), compared with a bare slot without
+// a lock, with a bare look-up in a map of the same content, and with both under locks. Also the cost of a per-platform
+// value. peers/askpeers.cpp adds other settings readers.
 
 #include <benchmark/benchmark.h>
 
@@ -43,15 +43,13 @@ void predicate(benchmark::State& state) {
     });
 }
 
-// A function of its own that the compiler does not look into, as a predicate is: what is compared is what happens
-// behind the call.
+// Opaque to the compiler, as a predicate in the shared library is, so that both sides include the cost of a call.
 [[gnu::noipa]] bool slotLists(const std::vector<int>* const* slots, std::size_t index, int platformId) {
     const std::vector<int>* const list = slots[index];
     return list != nullptr && benchmarks::contains(*list, platformId);
 }
 
-// The same behind the least that tells a writer of a reader: one exchange, which every core sees in the same order, and
-// a store.
+// The same with the minimum that makes a reader visible to a writer: one sequentially consistent exchange, and a store.
 [[gnu::noipa]] bool announcedSlotLists(std::atomic<bool>& inside, const std::vector<int>* const* slots,
                                        std::size_t index, int platformId) {
     inside.exchange(true, std::memory_order_seq_cst);
@@ -101,7 +99,7 @@ void map(benchmark::State& state) {
     });
 }
 
-// --- values given platform by platform
+// --- per-platform values
 
 constexpr std::size_t kPlatforms = 200;
 
@@ -122,7 +120,7 @@ void perPlatformValue(benchmark::State& state) {
                           [&](std::size_t turn) { return store->getRenewalPts(static_cast<int>(turn)); });
 }
 
-// A function of its own as well.
+// Opaque to the compiler as well.
 [[gnu::noipa]] int valueAt(const std::map<int, int>& values, int platformId) {
     const auto found = values.find(platformId);
     return found == values.end() ? 1 : found->second;

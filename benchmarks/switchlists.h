@@ -10,7 +10,7 @@
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
-// The switches that the programs ask for, and a table of them.
+// The switches that the programs query, and a table of them.
 
 namespace benchmarks {
 
@@ -19,7 +19,7 @@ using Lists = std::map<std::string, std::vector<int>, std::less<>>;
 inline constexpr std::size_t kSwitchCount = ttservice::internal::kPlatformSwitchCount;
 inline constexpr int kAskedPlatform = 12;
 
-// Which switches a program asks: one again and again, or all of them in turn.
+// Which switches a program queries: one repeatedly, or all of them in turn.
 enum class Asked { Hot, Mixed };
 
 inline constexpr std::size_t kHotSwitch = ttservice::internal::platformSwitchIndex("needmaxamount");
@@ -38,7 +38,7 @@ inline constexpr bool (ttservice::ConfigCollector::*kPredicates[])(int) const = 
 #include "traderbase/base/config/platformswitches.def"
 };
 
-// The keys by number, as the predicates.
+// The keys, in the order of the predicates.
 inline const std::vector<std::string>& switchKeys() {
     static const std::vector<std::string> keys = [] {
         std::vector<std::string> all;
@@ -49,7 +49,7 @@ inline const std::vector<std::string>& switchKeys() {
     return keys;
 }
 
-// Every known switch and as many unknown keys as make up the count, three platforms each.
+// Every known switch and enough unknown keys to reach the count, each with three platforms.
 inline Lists listsOf(std::size_t count) {
     Lists lists;
     for (const std::string& key : switchKeys())

@@ -1,5 +1,6 @@
-// What several threads get that ask for platform switches at once, and what happens to two readers without pause while
-// a writer replaces a list every millisecond: ours beside a map under boost::shared_mutex and under std::shared_mutex.
+// The throughput of several threads that query platform switches at once, and the latencies of two busy readers while a
+// writer replaces a list every millisecond. Compares the store with a map under boost::shared_mutex and under
+// std::shared_mutex.
 
 #include <benchmark/benchmark.h>
 
@@ -30,7 +31,7 @@ std::int64_t nanosecondsSince(Clock::time_point start) {
     return std::chrono::duration_cast<std::chrono::nanoseconds>(Clock::now() - start).count();
 }
 
-// --- what is asked
+// --- the subjects
 
 class Ours {
 public:
@@ -65,14 +66,14 @@ private:
     const std::vector<std::string>& keys = benchmarks::switchKeys();
 };
 
-// Nobody locks anything: what the machine's cores do for one another.
+// No locks at all: shows how well the machine's cores scale.
 class BareSlots {
 public:
     BareSlots() {
         for (const std::string& key : benchmarks::switchKeys())
             slots.push_back(&lists.at(key));
     }
-    // Not inlined, as little as the others.
+    // Not inlined, like the others.
     [[gnu::noipa]] bool ask(std::size_t index) const { return benchmarks::contains(*slots[index], kAskedPlatform); }
 
 private:
@@ -80,7 +81,7 @@ private:
     std::vector<const std::vector<int>*> slots;
 };
 
-// --- threads that only ask
+// --- readers only
 
 template <typename Subject>
 void askAtOnce(benchmark::State& state) {
@@ -98,7 +99,7 @@ void askAtOnce(benchmark::State& state) {
 constexpr std::size_t kReaders = 2;
 constexpr auto kDuration = std::chrono::milliseconds(300);
 
-// How often an answer took how many nanoseconds; what is longer counts as the longest.
+// A histogram of latencies in nanoseconds; longer ones count in the last bucket.
 class Latencies {
 public:
     void add(std::int64_t nanoseconds) {
@@ -135,7 +136,7 @@ struct alignas(64) ReaderResult {
     Latencies latencies;
 };
 
-// Without a look at the clock between the answers.
+// Counts answers without reading the clock in between.
 template <typename Subject>
 void countAnswers(const Subject& subject, const std::atomic<bool>& stop, ReaderResult& result) {
     std::uint64_t answers = 0;
@@ -147,7 +148,7 @@ void countAnswers(const Subject& subject, const std::atomic<bool>& stop, ReaderR
     result.answers = answers;
 }
 
-// Each answer by itself; the times hold what it costs to look at the clock once.
+// Times each answer; the times include the cost of reading the clock once.
 template <typename Subject>
 void timeAnswers(const Subject& subject, const std::atomic<bool>& stop, ReaderResult& result) {
     while (!stop.load(std::memory_order_relaxed)) {
@@ -159,7 +160,7 @@ void timeAnswers(const Subject& subject, const std::atomic<bool>& stop, ReaderRe
     }
 }
 
-// The longest that a replacement took.
+// Returns the duration of the slowest replacement in nanoseconds.
 template <typename Subject>
 std::int64_t replaceEveryMillisecond(Subject& subject, const std::atomic<bool>& stop) {
     std::int64_t longest = 0;
@@ -172,7 +173,7 @@ std::int64_t replaceEveryMillisecond(Subject& subject, const std::atomic<bool>& 
     return longest;
 }
 
-// Runs the readers and the writer for a while; the writer's longest wait in nanoseconds.
+// Runs the readers and the writer for a while; returns the writer's longest wait in nanoseconds.
 template <typename Subject>
 std::int64_t runTogether(Subject& subject, std::array<ReaderResult, kReaders>& results,
                          void (*read)(const Subject&, const std::atomic<bool>&, ReaderResult&)) {

@@ -6,14 +6,14 @@
 #include <string>
 #include <utility>
 
-// The settings files that the tool's subcommands are measured on: a file, and what became of it.
+// The settings files on which the tool's subcommands are measured, each in an old and a new version.
 
 namespace benchmarks {
 
 inline constexpr int kToolFileKeys = 100000;
 
-// Writes lines of a file, and the same lines of a later one: of the rows of which one in so many differs, and besides
-// one in 97 is gone, with another one in its place.
+// Writes the old and the new version of a file. In the new version, one row in oneInSoMany has a different value, and
+// one row in 97 has a different key.
 class TwoTexts {
 public:
     TwoTexts(std::string sharedStart, int oneInSoMany)
@@ -41,7 +41,7 @@ private:
     int rows = 0;
 };
 
-// Keys that nobody knows, each a switch: what the loading benchmark loads.
+// Unknown keys, each a switch: the file of the loading benchmark.
 inline TwoTexts switchTexts(int changedOneIn) {
     TwoTexts texts("[setting]\n", changedOneIn);
     std::mt19937 random(42);
@@ -62,7 +62,7 @@ inline void limitRows(TwoTexts& texts, const std::string& market, int count) {
     }
 }
 
-// One order limit a row.
+// One order limit per row.
 inline TwoTexts limitTexts(int changedOneIn) {
     TwoTexts texts("", changedOneIn);
     texts.header("StkExchangeOrderLimit");
@@ -77,7 +77,7 @@ inline void bondRows(TwoTexts& texts, int count) {
     }
 }
 
-// A number for each name, in small letters: each name answers as written and in capitals.
+// One number per name, in lower case: each name is found as written and in upper case.
 inline TwoTexts bondTexts(int changedOneIn) {
     TwoTexts texts("", changedOneIn);
     texts.header("StandardBondUseLimit");
@@ -92,7 +92,7 @@ inline std::string repeated(const std::string& piece, int count) {
     return text;
 }
 
-// A desk's own settings, and behind them of every kind of row as many as make up the count.
+// A desk's own settings, followed by enough rows of every kind to reach the count.
 inline TwoTexts mixedTexts(const std::string& desk, int changedOneIn) {
     std::ostringstream start;
     start << std::ifstream(desk, std::ios::binary).rdbuf();

@@ -1,12 +1,12 @@
-// toolwork TTCONFIG DESK      prints what the tool's subcommands take for files of 100,000 keys, each in a process of
-//                             its own, beside a process that does nothing but load the same file, in the form of Google
-//                             Benchmark's JSON. DESK is a settings file that the mixed one starts with.
-// toolwork --load FILE        does nothing but that
-// toolwork --nothing          not even that
-// toolwork --write DESK DIR   the files
+// toolwork TTCONFIG DESK      prints the time and memory that the tool's subcommands take for files of 100,000 keys,
+//                             each in a process of its own, and those of a process that only loads the same file, in
+//                             Google Benchmark's JSON format. The mixed file starts with the settings file DESK.
+// toolwork --load FILE        only loads a file
+// toolwork --nothing          does nothing
+// toolwork --write DESK DIR   writes the files
 //
-// All of them run in turn, again and again; a round that warms up is left out. The work is processor time, from the
-// start of the process to its end; medians.
+// All programs run in turn, several times; the first, warm-up round does not count. Times are processor times of whole
+// processes; figures are medians.
 
 #include <filesystem>
 #include <fstream>
@@ -47,7 +47,7 @@ void writeFiles(const std::string& desk, const fs::path& folder) {
     write(folder / "bonds.all.ini", benchmarks::bondTexts(1).after);
 }
 
-// A program that is measured, as "check/limits".
+// A measured program, such as "check/limits".
 struct Run {
     std::string name;
     std::vector<std::string> command;
@@ -94,7 +94,7 @@ std::vector<Run> runsOf(const std::string& self, const std::string& tool, const 
     return runs;
 }
 
-// A check that finds something and a diff that differs end with 1.
+// check with findings and diff with differences exit with 1, which is a success here.
 void measure(Run& run, bool warmsUp) {
     const auto use = benchmarks::runChild(run.command, 1);
     if (!use) throw std::runtime_error(run.name + " did not run");
@@ -111,7 +111,7 @@ nlohmann::json figure(const Run& run, double barePeak) {
             {"memory", benchmarks::median(run.peaks) - barePeak}};
 }
 
-// This process stays small: the system counts a process's memory to the child that it starts.
+// This process must stay small: the system adds its memory to the peak of the child that it starts.
 int measureAll(const std::string& self, const std::string& tool, const std::string& desk) {
     const Folder folder;
     if (!benchmarks::runChild({self, "--write", desk, folder.path.string()})) {

@@ -1,5 +1,5 @@
-// How long the trade unit questions take, by how far an instrument gets through the rules. Most of it is the stand-in
-// platform's classification; a host's own takes the place of that.
+// The cost of the trade unit queries, by how many rules an instrument passes through. Most of it is the stand-in
+// platform's classification, which a host replaces with its own.
 
 #include <benchmark/benchmark.h>
 
@@ -14,7 +14,7 @@
 
 namespace {
 
-// A few instruments among many others, so that the look-ups have something to look through.
+// A few instruments among many others, so that the look-ups run on tables of realistic size.
 void installPlatform() {
     standin::PlatformData data;
     for (int number = 0; number < 5000; ++number) {

@@ -10,7 +10,7 @@ function(tt_add_benchmark name)
     )
 endfunction()
 
-# tt_add_benchmark_tool(NAME SOURCES a.cpp ... [LIBS lib ...]): a program of ours around the benchmarks.
+# tt_add_benchmark_tool(NAME SOURCES a.cpp ... [LIBS lib ...]): a helper program for the benchmarks.
 function(tt_add_benchmark_tool name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${arg_SOURCES})

@@ -1,5 +1,5 @@
-# Third-party libraries, each behind a target of our own, "tt::NAME"; nothing else in the build knows where they come
-# from. All of them are imported targets, so their headers are SYSTEM and never show warnings of ours.
+# Third-party libraries, each behind a target "tt::NAME"; nothing else in the build knows where they come from. All are
+# imported targets, so their headers are SYSTEM and exempt from our warnings.
 #
 #   library     tt::boost tt::lua tt::luabind tt::bson tt::fmt tt::log4cxx
 #   stand-in    tt::json
@@ -9,14 +9,14 @@
 #   benchmarks  tt::benchmark tt::benchmark_main
 #   peers       tt::simpleini tt::inih tt::glib tt::qtcore tt::json tt::fmt
 #
-# The first group is looked for when this file is included, the others where TRADERBASE_PLATFORM_TARGET, TT_BUILD_TOOL,
-# BUILD_TESTING, TT_BUILD_BENCHMARKS and TT_BENCHMARK_PEERS ask for them: a build of the library alone needs no test
-# packages, and nothing but ./bench needs the peers.
+# Including this file finds the first group. The others are found only if TRADERBASE_PLATFORM_TARGET, TT_BUILD_TOOL,
+# BUILD_TESTING, TT_BUILD_BENCHMARKS and TT_BENCHMARK_PEERS ask for them: building only the library needs no test
+# packages, and only ./bench needs the peers.
 # setup/install.sh installs what a Debian 12 machine lacks.
 
 # ---- helpers ---------------------------------------------------------------------------------------------------------
 
-# Stops the configuration with the one remedy there is.
+# Stops the configuration and says how to install what is missing.
 function(tt_fail_missing what)
     message(FATAL_ERROR "${what} was not found. On Debian 12, setup/install.sh installs everything the build needs; "
         "elsewhere, install it and name its place in CMAKE_PREFIX_PATH.")
@@ -36,8 +36,8 @@ function(tt_alias_package name package)
     target_link_libraries(tt::${name} INTERFACE ${arg_TARGETS})
 endfunction()
 
-# tt_find_plain(NAME HEADER h LIBRARY l... [SUFFIXES dir...] [VALIDATOR f]): tt::NAME for a library that brings no
-# CMake package along. The places can be set by hand in the cache: TT_<NAME>_INCLUDE_DIR and TT_<NAME>_LIBRARY.
+# tt_find_plain(NAME HEADER h LIBRARY l... [SUFFIXES dir...] [VALIDATOR f]): tt::NAME for a library that has no
+# CMake package. The cache variables TT_<NAME>_INCLUDE_DIR and TT_<NAME>_LIBRARY override the places it is found in.
 function(tt_find_plain name)
     cmake_parse_arguments(arg "" "HEADER;VALIDATOR" "LIBRARY;SUFFIXES" ${ARGN})
     if(TARGET tt::${name})
@@ -62,7 +62,7 @@ endfunction()
 
 # ---- the library -----------------------------------------------------------------------------------------------------
 
-# A folder's lua.h may belong to a later Lua, which neither the scripts nor our luabind can be used with.
+# Whether a folder's lua.h is that of Lua 5.1; neither the scripts nor our luabind work with a later Lua.
 function(tt_is_lua51 result folder)
     file(STRINGS "${folder}/lua.h" version REGEX "^#define[ \t]+LUA_VERSION_NUM[ \t]+501")
     if(NOT version)
@@ -70,8 +70,8 @@ function(tt_is_lua51 result folder)
     endif()
 endfunction()
 
-# luabind built against Lua 5.1 by setup/luabind.sh, which also knows the folder; LUABIND51_ROOT overrides it. The place
-# is found anew at every configuration, because it moves when the way luabind is built changes.
+# Finds luabind, built against Lua 5.1 by setup/luabind.sh, which also knows the folder; LUABIND51_ROOT overrides it.
+# The search is repeated at every configuration, because the folder changes with the build recipe.
 function(tt_find_luabind)
     if(TARGET tt::luabind)
         return()
@@ -107,7 +107,7 @@ function(tt_find_library_dependencies)
     tt_alias_package(log4cxx log4cxx VERSION 1.0 TARGETS log4cxx)
     tt_find_plain(lua HEADER lua.h LIBRARY lua5.1 lua-5.1 lua51 SUFFIXES lua5.1 lua-5.1 lua51 VALIDATOR tt_is_lua51)
     tt_find_luabind()
-    # Of the database client only the BSON part is used; its headers want boost::bind's old global placeholders.
+    # Only the BSON part of the database client is used; its headers need boost::bind's old global placeholders.
     tt_find_plain(bson HEADER mongo/bson/bson.h LIBRARY mongoclient)
     set_target_properties(tt::bson PROPERTIES
         INTERFACE_COMPILE_DEFINITIONS BOOST_BIND_GLOBAL_PLACEHOLDERS
@@ -117,7 +117,7 @@ endfunction()
 
 # ---- the stand-in platform -------------------------------------------------------------------------------------------
 
-# It reads its data from a JSON file; a host that links a platform of its own needs no JSON library.
+# The stand-in reads its data from a JSON file; a host with its own platform target needs no JSON library.
 function(tt_find_platform_dependencies)
     tt_alias_package(json nlohmann_json VERSION 3.11 TARGETS nlohmann_json::nlohmann_json)
 endfunction()
@@ -131,7 +131,7 @@ endfunction()
 
 # ---- tests -----------------------------------------------------------------------------------------------------------
 
-# As packaged it is compiled for ICU's conversion, and its header must be told so.
+# The packaged library is compiled for ICU's conversion; the header needs a definition to match.
 function(tt_find_simpleini)
     tt_find_plain(simpleini HEADER SimpleIni.h LIBRARY simpleini)
     set_target_properties(tt::simpleini PROPERTIES INTERFACE_COMPILE_DEFINITIONS SI_CONVERT_ICU)
@@ -144,8 +144,8 @@ function(tt_find_test_dependencies)
     tt_find_simpleini()
 endfunction()
 
-# Makes the locale de_DE.UTF-8 (decimal comma) in the build folder, once, and sets "result" to the folder that LOCPATH
-# must name for setlocale to find it: numbers have to read the same under it. Stays empty where that cannot be done.
+# Creates the locale de_DE.UTF-8 (decimal comma) in the build folder, once, and sets "result" to the folder for LOCPATH.
+# Tests use it to check that numbers read the same in every locale. "result" stays empty if this is not possible.
 function(tt_make_comma_locale result)
     set(folder "${PROJECT_BINARY_DIR}/locale")
     find_program(TT_LOCALEDEF localedef)
@@ -170,7 +170,7 @@ function(tt_find_benchmark_dependencies)
     endforeach()
 endfunction()
 
-# ---- the benchmarks' peers: other readers, measured beside ours and used for nothing else -----------------------------
+# ---- the benchmarks' peers: other settings readers, used only for comparison -----------------------------------------
 
 function(tt_find_peer_dependencies)
     tt_find_simpleini()
@@ -188,7 +188,7 @@ function(tt_find_peer_dependencies)
     target_link_libraries(tt::glib INTERFACE PkgConfig::TT_GLIB)
 endfunction()
 
-# ---- what this configuration asks for --------------------------------------------------------------------------------
+# ---- what this configuration needs -----------------------------------------------------------------------------------
 
 tt_find_library_dependencies()
 if(TRADERBASE_PLATFORM_TARGET STREQUAL "ttplatform")

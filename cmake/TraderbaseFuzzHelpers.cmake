@@ -1,11 +1,11 @@
 # tt_add_fuzzer(NAME SOURCES a.cpp ... MAX_LEN bytes [DICT name] [SEEDS path ...] [LIBS lib ...] [TOOL])
 #
-# One fuzz target: a function that takes bytes and ends the program when something does not hold. With BUILD_TESTING it
-# becomes fuzz_NAME_replay, which goes through fuzz/corpus/NAME and a few hundred mutations of what is there, and is the
-# CTest test Fuzz.NAME. With TT_FUZZ it becomes fuzz_NAME as well, driven by libFuzzer. MAX_LEN is the longest input
-# worth trying, fuzz/DICT.dict has words for libFuzzer to try, SEEDS serve this target, too: files and folders of the
-# project, or the files of a folder that have an ending, FOLDER/*.ENDING. It links the library's objects, with TOOL those
-# of ttconfig as well.
+# Adds a fuzz target: a function that takes bytes and ends the program if a check fails. With BUILD_TESTING it is built
+# as fuzz_NAME_replay, which runs fuzz/corpus/NAME and a few hundred mutations of it and is the CTest test Fuzz.NAME.
+# With TT_FUZZ it is also built as fuzz_NAME, driven by libFuzzer. MAX_LEN is the longest input worth trying.
+# fuzz/DICT.dict has words for libFuzzer to try. SEEDS are additional seeds: files and folders of the project, or the
+# files of a folder with a given extension, FOLDER/*.ENDING. The target links the library's objects, and with TOOL
+# those of ttconfig.
 
 function(tt_add_fuzzer name)
     cmake_parse_arguments(arg "TOOL" "MAX_LEN;DICT" "SOURCES;LIBS;SEEDS" ${ARGN})
@@ -24,15 +24,15 @@ function(tt_add_fuzzer name)
     endif()
 endfunction()
 
-# One of the two programs of a target, whose arguments arg_LIBS and arg_TOOL are.
+# Adds one of the two programs of a target. Uses the caller's arg_LIBS and arg_TOOL.
 function(tt_add_fuzz_program program)
     add_executable(${program} ${ARGN})
     tt_configure_target(${program})
     target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR})
     target_compile_definitions(${program} PRIVATE TT_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     if(arg_TOOL)
-        # The objects themselves: the tool's library would bring the shared library along, which hides what the targets
-        # reach for.
+        # Link the objects: the tool's library target would pull in the shared library, which hides the internals that
+        # the targets use.
         target_sources(${program} PRIVATE $<TARGET_OBJECTS:ttconfig_parts>)
         target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR}/tools)
     endif()

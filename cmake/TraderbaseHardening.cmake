@@ -1,13 +1,12 @@
-# TT_HARDENING: build with the flags that Debian hardens its packages with (dpkg-buildflags, hardening=+all), and with
-# the two that its newer releases add: stack clash protection and control-flow protection. Each only where compiler and
-# linker take it. On in release builds that are neither measured nor sanitized: the checks need the optimiser, and the
-# sanitizers bring their own.
+# TT_HARDENING: build with the flags that Debian uses to harden its packages (dpkg-buildflags, hardening=+all), and with
+# two that its newer releases add: stack clash protection and control-flow protection. Each flag is used only if the
+# compiler and the linker accept it. On in release builds that are neither measured for coverage nor sanitized: the
+# checks need the optimiser, and the sanitizers have checks of their own.
 #
-# What is asked often stays as fast as it was: the stack guard goes into functions with arrays alone, the checked string
-# functions into calls whose target's size is known, control-flow protection is one instruction at a function's start,
-# and binding everything when the library is loaded saves the indirection at the first call. Control-flow protection is in
-# our code and not yet at work: a system checks it only where every object that is linked has its mark, and Debian 12's
-# own start files have none.
+# Frequent queries stay as fast as before: only functions with arrays get a stack guard, only calls with a known target
+# size use the checked string functions, control-flow protection is one instruction at the start of a function, and
+# binding all symbols at load time saves the indirection of the first call. Control-flow protection is compiled in but
+# not yet active: the system enables it only if every linked object is marked, and Debian 12's start files are not.
 
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
@@ -19,11 +18,11 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT TT_SANITIZE AND NOT TT_COVERAGE A
 endif()
 option(TT_HARDENING "Build with the distribution's hardening flags" ${hardened})
 
-# Sets up TT_HARDENING_COMPILE and TT_HARDENING_LINK, the flags that are taken here.
+# Sets TT_HARDENING_COMPILE and TT_HARDENING_LINK to the flags that this compiler and linker accept.
 function(tt_find_hardening_flags)
     set(compile)
     set(link)
-    set(CMAKE_REQUIRED_FLAGS -Wformat)  # without it, the last of them is nothing but a warning
+    set(CMAKE_REQUIRED_FLAGS -Wformat)  # without it, the last flag only causes a warning
     foreach(flag -fstack-protector-strong -fstack-clash-protection -fcf-protection -Wformat -Werror=format-security)
         string(MAKE_C_IDENTIFIER "TT_TAKES${flag}" taken)
         check_cxx_compiler_flag(${flag} ${taken})
@@ -31,7 +30,7 @@ function(tt_find_hardening_flags)
             list(APPEND compile ${flag})
         endif()
     endforeach()
-    # A distribution's own default, which may be another level, would be a redefinition.
+    # Undefine it first: a distribution's default of another level would be a redefinition.
     list(APPEND compile -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
     foreach(flag -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
         string(MAKE_C_IDENTIFIER "TT_TAKES${flag}" taken)
@@ -46,7 +45,7 @@ endfunction()
 
 if(TT_HARDENING)
     tt_find_hardening_flags()
-    # Programs are position-independent as well: POSITION_INDEPENDENT_CODE alone does not reach the linker.
+    # For position-independent programs: POSITION_INDEPENDENT_CODE alone does not reach the linker.
     check_pie_supported(LANGUAGES CXX)
 endif()
 

@@ -1,10 +1,10 @@
-# tt_install_tool(): what is installed of the tool: the program with the libraries it loads, its manual page and what
-# the shells need to complete its command line. The tool writes pages and scripts itself, out of what it is made of, and
-# they are in the build folder's share/ as they are installed. cmake --install BUILD --component tool
+# tt_install_tool(): installs the tool: the program with the libraries it loads, its manual page and the shells'
+# completion scripts. The tool generates the page and the scripts from its own command line; they are in share/ of the
+# build folder, laid out as they are installed. Use: cmake --install BUILD --component tool
 
 include(GNUInstallDirs)
 
-# tt_write_by_tool(FILE FOLDER WORD...): FOLDER/FILE below share/ is what "ttconfig WORD..." answers.
+# tt_write_by_tool(FILE FOLDER WORD...): writes the output of "ttconfig WORD..." to FOLDER/FILE below share/.
 function(tt_write_by_tool file folder)
     set(path ${PROJECT_BINARY_DIR}/share/${folder}/${file})
     add_custom_command(OUTPUT ${path}

@@ -1,5 +1,5 @@
-# TT_SANITIZE: "", "address" (address and undefined behaviour) or "thread". TT_COVERAGE: count the lines that ran.
-# TT_FUZZ: build the fuzz targets for libFuzzer as well, which wants its counters in everything that is built.
+# TT_SANITIZE: "", "address" (address and undefined behaviour) or "thread". TT_COVERAGE: count the executed lines.
+# TT_FUZZ: also build the fuzz targets for libFuzzer, which needs its counters in everything that is built.
 
 set(TT_SANITIZE "" CACHE STRING "Sanitizers to build with: empty, address or thread")
 set_property(CACHE TT_SANITIZE PROPERTY STRINGS "" address thread)
@@ -27,9 +27,9 @@ function(tt_enable_sanitizers target)
     target_link_options(${target} PRIVATE ${flags})
 endfunction()
 
-# Tests as well as the library: an inline function in both is there once, and it may be the tests' that is kept. Those
-# with threads count together, and without atomic counters their sums would go wrong. What is unmeasured itself is still
-# linked with the library's counters.
+# Instruments the tests as well as the library: of an inline function in both, the linker keeps one copy, and it may be
+# the tests'. Counters are updated atomically, because threads share them. Targets that are not measured still link the
+# runtime for the library's counters.
 function(tt_enable_coverage target unmeasured)
     if(TT_COVERAGE)
         target_link_options(${target} PRIVATE --coverage)

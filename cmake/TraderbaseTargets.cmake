@@ -1,4 +1,4 @@
-# What every target of ours has in common. UNMEASURED: no coverage is counted in it.
+# Common settings of all our targets. UNMEASURED: coverage is not counted in the target.
 
 function(tt_configure_target target)
     cmake_parse_arguments(arg "UNMEASURED" "" "" ${ARGN})

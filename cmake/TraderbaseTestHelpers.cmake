@@ -1,8 +1,8 @@
 # tt_add_test(NAME SOURCES a.cpp ... [LIBS lib ...] [EXPORTS_ONLY] [OPTIMISED])
 #
-# One test program; each of its tests becomes a CTest test and so a process of its own, in which the singletons are
-# fresh. It links the library's objects, or with EXPORTS_ONLY the shared library, which proves the list of exports. With
-# OPTIMISED it is as optimised as the library under a sanitizer, too: for tests that do much themselves.
+# Adds a test program; each of its tests becomes a CTest test and so runs in a process of its own, with fresh
+# singletons. The program links the library's objects, or with EXPORTS_ONLY the shared library, which proves the list of
+# exports. With OPTIMISED it is optimised like the library even under a sanitizer: for tests that compute a lot.
 
 include(GoogleTest)
 
@@ -10,7 +10,7 @@ function(tt_add_test name)
     cmake_parse_arguments(arg "EXPORTS_ONLY;OPTIMISED" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
     tt_configure_target(${name})
-    # A sanitizer makes the optimiser's work on test bodies long; what they test stays optimised.
+    # Under a sanitizer, optimising test bodies takes long; the code under test stays optimised.
     if(TT_SANITIZE AND NOT MSVC AND NOT arg_OPTIMISED)
         target_compile_options(${name} PRIVATE -O0)
     endif()
@@ -23,6 +23,6 @@ function(tt_add_test name)
     else()
         target_link_libraries(${name} PRIVATE traderbaseconfig_objects traderbaseconfig_internal ${arg_LIBS} tt::gmock_main)
     endif()
-    # Where the machine has no locale with a decimal comma, TT_LOCALE_DIR has one for the tests that set it.
+    # If the machine has no locale with a decimal comma, TT_LOCALE_DIR holds one for the tests that need it.
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 ENVIRONMENT "LOCPATH=${TT_LOCALE_DIR}")
 endfunction()

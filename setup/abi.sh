@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # setup/abi.sh check LIBRARY         compares the interface of a built library with the last release's, docs/abi/release.abi.xz
-# setup/abi.sh dump LIBRARY [FILE]   writes it down, there or in FILE; to be done with each release
-# The library has to be built with full debugging information. A difference is no error as long as the changelog tells
-# of it: under its first "##" heading, the release that is being made, stands "### Interface" with a line a change.
+# setup/abi.sh dump LIBRARY [FILE]   writes the interface there, or to FILE; to be done for each release
+# The library must be built with full debugging information. A difference is an error unless the changelog mentions it:
+# "### Interface" under the first "##" heading, the coming release, has one line per change.
 set -euo pipefail
 root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
 kept="$root/docs/abi/release.abi.xz"
@@ -13,7 +13,7 @@ usage() {
     exit 2
 }
 
-# What a client can use and nothing of how it is made, without anything that differs from machine to machine.
+# Prints what a client can use, without implementation details and without anything that depends on the machine.
 dump() {
     abidw --exported-interfaces-only --headers-dir "$root/libs/traderbase/base/config" --headers-dir "$root/base/src/luaconfig" \
         --headers-dir "$root/platform/include/ttplatform" --drop-private-types --no-corpus-path --no-comp-dir-path \
@@ -21,7 +21,7 @@ dump() {
         sed "s|'$root/|'|g"
 }
 
-# The lines under "### Interface" of the changelog's first release.
+# Prints the lines under "### Interface" in the changelog's first release.
 interfaceLines() {
     awk '/^## /{if (++release > 1) exit} /^### /{inside = ($0 == "### Interface"); next} inside && /^- /' "$root/CHANGELOG.md"
 }

@@ -1,9 +1,8 @@
 #!/usr/bin/env bash
 # setup/install.sh [--ci | --bench]
-# Installs what this machine lacks of setup/packages.txt (with --ci also of setup/packages-ci.txt, with --bench of
-# setup/packages-bench.txt), then sees to it that luabind for Lua 5.1 is built. When nothing is missing it neither needs
-# the network nor a second of time.
-# Says what it does on standard error; standard output stays empty.
+# Installs the missing packages of setup/packages.txt (with --ci also of setup/packages-ci.txt, with --bench of
+# setup/packages-bench.txt), then builds luabind for Lua 5.1 if necessary. If nothing is missing, it needs no network
+# and takes less than a second. Reports on standard error; standard output stays empty.
 set -euo pipefail
 here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
 
@@ -20,18 +19,18 @@ case "${1:-}" in
         ;;
 esac
 
-# Names of the wanted packages dpkg does not know as installed, one a line.
+# Prints the names of the wanted packages that are not installed, one per line.
 missingPackages() {
     local wanted installed
     wanted=$(sed 's/#.*//' "${lists[@]}" | tr -s '[:space:]' '\n' | sed '/^$/d' | sort -u)
-    # dpkg-query fails as soon as one of the names is unknown to it; what it does know it prints all the same.
+    # dpkg-query fails if it does not know one of the names, but still prints the others.
     # shellcheck disable=SC2086
     installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' $wanted 2>/dev/null |
         sed -n 's/^installed //p' | sort -u || true)
     comm -23 <(printf '%s\n' "$wanted") <(printf '%s\n' "$installed")
 }
 
-# Runs apt-get with its output kept in $log, never asking a question and waiting for another apt to finish.
+# Runs apt-get with its output in $log. Asks no questions, and waits for another apt to finish.
 aptGet() {
     DEBIAN_FRONTEND=noninteractive apt-get -q -y -o Dpkg::Use-Pty=0 -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3 \
         "$@" >>"$log" 2>&1 </dev/null
@@ -41,7 +40,7 @@ installPackages() {
     local log
     log=$(mktemp)
     say "installing what is missing: $*"
-    # A third party's broken archive must not stop us: what counts is whether the installation works afterwards.
+    # A broken third-party archive must not stop us: what counts is whether the installation then works.
     aptGet update || say "apt-get update reported an error, going on with what it fetched"
     if ! aptGet install --no-install-recommends "$@"; then
         tail -n 40 "$log" >&2

@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
-# setup/luabind.sh          builds luabind against Lua 5.1, unless it is there already
-# setup/luabind.sh --path   prints the folder it is (to be) built into, and builds nothing
+# setup/luabind.sh          builds luabind against Lua 5.1, unless that is done already
+# setup/luabind.sh --path   prints the folder of the build, and builds nothing
 #
 # The packaged luabind is linked against Lua 5.2, so we compile the distribution's source package against 5.1, as a
-# static, position-independent library whose symbols are hidden: none of them leaves the shared library it ends in.
+# static, position-independent library with hidden symbols, so that our shared library does not export them.
 # The folder lies outside every build folder, so that all presets and all clones share one build:
 #     $TRADERBASE_CACHE, else $XDG_CACHE_HOME/traderbase, else ~/.cache/traderbase, else /var/tmp/traderbase-<uid>
 set -euo pipefail
 export LC_ALL=C
 
-# Raise this number when the way luabind is built changes: every machine then builds it anew.
+# Increase this number when the build changes; every machine then rebuilds luabind.
 recipe=2
 
 say() { printf 'setup: %s\n' "$*" >&2; }
@@ -32,8 +32,8 @@ cacheRoot() {
 
 isComplete() { [ -s "$1/lib/libluabind.a" ] && [ -s "$1/include/luabind/build_information.hpp" ]; }
 
-# Fetches and unpacks the source package NAME into FOLDER. Debian machines rarely have deb-src entries: we derive
-# them from the machine's own deb entries, in lists of our own, and leave /etc and /var alone.
+# Fetches and unpacks the source package NAME into FOLDER. Debian machines rarely have deb-src entries, so we derive
+# them from the machine's deb entries, in our own lists, without touching /etc and /var.
 fetchSource() {
     local name=$1 folder=$2 file entry
     local apt="$folder/apt"
@@ -50,12 +50,12 @@ fetchSource() {
     local options=(-q -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$apt/sources"
         -o Dir::State::lists="$apt/lists" -o Dir::Cache="$apt/cache" -o APT::Sandbox::User=
         -o Acquire::Languages=none -o Acquire::Retries=3)
-    # An archive without sources makes the update complain; whether the package is found decides.
+    # The update fails for an archive without sources; what counts is whether the package is found.
     apt-get "${options[@]}" update || true
     (cd "$folder" && apt-get "${options[@]}" source "$name")
 }
 
-# The flags of cmake/TraderbaseHardening.cmake that the compiler takes: what the library links is hardened as it is.
+# Prints the flags of cmake/TraderbaseHardening.cmake that the compiler accepts: luabind is hardened like the library.
 hardening() {
     local flag
     for flag in -fstack-protector-strong -fstack-clash-protection -fcf-protection; do
@@ -64,8 +64,8 @@ hardening() {
     printf -- '-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2'
 }
 
-# Compiles the sources in FOLDER and installs headers and library below PREFIX. Flags a caller keeps in the
-# environment for his own builds have no business here.
+# Compiles the sources in FOLDER and installs headers and library below PREFIX. Ignores compiler flags in the caller's
+# environment.
 compile() {
     local source=$1 build=$2 prefix=$3
     unset CC CXX CFLAGS CXXFLAGS CPPFLAGS LDFLAGS CMAKE_GENERATOR CMAKE_BUILD_TYPE DESTDIR
@@ -79,7 +79,7 @@ compile() {
     cmake --install "$build"
 }
 
-# The whole way in a scratch folder beside the target; only a finished result is renamed to the target, in one step.
+# Does everything in a scratch folder next to the target; a finished result is renamed to the target in one step.
 build() {
     local target=$1 scratch=$2
     mkdir -p "$scratch/source"
@@ -88,7 +88,7 @@ build() {
     compile "${unpacked[0]}" "$scratch/build" "$scratch/prefix"
     isComplete "$scratch/prefix"
     sed -n 's/^Version: //p' "$scratch"/source/luabind_*.dsc | head -n 1 >"$scratch/prefix/VERSION"
-    # Somebody else may have finished first: then the rename fails and his result is as good.
+    # Another run may have finished first: then the rename fails, and that run's result is just as good.
     isComplete "$target" || rm -rf "$target"
     mv -T "$scratch/prefix" "$target" || isComplete "$target"
 }
@@ -119,7 +119,7 @@ find "$root" -maxdepth 1 -name '.luabind-*' -mmin +60 -exec rm -rf {} + # left b
 scratch=$(mktemp -d "$root/.luabind-XXXXXX")
 trap 'rm -rf "$scratch"' EXIT
 trap 'exit 130' INT TERM HUP
-# In a shell of its own: "set -e" has no effect inside a function called from a condition.
+# In a subshell: "set -e" has no effect inside a function called from a condition.
 set +e
 (set -e; build "$target" "$scratch") >"$scratch/log" 2>&1 </dev/null
 status=$?

@@ -1,14 +1,14 @@
 # shellcheck shell=bash
-# Sourced by run, test, bench and .ci/run: the steps they share. "root" is the top of the source tree.
-# All of it reports on standard error and reads nothing; standard input and output belong to the scripts' callers.
+# The steps shared by run, test, bench and .ci/run, which source this file. "root" is the top of the source tree.
+# All functions report on standard error and read nothing; standard input and output belong to the scripts' callers.
 
 root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
 tickerPid=
 
-# ticker LABEL: says every 20 seconds that the step is still at work, unless the script that started it is gone.
+# ticker LABEL: reports every 20 seconds that the step is still running, until the script that started it is gone.
 ticker() {
     local start=$SECONDS idle
-    exec {idle}<> <(:) # a pipe nobody writes to: a pause without a child process that could outlive us
+    exec {idle}<> <(:) # reading this pipe pauses without a child process that could outlive us
     while read -r -t 20 -u "$idle" || kill -0 "$$" 2>/dev/null; do
         printf '%s: %d s\n' "$1" $((SECONDS - start)) >&2
     done
@@ -39,17 +39,17 @@ quietly() {
     return "$status"
 }
 
-# installDependencies [--ci | --bench]: gets what this machine lacks; returns at once when it lacks nothing.
+# installDependencies [--ci | --bench]: installs what this machine lacks; returns at once if nothing is missing.
 installDependencies() { "$root/setup/install.sh" "$@" </dev/null >&2; }
 
-# configureAndBuild PRESET [TARGET...]: brings build/PRESET up to date. Two scripts at a time wait for each other.
+# configureAndBuild PRESET [TARGET...]: brings build/PRESET up to date. Concurrent scripts wait for each other.
 configureAndBuild() {
     local preset=$1 folder="$root/build/$1" lock status=0
     shift
     mkdir -p "$root/build"
     exec {lock}>"$root/build/.$preset.lock"
     flock "$lock"
-    # A build folder that came along with a copied or moved tree only knows the old place.
+    # The build folder of a copied or moved source tree still refers to the old location.
     if [ -f "$folder/CMakeCache.txt" ] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$folder/CMakeCache.txt"; then
         rm -rf "$folder"
     fi

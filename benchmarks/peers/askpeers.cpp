@@ -1,4 +1,4 @@
-// What a platform switch costs that is asked from other settings readers, by its key: look-up and reading of the list.
+// The cost of a platform switch in other settings readers: looking up the key and reading its list.
 
 #include <benchmark/benchmark.h>
 

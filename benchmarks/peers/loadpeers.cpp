@@ -1,4 +1,4 @@
-// What loading the same settings files costs other settings readers. None of them reads the lists.
+// The cost of loading the same settings files with other settings readers. None of them reads the lists.
 
 #include <benchmark/benchmark.h>
 

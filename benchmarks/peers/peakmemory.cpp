@@ -1,5 +1,5 @@
-// peak_memory QSETTINGS_PEER     prints the peak memory of each reader loading generated settings, each in a process of
-//                                its own, in the form of Google Benchmark's JSON
+// peak_memory QSETTINGS_PEER     prints the peak memory of each reader while it loads generated settings in a process
+//                                of its own, in Google Benchmark's JSON format
 // peak_memory --load READER FILE
 // peak_memory --generate KEYS FILE
 
@@ -51,7 +51,7 @@ nlohmann::json figure(const std::string& reader, int keys, const std::vector<std
     return {{"run_name", reader + "/" + std::to_string(keys)}, {"aggregate_name", "median"}, {"peak", use->peakBytes}};
 }
 
-// This process stays small: the system counts a process's memory to the child that it starts.
+// This process must stay small: the system adds its memory to the peak of the child that it starts.
 int measureAll(const std::string& self, const std::string& qsettingsPeer) {
     nlohmann::json figures = nlohmann::json::array();
     const benchmarks::TemporaryFile file{std::string()};

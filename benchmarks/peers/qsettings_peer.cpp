@@ -1,4 +1,4 @@
-// QSettings, in a process of its own: asking for a switch and loading, on the inputs that the other programs use.
+// QSettings in a process of its own: switch queries and loading, on the same inputs as the other programs.
 // "qsettings_peer --peak FILE" loads the file and ends, so that its peak memory can be read from outside.
 
 #include <benchmark/benchmark.h>
@@ -47,8 +47,7 @@ void ask(benchmark::State& state) {
     });
 }
 
-// It shares what it has read with whoever opens the same file unchanged, and keeps it for a while: each load gets a
-// file of its own.
+// QSettings caches the content of unchanged files for a while, so each load gets a file of its own.
 void load(benchmark::State& state) {
     const std::string text = benchmarks::generatedText(static_cast<int>(state.range(0)));
     struct Loading {

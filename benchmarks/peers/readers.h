@@ -13,8 +13,8 @@
 
 #include "benchmarks/plainmaps.h"
 
-// Other readers of settings files, each with load(path) and lists(key, platform): whether the platform stands in the
-// list that section "setting" has under the key. Each is used in the quickest way that it offers.
+// Other settings readers, each with load(path) and lists(key, platform): whether the key's list in section "setting"
+// contains the platform. Each reader is used in the fastest way it offers.
 
 namespace benchmarks {
 
@@ -65,7 +65,7 @@ private:
     const boost::property_tree::ptree* section = nullptr;
 };
 
-// It has no look-up of its own: its callback fills the maps.
+// inih has no look-up: its callback fills the maps.
 class InihReader {
 public:
     void load(const std::string& path) { ini_parse(path.c_str(), enter, &sections); }

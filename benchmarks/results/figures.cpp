@@ -1,6 +1,6 @@
-// The figures of the benchmark programs.
+// Reads the figures of the benchmark programs.
 // Doors: Figures(folder), find(), machine().
-// Owns: which of a run's times counts, and how runs are named.
+// Owns: the choice of the time that counts, and the names of runs.
 // Not covered by tests: ./bench shows what it reads.
 
 #include "benchmarks/results/figures.h"
@@ -20,7 +20,7 @@ namespace {
 
 using nlohmann::json;
 
-// Google Benchmark writes numbers that are none in a way that JSON does not know.
+// Google Benchmark writes NaN and infinities in a form that is not valid JSON.
 std::string jsonText(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
@@ -35,7 +35,7 @@ double nanosecondsPer(const std::string& unit) {
     return 1e9;
 }
 
-// Takes a part such as "/real_time" or "/iterations:1" out of a run's name; whether it was there.
+// Removes a part such as "/real_time" or "/iterations:1" from a run's name; returns whether it was there.
 bool takeOut(std::string& run, const std::string& part) {
     const std::size_t start = run.find(part);
     if (start == std::string::npos) return false;
@@ -43,7 +43,7 @@ bool takeOut(std::string& run, const std::string& part) {
     return true;
 }
 
-// "name/500/iterations:1/real_time" is "name/500"; how many threads there were stays.
+// "name/500/iterations:1/real_time" becomes "name/500"; a number of threads stays.
 std::string shortName(const json& entry) {
     std::string run = entry.at("run_name");
     for (const std::string part : {"/real_time", "/manual_time", "/iterations:"})
@@ -51,7 +51,7 @@ std::string shortName(const json& entry) {
     return run;
 }
 
-// Processor time, unless the run says that another one counts; every number besides is a counter.
+// The time is processor time unless the run's name says otherwise; every other number is a counter.
 std::map<std::string, double> fieldsOf(const json& entry) {
     std::map<std::string, double> fields;
     for (const auto& [name, value] : entry.items()) {
@@ -69,7 +69,7 @@ std::map<std::string, double> fieldsOf(const json& entry) {
 Figures::Figures(const std::string& folder) {
     for (const auto& file : std::filesystem::directory_iterator(folder)) {
         if (file.path().extension() != ".json") continue;
-        // "load-500.json" holds a part of the program "load".
+        // "load-500.json" holds some of the runs of the program "load".
         const std::string name = file.path().stem().string();
         const std::string program = name.substr(0, name.find('-'));
         const json all = json::parse(jsonText(file.path()));

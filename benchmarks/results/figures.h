@@ -4,20 +4,20 @@
 #include <optional>
 #include <string>
 
-// What the benchmark programs have printed: the medians of their repetitions.
+// The output of the benchmark programs: the medians of their repetitions.
 
 namespace benchmarks {
 
 class Figures {
 public:
-    // Reads every PROGRAM.json and PROGRAM-PART.json of a folder, each in the form of Google Benchmark's own.
+    // Reads every PROGRAM.json and PROGRAM-PART.json in a folder, all in Google Benchmark's JSON format.
     explicit Figures(const std::string& folder);
 
-    // A figure of the run "PROGRAM/RUN", such as "switch/oursHot/500": "time" in nanoseconds or the name of a counter.
-    // Nothing when the run or the counter is unknown.
+    // A figure of the run "PROGRAM/RUN", such as "switch/oursHot/500". The field is "time", in nanoseconds, or the name
+    // of a counter. Returns nothing if the run or the counter is unknown.
     std::optional<double> find(const std::string& run, const std::string& field) const;
 
-    // The processors and the date that the programs name.
+    // The processors and the date that the programs report.
     const std::string& machine() const { return machineText; }
 
 private:

@@ -1,5 +1,5 @@
 // benchmark_results FOLDER MARKDOWN JSON
-// Makes the table of the figures in a folder, prints it and writes it to the two files.
+// Builds the table from the figures in a folder, prints it and writes it to the two files.
 
 #include <exception>
 #include <fstream>

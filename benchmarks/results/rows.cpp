@@ -1,7 +1,7 @@
 // The rows of the table.
 // Doors: allGroups().
-// Owns: the pairs and the goals.
-// Not covered by tests: a run that is missing is reported when the table is made.
+// Owns: the comparisons and their goals.
+// Not covered by tests: building the table reports missing runs.
 
 #include "benchmarks/results/rows.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 struct Peer {
     const char* label;
-    const char* run;  // the start of its name, with the program
+    const char* run;  // the start of the run's name, including the program
 };
 
 constexpr Peer kAskedByKey[] = {
@@ -220,13 +220,13 @@ constexpr Peer kToolFiles[] = {
     {"a desk's settings, 100000 rows more", "mixed"},
 };
 
-// One row a run of the tool: its work beside loading the file that it reads, or the first of the two.
+// One row per run of the tool: its time compared with loading the file that it reads, or the first one if it reads two.
 Row toolWork(const std::string& what, const std::string& run) {
     const std::string kind = run.substr(run.find('/'));
     return {what, {"", "toolwork/" + run}, {"a process that loads it", "toolwork/load" + kind}, Goal::AtMost, 3};
 }
 
-// What it holds beyond what it holds for nothing, beside the size of what it reads.
+// The peak memory above that of an idle run, compared with the size of the files that it reads.
 Row toolMemory(const std::string& what, const std::string& run, Goal goal = Goal::AtMost) {
     const bool readsTwo = run.rfind("diff", 0) == 0 || run.rfind("report-against", 0) == 0;
     const std::string kind = run.substr(run.find('/'));

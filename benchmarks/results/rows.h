@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-// The rows of the table: which run of ours is compared with which other, in what, and with what goal.
+// The rows of the table: which of our runs is compared with which peer, by which figure, and with what goal.
 
 namespace benchmarks {
 
@@ -25,7 +25,7 @@ struct Side {
 struct Row {
     std::string what;
     Side ours;
-    Side peer;  // an empty run where ours stands alone
+    Side peer;  // an empty run if there is no peer
     Goal goal = Goal::None;
     double bound = 0;
 };

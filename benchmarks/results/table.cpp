@@ -1,7 +1,7 @@
 // The table of results.
 // Doors: resultsOf(), asMarkdown(), asJson().
-// Owns: what a goal means, and how figures are written.
-// Not covered by tests: ./bench shows what it makes.
+// Owns: the meaning of goals, and the format of figures.
+// Not covered by tests: ./bench shows the result.
 
 #include "benchmarks/results/table.h"
 
@@ -16,7 +16,7 @@ namespace {
 double figure(const Figures& figures, const Side& side) {
     const auto value = figures.find(side.run, side.field);
     if (!value) throw std::runtime_error(fmt::format("no figure \"{}\" of {}", side.field, side.run));
-    // Google Benchmark gives a counter of seconds in seconds.
+    // Google Benchmark reports this counter in seconds.
     return side.field == "time/key" ? *value * 1e9 : *value;
 }
 

@@ -7,17 +7,17 @@
 #include "benchmarks/results/figures.h"
 #include "benchmarks/results/rows.h"
 
-// The rows with their figures, as a text for people and as JSON.
+// The rows with their figures, as Markdown and as JSON.
 
 namespace benchmarks {
 
 struct Result {
     Row row;
     double ours = 0;
-    double peer = 0;   // 0 where ours stands alone
-    double ratio = 0;  // as the goal counts it; 0 where ours stands alone
+    double peer = 0;   // 0 if there is no peer
+    double ratio = 0;  // in the direction of the goal; 0 if there is no peer
     bool reached = true;
-    std::string allocations;  // of an answer, "ours / peer"; empty where they were not counted
+    std::string allocations;  // per answer, "ours / peer"; empty if not counted
 };
 
 struct ResultGroup {
@@ -25,7 +25,7 @@ struct ResultGroup {
     std::vector<Result> results;
 };
 
-// Names a run that is missing by throwing.
+// Throws an exception that names the run if one is missing.
 std::vector<ResultGroup> resultsOf(const std::vector<Group>& groups, const Figures& figures);
 
 std::string asMarkdown(const std::vector<ResultGroup>& groups, const std::string& machine);
