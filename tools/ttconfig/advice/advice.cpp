@@ -1,4 +1,4 @@
-// Advice: guesses what a piece of a value that has no effect was meant to be.
+// Advice: guesses what an ineffective piece of a value was meant to be.
 // Owns: the words, units and signs that people write for numbers.
 // Covered by tests/tools/ttconfig/findings/advice_test.cpp.
 

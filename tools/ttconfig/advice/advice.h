@@ -5,8 +5,8 @@
 
 namespace ttconfig {
 
-// Guesses what a piece of a value that has no effect was meant to be, where its characters show it. A proposal does
-// what it appears to do when it is written instead.
+// Guesses what an ineffective piece of a value was meant to be, where its characters show it. Written instead, a
+// proposal has the effect that it appears to have.
 
 enum class NumberKind { Integer, Long, Decimal };
 
@@ -34,7 +34,7 @@ std::string_view withoutBlanks(std::string_view text);
 // The text with each of the signs replaced by sign.
 std::string withSigns(std::string_view text, std::string_view signs, char sign);
 
-// "; write TEXT" with the text in quotes; otherwise when the text is empty or too long to read.
+// "; write TEXT" with the text in quotes. Returns otherwise when the text is empty or too long to read.
 std::string orWrite(std::string_view text, std::string_view otherwise);
 
 }  // namespace ttconfig

@@ -61,7 +61,7 @@ private:
 
 inline constexpr std::string_view kMainSection = "setting";
 
-// Whether both rows are of the same key.
+// Whether both rows describe the same key.
 constexpr bool isRow(const ttservice::internal::SettingKey& row, const ttservice::internal::SettingKey& other) {
     return row.section == other.section && row.key == other.key;
 }

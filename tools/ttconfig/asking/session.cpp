@@ -36,7 +36,7 @@ Argument parseRequest(std::string_view line) {
         try {
             return Argument::parse(line);
         } catch (const Argument::out_of_range&) {
-            // A number too large for a double suits no argument, but must not cost the answer the request's id.
+            // A number too large for a double suits no argument, but the request's id must still be readable.
             return Argument::parse(withoutWideNumbers(line));
         }
     } catch (const Argument::exception& trouble) {

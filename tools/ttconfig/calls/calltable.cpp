@@ -33,14 +33,14 @@ std::string objection(const Call& call, const Arguments& arguments, Records& rec
     return {};
 }
 
-// Shows the signatures of all overloads and the most telling objection.
+// Throws CallRefused with the signatures of all overloads and the most telling objection.
 [[noreturn]] void refuseArguments(const std::string& name, const std::vector<Call>& overloads,
                                   const std::vector<std::string>& objections) {
     std::string text = name;
     for (std::size_t i = 0; i < overloads.size(); ++i) {
         text += (i == 0 ? "" : " or ") + overloads[i].signature();
     }
-    // An objection to a value tells more than one to the number of arguments.
+    // An objection to a value is more telling than one to the number of arguments.
     const auto telling = std::find_if(objections.begin(), objections.end(), [](const std::string& objection) {
         return objection.rfind("argument ", 0) == 0;
     });

@@ -63,7 +63,7 @@ public:
     // Converts words to the arguments that answer() takes. Throws CallRefused as answer() does.
     Arguments argumentsOf(CallState& state, const std::string& name, const std::vector<std::string>& words) const;
 
-    // Throws CallRefused wherever answer() would, but carries nothing out.
+    // Throws CallRefused wherever answer() would, without carrying anything out.
     void requireArguments(CallState& state, const std::string& name, const Arguments& arguments) const;
 
     const std::map<std::string, std::vector<Call>>& rows() const { return calls; }

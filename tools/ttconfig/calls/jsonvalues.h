@@ -167,8 +167,8 @@ template <typename Key, typename Value, typename Order>
 struct ToJson<std::map<Key, Value, Order>> {
     static Answer to(const std::map<Key, Value, Order>& value, Records& records) {
         Answer object = Answer::object();
-        // Append to the object's list directly: its own insertion searches the list first, which would take quadratic
-        // time.
+        // Append to the object's list directly: inserting through the object searches the whole list each time, which
+        // takes quadratic time.
         auto& members = object.get_ref<Answer::object_t&>();
         for (const auto& [key, item] : value) {
             members.push_back({objectKey(key), ToJson<Value>::to(item, records)});

@@ -1,6 +1,6 @@
 // Record numbers: numbers the record objects of a session.
 // Doors: Records::numberOf, Records::find.
-// Owns: a share of every record that was answered.
+// Owns: a shared pointer to every record that was answered.
 // Covered by tests/tools/ttconfig/conversions_test.cpp.
 
 #include "ttconfig/calls/records.h"

@@ -96,7 +96,7 @@ void addRuleList(Candidates& candidates) {
         candidates.add(written + std::string(rule.name), rule.title);
 }
 
-// Adds the words of a type; the type is what the help text calls the value of an option or a word.
+// Adds the words of a type. The type is the name that the help text gives to an option's value or to a word.
 void addOfType(const std::string& type, Candidates& candidates) {
     if (type == "FILE") return candidates.addOfShell("files");
     if (type == "DIR") return candidates.addOfShell("directories");
@@ -191,7 +191,7 @@ private:
 
     const CLI::App* app;
     const CLI::Option* pending = nullptr;  // its value comes next
-    std::size_t words = 0;                 // how many words that are not options
+    std::size_t words = 0;                 // the number of words that are not options
     bool literal = false;                  // after "--"
 };
 

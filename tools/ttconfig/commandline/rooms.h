@@ -4,7 +4,7 @@
 
 namespace ttconfig {
 
-// Each registers the options and words of a subcommand; one source file per group.
+// Each function registers the options and words of one subcommand. There is one source file per group.
 
 void addSession(CLI::App& app, CommandLine& line);
 void addAsk(CLI::App& app, CommandLine& line);

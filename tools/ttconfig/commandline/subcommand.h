@@ -28,7 +28,7 @@ struct Subcommand {
     bool hidden = false;  // left out of help, manual and completion
 };
 
-// The first word of subcommands of two words.
+// The first word of two-word subcommands.
 struct Topic {
     std::string_view name;
     const char* about;
@@ -51,8 +51,8 @@ public:
     // Parses the words and fills the CommandLine.
     void parse(std::vector<std::string> words);
 
-    // Added to the message when a word is not the subcommand's name expected there: "; did you mean NAME?". Empty when
-    // no name is near or when something else was wrong.
+    // For the message about a word that should be the name of a subcommand and is not: "; did you mean NAME?". Empty
+    // when no name is near or when something else was wrong.
     std::string suggestion() const;
 
 private:

@@ -1,4 +1,4 @@
-// ttconfig check: finds what settings files say that their authors will not have meant.
+// ttconfig check: finds what the authors of settings files probably did not mean.
 // Doors: runCheck().
 // Owns: the severity of each rule after the options.
 // Covered by tests/tools/ttconfig/findings/check_test.cpp.

@@ -19,8 +19,8 @@ inline constexpr std::size_t kEveryFinding = static_cast<std::size_t>(-1);
 // data (it may be null), rows for instruments that it does not know are noted too. Loads, installs and prints nothing.
 // Memory depends on the text alone, not on the number of findings.
 //
-// At most mostOfARule findings of each rule are passed on, the first ones. The result counts, for each rule by its
-// number, the findings beyond that. A bound makes checking a file of nothing but mistakes several times faster.
+// Passes on at most the first mostOfARule findings of each rule. The result counts the findings beyond that, indexed by
+// the number of the rule. A bound makes it several times faster to check a file that holds nothing but mistakes.
 std::vector<std::size_t> checkSettings(const standin::SettingsText& text, const standin::PlatformData* platform,
                                        const FindingSink& sink, std::size_t mostOfARule = kEveryFinding);
 

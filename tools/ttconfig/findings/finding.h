@@ -16,7 +16,7 @@ enum class Severity { Note, Warning, Error };
 // "note", "warning" or "error".
 std::string_view severityWord(Severity severity);
 
-// One place of a settings file that says something else than its author will have meant.
+// One place in a settings file that says something other than what its author meant.
 struct Finding {
     std::string_view rule;  // the id of a row of rules.def; lives as long as the program
     Severity severity = Severity::Warning;

@@ -33,10 +33,10 @@ constexpr const Rule& ruleOf(RuleId id) {
     return kRules[static_cast<std::size_t>(id)];
 }
 
-// The number of the rule of that name. When there is none, throws Fault for a usage error that names the nearest rule.
+// The number of the rule of that name. When there is none, throws a usage Fault that names the nearest rule.
 std::size_t requireRule(std::string_view name);
 
-// One rule and all rules as `check --explain` shows them, and all of them as the reference page.
+// One rule and all rules as `check --explain` shows them, and the reference page of all rules.
 std::string ruleText(const Rule& rule);
 std::string rulesText();
 std::string rulesPage();

@@ -33,7 +33,7 @@ Answer ruleObject(const Rule& rule, Severity severity) {
             {"defaultConfiguration", {{"level", severityWord(severity)}}}};
 }
 
-// A location without its closing brace, so that more members can follow. JSON escapes no character of the URI.
+// A location without its closing brace, so that more members can follow. The URI needs no JSON escapes.
 std::string location(const std::string& uri, const std::string& region) {
     return fmt::format(R"({{"physicalLocation":{{"artifactLocation":{{"uri":"{}"}},"region":{{{}}}}})", uri, region);
 }

@@ -16,8 +16,8 @@ enum ExitCode : int {
     kExitInternal = 4,  // anything else: an answer that cannot be written, an exception from the library
 };
 
-// An error that ends the program: its exit code, and one message for standard error or one for each place that is
-// wrong.
+// An error that ends the program: its exit code, and its message for standard error, or one message for each place that
+// is wrong.
 class Fault : public std::runtime_error {
 public:
     Fault(ExitCode code, const std::string& message) : std::runtime_error(message), exitCode(code) {}

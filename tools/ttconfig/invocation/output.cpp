@@ -18,7 +18,7 @@
 namespace ttconfig {
 
 Output::Output() : descriptor(dup(STDOUT_FILENO)) {
-    // When the reader has gone, write() reports it; a signal would end the program.
+    // Without SIGPIPE, write() reports that the reader has gone.
     std::signal(SIGPIPE, SIG_IGN);
     dup2(STDERR_FILENO, STDOUT_FILENO);
 }

@@ -29,7 +29,7 @@ public:
 
     void text(std::string_view value);
     void integer(std::int64_t value);
-    // Writes a number that JSON has no notation for as a text.
+    // NaN and infinities, which JSON cannot write as numbers, are written as texts.
     void decimal(double value);
     void flag(bool value);
     void null();

@@ -46,8 +46,8 @@ int printLog(lua_State* lua) {
     return 0;
 }
 
-// Error handler: records the line of the innermost Lua code and leaves the error unchanged. Upvalue: where the line
-// goes.
+// Error handler: records the line of the innermost Lua code and leaves the error unchanged. Upvalue: where to store the
+// line.
 int noteLine(lua_State* lua) {
     int& line = *static_cast<int*>(lua_touserdata(lua, lua_upvalueindex(1)));
     line = 0;
@@ -59,7 +59,7 @@ int noteLine(lua_State* lua) {
     return 1;
 }
 
-// Lua function: returns the global of the given name. Run protected, as a metamethod of the globals may raise an error.
+// Lua function: returns the global of the given name. Run it protected: a metamethod of the globals may raise an error.
 int global(lua_State* lua) {
     lua_gettable(lua, LUA_GLOBALSINDEX);
     return 1;

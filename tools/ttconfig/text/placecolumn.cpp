@@ -1,4 +1,4 @@
-// Place columns: prepares a table whose rows have places for people to read.
+// Place columns: joins a table's line and column numbers into places for people to read.
 // Doors: withPlaceColumn().
 // Covered by tests/tools/ttconfig/answers_test.cpp.
 

@@ -23,7 +23,7 @@ public:
         if (shows && (++calls % kCallsBetweenLooks) == 0) look(done, about);
     }
 
-    // The same for steps that take long themselves: looks at the clock every time.
+    // The same for steps that are slow themselves: looks at the clock every time.
     void atLongStep(std::size_t done, std::string_view about = {}) {
         if (shows) look(done, about);
     }
