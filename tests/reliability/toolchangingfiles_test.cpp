@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "tests/reliability/changingfile.h"
-#include "tests/tools/ttconfig/toolrun.h"
+#include "tests/tools/ttconfig/support/toolrun.h"
 
 using testing::HasSubstr;
 using tests::CutLoad;

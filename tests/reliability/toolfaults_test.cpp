@@ -12,7 +12,7 @@
 #include <string>
 
 #include "tests/support/tempfile.h"
-#include "tests/tools/ttconfig/toolrun.h"
+#include "tests/tools/ttconfig/support/toolrun.h"
 
 using testing::HasSubstr;
 using testing::StartsWith;

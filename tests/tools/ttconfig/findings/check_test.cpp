@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "tests/support/tempfile.h"
-#include "tests/tools/ttconfig/toolrun.h"
+#include "tests/tools/ttconfig/support/toolrun.h"
 #include "ttconfig/findings/rules.h"
 
 namespace {

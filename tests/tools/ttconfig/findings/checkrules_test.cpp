@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/tools/ttconfig/toolrun.h"
+#include "tests/tools/ttconfig/support/toolrun.h"
 #include "ttconfig/findings/checking.h"
 #include "ttconfig/findings/rules.h"
 

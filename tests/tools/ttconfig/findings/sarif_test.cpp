@@ -6,7 +6,7 @@
 #include <string>
 
 #include "tests/support/tempfile.h"
-#include "tests/tools/ttconfig/toolrun.h"
+#include "tests/tools/ttconfig/support/toolrun.h"
 #include "ttconfig/findings/rules.h"
 
 namespace {

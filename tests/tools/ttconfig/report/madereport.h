@@ -4,7 +4,7 @@
 #include <string>
 
 #include "tests/support/tempfile.h"
-#include "tests/tools/ttconfig/toolrun.h"
+#include "tests/tools/ttconfig/support/toolrun.h"
 
 namespace tests {
 
