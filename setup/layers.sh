@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# setup/layers.sh [FOLDER]   holds the includes below FOLDER, the project's root unless told, to setup/layers.txt
+# Names each include that does not go down, each source without a layer and each room without sources; then exits with 1.
+set -euo pipefail
+export LC_ALL=C
+here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
+cd "${1:-$here/..}"
+
+# The project's files first, so that each include can be told from one of a third party.
+{
+    cat setup/layers.txt
+    printf '@files\n'
+    find libs base platform tools tests fuzz benchmarks -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.def' -o -name '*.inc' \) | sort
+    printf '@includes\n'
+    find libs base platform tools -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.def' \) -exec \
+        grep -nE '^[[:space:]]*#[[:space:]]*include[[:space:]]*[<"]' /dev/null {} + | sort
+} | awk '
+    function complain(text) { print text; wrong = 1 }
+    # The room of a file: its folder, unless the layers name the files of its ending.
+    function room(path,    folder, ending) {
+        folder = ending = path
+        sub(/\/[^\/]*$/, "", folder)
+        sub(/^.*\./, "", ending)
+        return (folder "/*." ending) in layer ? folder "/*." ending : folder
+    }
+    # The file of the project that is meant by an include, or nothing.
+    function meant(from, name,    i, folder) {
+        folder = from
+        sub(/[^\/]*$/, "", folder)
+        if ((folder name) in known) return folder name
+        for (i = 1; i <= count; i++) if ((root[i] name) in known) return root[i] name
+        return ""
+    }
+    BEGIN { count = split("libs/,base/src/,platform/include/,platform/,tools/,", root, ","); part = "layers" }
+    /^@/ { part = substr($0, 2); next }
+    part == "layers" {
+        sub(/#.*/, "")
+        if (NF > 0) lines++
+        for (i = 1; i <= NF; i++) layer[$i] = lines
+        next
+    }
+    part == "files" {
+        known[$0]
+        if ($0 ~ /^(libs|base|platform|tools)\// ) {
+            used[room($0)]
+            if (!(room($0) in layer)) complain($0 ": its folder has no place in setup/layers.txt")
+        }
+        next
+    }
+    {
+        split($0, place, ":")
+        name = $0
+        sub(/^[^<"]*[<"]/, "", name)
+        sub(/[>"].*/, "", name)
+        target = meant(place[1], name)
+        if (target == "") next
+        here = room(place[1])
+        there = room(target)
+        if (here == there || !(here in layer)) next
+        if (!(there in layer)) complain(place[1] ":" place[2] ": includes " name ", which no layer holds")
+        else if (layer[there] <= layer[here]) complain(place[1] ":" place[2] ": includes " name ", which lies in no lower layer")
+    }
+    END {
+        for (name in layer) if (!(name in used)) complain("setup/layers.txt: " name " holds no sources")
+        exit wrong
+    }
+'
