@@ -10,8 +10,8 @@
 //   table.add("getTradeMinUnit", freeCall(overload<int(const std::string&, const std::string&)>(
 //                                    &ttservice::getTradeMinUnit)));                         one of several overloads
 //   table.add("getContractInfo", storeCall(overload<std::vector<ContractInfoPtr>(int) const>(
-//                                     &ConfigCollector::getContractInfo)));                   ... of a const member
-//                                                                      (omit the word const for any other member)
+//                                    &ConfigCollector::getContractInfo)));                   ... of a const member
+//                                                                     (omit the word const for any other member)
 //   table.add("A.b", objectCall(&A::b, [](CallState& state) { return A::instance(); }));     a member of anything else
 //   table.add("X.new", stateCall([](CallState& state, const std::string& path) { ... }));    anything at all
 //
