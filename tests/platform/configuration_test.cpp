@@ -16,7 +16,7 @@ using testing::IsEmpty;
 
 TEST(Configuration, IsEmptyUntilItParses) {
     const tests::TempFolder folder;
-    // Arguments of the constructor change nothing, a readable path included.
+    // The arguments of the constructor have no effect, not even a readable path.
     const Configuration configuration(folder.write("a.ini", "[s]\nk=1\n"), true);
     EXPECT_THAT(configuration.getProperties("s"), IsEmpty());
     EXPECT_EQ(configuration.read("s", "k"), "");
@@ -39,7 +39,7 @@ TEST(Configuration, ReadsInAnyOrder) {
             }
         }
     }
-    // Another file behind the same object.
+    // Puts another file behind the same object.
     ASSERT_TRUE(configuration.parse(folder.write("b.ini", "[s]\nb=9\n")));
     EXPECT_EQ(configuration.read("s", "b"), "9");
     EXPECT_EQ(configuration.read("s", "a"), "");

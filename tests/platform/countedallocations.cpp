@@ -14,7 +14,7 @@ long tests::allocationCount() {
     return allocations.load();
 }
 
-// In a file of their own, so that no compiler sees through them and takes new and free for a mismatch.
+// These live in a file of their own, so that no compiler can inline them and mistake new and free for a mismatch.
 void* operator new(std::size_t size) {
     allocations.fetch_add(1, std::memory_order_relaxed);
     void* const memory = std::malloc(size == 0 ? 1 : size);

@@ -2,7 +2,7 @@
 
 namespace tests {
 
-// How often anybody in this process, its shared libraries included, has asked the free store for memory.
+// How often this process, including its shared libraries, has allocated from the heap.
 long allocationCount();
 
 }  // namespace tests

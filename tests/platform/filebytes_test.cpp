@@ -57,7 +57,7 @@ TEST(FileBytes, LinkCountsAsWhatItPointsTo) {
 TEST(FileBytes, PipesAndDevicesAreNotOpened) {
     const tests::TempFolder folder;
     const std::string pipe = folder.path("pipe");
-    // With a shell's mkfifo where there is one; opening a pipe that nobody writes to would block for ever.
+    // Uses the shell's mkfifo if there is one. Opening a pipe that nobody writes to would block for ever.
     if (std::system(("mkfifo '" + pipe + "' 2>/dev/null").c_str()) != 0) GTEST_SKIP() << "no mkfifo here";
     EXPECT_EQ(problemOf(pipe), FileProblem::kNotRegular);
     EXPECT_EQ(problemOf("/dev/zero"), FileProblem::kNotRegular);
@@ -73,7 +73,7 @@ TEST(FileBytes, FileThatTellsNoSizeIsReadToItsEnd) {
 }
 
 TEST(FileBytes, FileWhoseBytesCannotBeHadIsUnreadable) {
-    const std::string path = "/proc/self/mem";  // opens, but its first bytes are no memory
+    const std::string path = "/proc/self/mem";  // opens, but nothing is mapped at its first bytes
     if (!std::filesystem::is_regular_file(path)) GTEST_SKIP() << "no " << path << " here";
     EXPECT_EQ(problemOf(path), FileProblem::kUnreadable);
 }
@@ -81,7 +81,7 @@ TEST(FileBytes, FileWhoseBytesCannotBeHadIsUnreadable) {
 TEST(FileBytes, FileBeyondTheLimitIsTooLarge) {
     const tests::TempFolder folder;
     const std::string path = folder.write("file", "");
-    // Sparse: takes no room on the disk.
+    // A sparse file: it takes no space on the disk.
     std::error_code code;
     std::filesystem::resize_file(path, kLargestFile + 1, code);
     if (code) GTEST_SKIP() << "cannot make a large file here: " << code.message();

@@ -60,7 +60,7 @@ TEST(Logging, FileHasOneLineAMessage) {
         "ERROR TTStdLogger setFoo \n"
         "INFO TTStdLogger a::b::c an info\n"
         "DEBUG TTDbgFile ttDbgLogNew tmpTS.size = 7\n";
-    // Each line is out at once, before the file is closed.
+    // Each line is flushed at once, before the file is closed.
     EXPECT_EQ(bytesOf(path), expected);
     stopLogging();
     EXPECT_FALSE(g_TTStdLogger);
@@ -88,7 +88,7 @@ TEST(Logging, MessagesAreUtf8WhateverTheLocale) {
     ASSERT_TRUE(startLogFile(path, error)) << error;
     logError("unit 股, 份", "f");
     EXPECT_EQ(bytesOf(path), "ERROR TTStdLogger f unit 股, 份\n");
-    // Only the character type of the locale was touched.
+    // Only the character type of the locale has changed.
     EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
     stopLogging();
 }
@@ -137,7 +137,7 @@ TEST(Logging, SecondFileTakesOverAndIsEmptiedFirst) {
     EXPECT_EQ(bytesOf(second), "ERROR TTStdLogger f 2\n");
 }
 
-// An unconfigured log4cxx would load this file by itself at the first getLogger.
+// An unconfigured log4cxx would load this file on its own at the first getLogger.
 TEST(Logging, NoConfigurationOfTheWorkingDirectoryIsRead) {
     const tests::TempFolder folder;
     const std::filesystem::path before = std::filesystem::current_path();
@@ -210,7 +210,7 @@ TEST(LogCapture, CatchesEveryLoggerWithLevelFunctionAndFile) {
     EXPECT_EQ(lines[1].logger, "TTDbgFile");
     EXPECT_EQ(lines[1].function, "ttDbgLogNew");
     EXPECT_THAT(capture.messages(), ElementsAre("股\n2", "times"));
-    // Channels are the test's own business.
+    // Channels are up to the test.
     EXPECT_FALSE(CLogCenter::fileLogEnabled(535));
     capture.clear();
     EXPECT_THAT(capture.lines(), IsEmpty());

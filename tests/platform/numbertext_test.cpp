@@ -125,7 +125,7 @@ TEST(ReadDecimal, RefusesWhatIsTooLargeAndRoundsWhatIsTooSmall) {
     }
 }
 
-// The C library, in the "C" locale that a test starts in, knows the same numbers; it takes more texts.
+// The C library, in the "C" locale of a new test, reads the same numbers; it accepts more texts.
 TEST(ReadDecimal, AgreesWithTheCLibraryOnGeneratedNumbers) {
     std::mt19937 random(1);
     const auto upTo = [&random](int most) { return std::uniform_int_distribution<int>(0, most)(random); };

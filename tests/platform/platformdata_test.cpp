@@ -60,7 +60,7 @@ TEST(CodePatterns, AgreeWithTryingEveryPatternInTurn) {
         std::vector<std::string> all;
         for (int count = upTo(8); count >= 0; --count) {
             all.push_back(text(5) + (upTo(1) == 0 ? "*" : ""));
-            // The pattern "*" alone would make the round say nothing.
+            // The pattern "*" alone would make the round meaningless.
             if (all.back() == "*") all.back() = "a*";
             patterns.add(all.back());
         }
@@ -108,7 +108,7 @@ TEST(PlatformData, InstrumentFieldsAddUpTheLaterValueCounts) {
     EXPECT_EQ(after->getInt(2009), 6);
     EXPECT_EQ(after->getInt(-1), -7);
     EXPECT_EQ(after->getInt(2013), 0);
-    // A record that was handed out does not change.
+    // A record already handed out does not change.
     EXPECT_EQ(before->getInt(2009), 5);
     EXPECT_FALSE(data.instrument("HGT", "00701"));
     EXPECT_FALSE(data.instrument("SGT", "00700"));
@@ -148,7 +148,7 @@ TEST(PlatformData, CurrentIsEmptyUntilDataIsInstalledAndNeverNull) {
     data.setMarketNumber("SH", 1);
     PlatformData::install(data);
     EXPECT_EQ(PlatformData::current()->marketNumber("SH"), 1);
-    // What is changed afterwards is not installed.
+    // Later changes to the data are not installed.
     data.setMarketNumber("SH", 2);
     EXPECT_EQ(PlatformData::current()->marketNumber("SH"), 1);
     const auto held = PlatformData::current();

@@ -43,7 +43,7 @@ PlatformData parsed(std::string_view text) {
     return data;
 }
 
-// The message that a text is refused with.
+// The message for a text that is refused.
 std::string refusalOf(std::string_view text) {
     PlatformData data;
     data.setMarketNumber("kept", 9);
@@ -166,7 +166,7 @@ TEST(PlatformDataFile, RefusalNamesTheFileAndTheMember) {
         {R"({"techBoardCdr":[{"market":"SH"}]})", "techBoardCdr[0].codes: missing"},
         {R"({"instruments":[{"market":"SH"}]})", "instruments[0].code: missing"},
         {R"({"bondRules":[{"market":"SZ","code":"1"}]})", "bondRules[0].tradeType: missing"},
-        // integers outside 32 bits, and numbers that are no integers
+        // integers outside 32 bits, and numbers that are not integers
         {R"({"markets":{"SH":2147483648}})", "markets.SH: expected a 32-bit integer, found 2147483648"},
         {R"({"markets":{"SH":-2147483649}})", "markets.SH: expected a 32-bit integer, found -2147483649"},
         {R"({"markets":{"SH":18446744073709551615}})",
@@ -176,7 +176,7 @@ TEST(PlatformDataFile, RefusalNamesTheFileAndTheMember) {
         {R"({"markets":{"SH":1.5}})", "markets.SH: expected a 32-bit integer, found 1.5"},
         {R"({"markets":{"SH":1.0}})", "markets.SH: expected a 32-bit integer, found 1.0"},
         {R"({"markets":{"SH":1e2}})", "markets.SH: expected a 32-bit integer, found 1e2"},
-        // names that are to be numbers
+        // names that have to be numbers
         {R"({"instruments":[{"market":"SH","code":"1","fields":{"unit":1}}]})",
          "instruments[0].fields.unit: expected a decimal integer as the name"},
         {R"({"bondTradeTypes":{"0x1":1}})", "bondTradeTypes.0x1: expected a decimal integer as the name"},
@@ -184,7 +184,7 @@ TEST(PlatformDataFile, RefusalNamesTheFileAndTheMember) {
         {R"({"bondTradeTypes":{" 1":1}})", "bondTradeTypes. 1: expected a decimal integer as the name"},
         {R"({"bondTradeTypes":{"2147483648":1}})", "bondTradeTypes.2147483648: expected a decimal integer as the name"},
         {R"({"bondTradeTypes":{"7":1,"07":1}})", "bondTradeTypes.07: given twice"},
-        // members given twice
+        // members that appear twice
         {R"({"markets":{},"rights":{},"markets":{}})", "markets: given twice"},
         {R"({"markets":{"SH":1,"SH":1}})", "markets.SH: given twice"},
         {R"({"stockTypes":[{"type":1,"market":"SH","codes":[]},{"type":1,"type":2}]})",
@@ -264,7 +264,7 @@ TEST(PlatformDataFile, FileIsInstalledWholeOrNotAtAll) {
     EXPECT_EQ(error, bad + ": rights: expected an object, found a list");
     EXPECT_EQ(PlatformData::current()->marketNumber("SH"), 1);
     EXPECT_EQ(PlatformData::current()->marketNumber("SZ"), -1);
-    // A later file replaces the earlier one, it adds nothing to it.
+    // A later file replaces the earlier one; the two are not merged.
     ASSERT_TRUE(installPlatformFile(folder.write("c.json", R"({"markets":{"SZ":3}})"), error)) << error;
     EXPECT_EQ(PlatformData::current()->marketNumber("SH"), -1);
     EXPECT_EQ(PlatformData::current()->marketNumber("SZ"), 3);

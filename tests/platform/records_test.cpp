@@ -101,7 +101,7 @@ TEST(CAlgorithmsParams, NameIsTheTextMemberNameAndEmptyWithoutOne) {
     EXPECT_EQ(CAlgorithmsParams().contentJson(), "{}");
     for (const auto& [json, name] : rows)
         EXPECT_EQ(filledFrom(json).name, name) << json;
-    // Filling again replaces everything.
+    // A second fill replaces everything.
     CAlgorithmsParams record = filledFrom(R"({"name":"twap","x":1})");
     record.bsonValueFromObj(bson::fromjson(R"({"y":2})"), true, nullptr);
     EXPECT_EQ(record.name, "");
@@ -183,7 +183,7 @@ TEST(ContentJson, OtherTypesAreWrittenAsTheirNearest) {
 }
 
 TEST(ContentJson, TakesAnyDepth) {
-    // Put together by hand: the library's own parser would not survive such a text.
+    // Built by hand: the library's own parser would overflow its stack on such a text.
     const int depth = 50000;
     std::string bytes;
     for (int level = depth; level >= 0; --level) {

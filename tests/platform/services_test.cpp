@@ -72,10 +72,10 @@ TEST(Services, AnswerFromTheInstalledData) {
     EXPECT_TRUE(StockTypeCenter::instance().isTypedStock(100003, kSh, kCode));
     EXPECT_EQ(StockTypeCenter::instance().getMarketEnumFromString(kSh), 1);
     EXPECT_TRUE(ttservice::isTypedStock(1172, kSh, "688001", kNone));
-    // A table of its own each: what one knows the other does not.
+    // Each service has its own table: entries of one are unknown to another.
     EXPECT_FALSE(ttservice::isTypedStock(100003, kSh, kCode, kNone));
     EXPECT_FALSE(StockTypeCenter::instance().isTypedStock(1172, kSh, "688001"));
-    // Whatever the operation and trade type.
+    // The operation and the trade type do not matter.
     EXPECT_TRUE(ttservice::isNewRulesBond(kSz, kBond, OPT_INVALID, BOND_TRADE_ORDINARY));
     EXPECT_TRUE(ttservice::isNewRulesBond(kSz, kBond, operation(30), tradeType(5)));
     EXPECT_EQ(ttservice::getBondTradeType(operation(57)), 4);
@@ -135,7 +135,7 @@ TEST(Services, NoQueryAllocates) {
     const bool answered = askEverything();
     EXPECT_EQ(tests::allocationCount() - before, 0);
     EXPECT_TRUE(answered);
-    // The counting itself works.
+    // Checks that the counting itself works.
     const std::string longText(100, 'x');
     EXPECT_GT(tests::allocationCount() - before, 0);
 }

@@ -65,10 +65,10 @@ private:
     std::mt19937 random;
 };
 
-// SimpleIni is asked about files that both readers take alike. Left out: NULs (it stops there) and lone CRs (line ends
-// to it); keys in front of the first header and the header "[]" (one section to it); a "[" line without "]" behind
-// which other lines follow (the reader here ignores the line, and that alone is compared below with the slow rules).
-// Its multi-key mode is the one that keeps the first of repeated keys.
+// Compares with SimpleIni on files that both readers read alike. Left out: NULs, where it stops; lone CRs, which it
+// takes for line ends; keys before the first header and the header "[]", which it puts into one section; and a "[" line
+// without "]" when other lines follow, which only the reader here ignores. The last case is compared below with the
+// slow rules alone. SimpleIni keeps the first of repeated keys only in its multi-key mode.
 TEST(SettingsOracle, AgreesWithSimpleIniWhereBothReadersTakeAFileAlike) {
     static const std::string kNames[] = {"setting", "Setting", "a b", "StkExchangeOrderLimit", "股", "x;y", "#"};
     static const std::string kKeys[] = {"k", "K", "key", "a b", "SH-600000,SZ-000001", "x;", "x#y", "k[0]", "]", "股"};
@@ -111,7 +111,7 @@ TEST(SettingsOracle, AgreesWithTheRulesInPlainWordsOnAnyBytes) {
         for (const Section& section : sections)
             entries += section.entries.size();
     }
-    // The generated texts are not just noise.
+    // The generated texts must not be mere noise.
     EXPECT_GT(entries, 10000u);
 }
 

@@ -2,14 +2,14 @@
 
 namespace tests {
 
-// Counts what this thread takes from the heap for as long as it lives. The program must link
-// tests/support/allocations.cpp, which stands in for the global operator new.
+// Counts this thread's heap allocations while it lives. The program must link tests/support/allocations.cpp, which
+// replaces the global operator new.
 class Allocations {
 public:
     Allocations();
-    // How often this thread has taken memory since.
+    // How often this thread has allocated memory since construction.
     long made() const;
-    // How many more pieces of memory all threads together hold now than then.
+    // How many more blocks all threads together hold now than at construction.
     long held() const;
 
 private:

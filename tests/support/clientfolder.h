@@ -7,7 +7,7 @@
 
 namespace tests {
 
-// Goes into a folder in which ../luaScripts/MarketTime.lua is the given script, or into one without a script.
+// Enters a folder in which ../luaScripts/MarketTime.lua is the given script, or one without a script.
 class ClientFolder {
 public:
     ClientFolder() { enter(); }

@@ -9,8 +9,8 @@
 
 namespace tests {
 
-// Makes the process's C locale one with a decimal comma, and its C++ locale one that groups digits as well, for as long
-// as it lives. Where no such locale is installed, one is compiled by the system's localedef into a folder of its own.
+// While it lives, the process's C locale has a decimal comma, and its C++ locale also groups digits. When no such
+// locale is installed, the system's localedef compiles one into a folder of its own.
 class CommaLocale {
 public:
     CommaLocale() : grouped(std::locale::global(std::locale(std::locale::classic(), new Digits))) {
@@ -30,7 +30,7 @@ public:
         std::locale::global(grouped);
     }
 
-    // Whether the C library now writes a comma.
+    // Whether the C library now writes a decimal comma.
     bool isSet() const { return std::string(std::localeconv()->decimal_point) == ","; }
 
 private:

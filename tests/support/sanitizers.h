@@ -1,7 +1,7 @@
 #pragma once
 
-// Which sanitizer this build has, as 0 or 1: some tests measure or waste memory, which it would not let them. And
-// whether it counts coverage, TT_COUNTS_COVERAGE, which the build defines.
+// Which sanitizer this build uses, as 0 or 1: some tests measure or waste memory in ways that a sanitizer does not
+// allow. The build defines TT_COUNTS_COVERAGE when it counts coverage.
 
 #if defined(__SANITIZE_ADDRESS__)
 #define TT_ADDRESS_SANITIZER 1
@@ -34,8 +34,8 @@ namespace tests {
 
 inline constexpr bool kUnderSanitizer = TT_ADDRESS_SANITIZER != 0 || TT_THREAD_SANITIZER != 0;
 
-// Tests that try very many generated texts try one in so many: a sanitizer makes them ten times as long, and counting
-// coverage without the optimiser, too.
+// Tests that generate very many texts try only one in so many here: they take ten times as long under a sanitizer, and
+// about as long in an unoptimised coverage build.
 inline constexpr unsigned kTriedOneIn = kUnderSanitizer || TT_COUNTS_COVERAGE != 0 ? 4 : 1;
 
 }  // namespace tests

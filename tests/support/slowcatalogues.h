@@ -9,7 +9,7 @@
 
 #include "tests/support/slowgrammars.h"
 
-// What the values of the product catalogues make of the tables that they are entered into, slow and in plain words.
+// What the values of the product catalogues put into their tables, slow and obvious.
 
 namespace tests {
 
@@ -59,7 +59,7 @@ inline void slowEnterContractTypes(const std::string& value, SlowContracts& cont
     }
 }
 
-// --- combinations whose margin is charged once
+// --- combinations that charge the margin once
 
 struct SlowCombinations {
     std::vector<std::set<std::string>> groups;
@@ -79,7 +79,7 @@ inline void slowEnterCombinations(const std::string& value, SlowCombinations& co
 
 // --- funds
 
-// The fund is its market and its code, without anything between.
+// A fund is named by its market and its code without anything between them.
 inline bool slowListsFund(const std::vector<std::string>& list, const std::string& fund) {
     for (const std::string& entry : list) {
         if (entry == fund) return true;
@@ -113,7 +113,7 @@ struct SlowTag {
     std::vector<std::string> times;
 };
 
-// Nothing without a ":".
+// Nothing for an entry without a ":".
 inline std::optional<SlowTag> slowTag(const std::string& value) {
     const std::vector<std::string> parts = slowPieces(value, ':');
     if (parts.size() < 2) return std::nullopt;

@@ -13,8 +13,8 @@
 #include <boost/algorithm/string.hpp>
 #include <boost/lexical_cast.hpp>
 
-// Slow and obvious readings of the value grammars, as oracles for the fast ones: texts are copied, strict numbers are
-// converted by Boost, loose ones by the C library.
+// Slow and obvious readers of the value grammars, as oracles for the fast ones: they copy texts, convert strict numbers
+// with Boost and loose ones with the C library.
 
 namespace tests {
 
@@ -38,7 +38,7 @@ inline std::vector<std::string> slowPiecesWithSomething(const std::string& text,
     return kept;
 }
 
-// Runs of the separator count as one, but at the ends there is an empty piece.
+// A run of separators counts as one; at either end of the text it leaves an empty piece.
 inline std::vector<std::string> slowSqueezedPieces(const std::string& text, char separator) {
     std::vector<std::string> pieces;
     boost::split(
@@ -53,7 +53,7 @@ std::optional<Value> slowStrictNumber(const std::string& text) {
     Value value = Value();
     if (!boost::conversion::try_lexical_convert(text, value)) return std::nullopt;
     if constexpr (std::is_floating_point_v<Value>) {
-        // Boost knows infinity and what is no number by name.
+        // Boost also accepts the names of infinity and NaN.
         if (!std::isfinite(value)) return std::nullopt;
     }
     return value;
@@ -140,7 +140,7 @@ inline std::vector<SlowLimitItem> slowLimitKey(const std::string& key) {
     return items;
 }
 
-// The fields of a row, letter by letter: i is an integer, d a decimal, t a text.
+// Reads the fields of a row by a letter each: i is an integer, d a decimal, t a text.
 inline const std::string kSlowOrderLimit = "it";
 inline const std::string kSlowBlockTradeLimit = "iti";
 inline const std::string kSlowStockRate = "ddddddi";
@@ -148,11 +148,11 @@ inline const std::string kSlowConnectRate = "dddddddddddddd";
 inline const std::string kSlowFixedIncome = "diiiiii";
 
 struct SlowRow {
-    std::vector<double> numbers;  // of the fields that are numbers, in order
+    std::vector<double> numbers;  // the values of the numeric fields, in order
     std::vector<std::string> texts;
 };
 
-// Nothing when the fields are not as many as the letters.
+// Nothing when the number of fields differs from the number of letters.
 inline std::optional<SlowRow> slowRow(const std::string& value, const std::string& letters) {
     const std::vector<std::string> fields = slowPieces(value, ',');
     if (fields.size() != letters.size()) return std::nullopt;
@@ -165,7 +165,7 @@ inline std::optional<SlowRow> slowRow(const std::string& value, const std::strin
     return row;
 }
 
-// ASCII letters alone.
+// Changes ASCII letters only.
 inline std::string slowUpperCase(std::string text) {
     for (char& character : text) {
         if (character >= 'a' && character <= 'z') character = static_cast<char>(character - 'a' + 'A');
@@ -178,10 +178,10 @@ inline std::string slowUpperCase(std::string text) {
 struct SlowCreditEntry {
     int platform;
     std::string payload;
-    std::vector<std::string> fields;  // of the payload
+    std::vector<std::string> fields;  // the fields after the platform
 };
 
-// Those entries that have a platform.
+// The entries that have a platform.
 inline std::vector<SlowCreditEntry> slowCreditList(const std::string& value) {
     std::vector<SlowCreditEntry> entries;
     for (const std::string& text : slowPieces(value, ';')) {
@@ -195,14 +195,14 @@ inline std::vector<SlowCreditEntry> slowCreditList(const std::string& value) {
 
 // --- catalogue entries
 
-// first:second; nothing unless there is exactly one ":".
+// Splits first:second; nothing unless there is exactly one ":".
 inline std::optional<std::array<std::string, 2>> slowPair(const std::string& text) {
     const std::vector<std::string> parts = slowPieces(text, ':');
     if (parts.size() != 2) return std::nullopt;
     return std::array<std::string, 2>{parts[0], parts[1]};
 }
 
-// The five fields of what stands behind a contract's ":"; nothing when they are not five.
+// The five fields after a contract's ":"; nothing when their number differs.
 inline std::optional<std::vector<std::string>> slowContractFields(const std::string& text) {
     std::vector<std::string> fields = slowPieces(text, ',');
     if (fields.size() != 5) return std::nullopt;

@@ -7,7 +7,7 @@
 
 namespace tests {
 
-// The lines of a text with everything that stands in them but the LF; at least one.
+// The lines of a text, without the LF but with every other byte; at least one.
 inline std::vector<std::string> slowLines(const std::string& text) {
     return slowPieces(text, '\n');
 }

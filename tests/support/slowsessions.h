@@ -6,7 +6,7 @@
 
 namespace tests {
 
-// Trading sessions the slow way, from the status at each clock time (HHMMSS): second by second through the day.
+// Trading sessions from the status at each clock time (HHMMSS), computed slowly: second by second through the day.
 inline std::vector<std::pair<int, int>> slowSessions(const std::map<int, int>& statusAtClockTime) {
     std::vector<std::pair<int, int>> sessions;
     bool open = false;

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-// The rules of settings texts once more, slow and in plain words, as an oracle for the reader.
+// The grammar of settings texts once more, slow and obvious, as an oracle for the reader.
 
 namespace tests {
 

@@ -7,11 +7,11 @@
 
 namespace tests {
 
-// The line that a bad piece of a settings value costs.
+// The line that the library writes for a bad piece of a settings value.
 inline const std::string kBadValueLine =
     "get bson value error, bad lexical cast: source type value could not be interpreted as target\n";
 
-// Catches what the library writes to the standard error stream for as long as it lives.
+// Captures what the library writes to standard error while it lives.
 class StandardError {
 public:
     StandardError() : before(std::cerr.rdbuf(caught.rdbuf())) {}

@@ -9,8 +9,8 @@
 
 namespace tests {
 
-// Loads settings given as text into the process's store, keeping the library's own lines off the test's output. Each
-// test is a process of its own, so the store starts fresh in each.
+// Loads settings given as text into the process's store, and keeps the library's own lines out of the test's output.
+// Each test runs in a process of its own, so each starts with a fresh store.
 class LoadedStore {
 public:
     LoadedStore() = default;
@@ -25,7 +25,7 @@ public:
     ttservice::ConfigCollector* operator->() const { return store.get(); }
     ttservice::ConfigCollector& operator*() const { return *store; }
 
-    // What the last load wrote to the standard error stream.
+    // What the last load wrote to standard error.
     const std::string& lastComplaints() const { return complaints; }
 
 private:

@@ -8,7 +8,7 @@
 
 namespace tests {
 
-// A folder of its own for a test, removed with everything in it at the end.
+// A folder for one test, removed with its contents at the end.
 class TempFolder {
 public:
     TempFolder() {
@@ -26,7 +26,7 @@ public:
 
     std::string path(const std::string& name) const { return (folder / name).string(); }
 
-    // Writes a file and answers its path.
+    // Writes a file and returns its path.
     std::string write(const std::string& name, std::string_view bytes) const {
         const std::string file = path(name);
         std::filesystem::create_directories(std::filesystem::path(file).parent_path());
