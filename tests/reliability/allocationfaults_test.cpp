@@ -1,5 +1,5 @@
-// Memory that runs out at every single request of a load and of a question: nothing leaks, nothing crashes, every table
-// is as it was or as it was to become, and the store goes on answering.
+// Memory runs out at every single request of a load and of a question: nothing leaks or crashes, every table is in its
+// old or its new state, and the store goes on answering.
 
 #include <gtest/gtest.h>
 
@@ -41,7 +41,7 @@ struct Call {
     std::function<std::string(ConfigCollector&)> ask;
 };
 
-// Longer than any text that is kept in place.
+// Too long for the small-string optimisation.
 const std::string kMarket = "a market with a name that is long";
 const std::string kCode = "a code with a name that is long";
 const std::string kText = "a text of the client that is long";
@@ -176,8 +176,8 @@ std::unique_ptr<const standin::LogCapture> logFor(bool withLog) {
     return withLog ? std::make_unique<const standin::LogCapture>() : nullptr;
 }
 
-// Refuses each request of each call and answers how many there were. With a log its lines are wanted and kept as long
-// as a round.
+// Refuses each request of each call and returns how many there were. With a log, the calls' log lines are requested and
+// kept for the duration of a round.
 long refuseEachRequestOfEachCall(bool withLog) {
     const ClientFolder client;
     const tests::TempFolder folder;

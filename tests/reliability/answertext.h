@@ -14,11 +14,11 @@
 #include "traderbase/base/config/contractinfo.h"
 #include "traderbase/base/config/shfixincomelimit.h"
 
-// An answer of the store as a text that holds all of it, to be compared by.
+// An answer of the store as a text that contains all of it, for comparison.
 
 namespace tests {
 
-// Declared first: each calls those of its parts, whatever their order.
+// Declared first, because each calls those of its parts.
 template <typename Element>
 std::string textOf(const std::vector<Element>& list);
 template <typename Element>

@@ -27,14 +27,14 @@ std::string pageOf(std::string text) {
 
 int noticesOf(const std::string& path) {
     const int notices = inotify_init1(IN_CLOEXEC);
-    // Closings, too: openings alone that follow one another are told as one.
+    // Watch closings too: the kernel merges identical events, so openings in a row would be reported as one.
     if (notices < 0 || inotify_add_watch(notices, path.c_str(), IN_OPEN | IN_CLOSE) < 0) {
         throw std::runtime_error("cannot be told when " + path + " is opened");
     }
     return notices;
 }
 
-// Waits until there were so many openings.
+// Waits for this many openings.
 void awaitOpenings(int notices, int wanted) {
     while (wanted > 0) {
         alignas(inotify_event) char events[4096];
@@ -94,7 +94,7 @@ WhenOpened::WhenOpened(std::string file, int openings, const std::function<void(
       }) {}
 
 WhenOpened::~WhenOpened() {
-    // Whoever was to open it may have ended before.
+    // The reader may have ended before it opened the file.
     for (int i = 0; i < times; ++i)
         std::ifstream(path).get();
     thread.join();
@@ -116,7 +116,7 @@ Replacing::~Replacing() {
     thread.join();
 }
 
-// A link instead of a copy takes no time.
+// Making a link is instant; a copy would take time.
 void Replacing::put(const std::string& file) const {
     std::filesystem::create_hard_link(file, next);
     std::filesystem::rename(next, place);

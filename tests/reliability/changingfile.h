@@ -10,32 +10,33 @@
 
 #include "tests/support/tempfile.h"
 
-// Settings files that change while they are read, and what a load of one may give.
+// Settings files that change while they are read, and the results that a load of one may have.
 
 namespace tests {
 
 using SwitchLists = std::map<std::string, std::vector<int>>;
 
-// The files are large, so that there is time to change them, and take whole pages of memory: a page holds the header or
-// one switch and then blanks up to its end. So wherever between two pages, or in the second half of a page, a file
-// ends, it ends behind a whole switch.
+// The files are large, so that there is time to change them, and consist of whole memory pages: each page holds the
+// header or one switch, padded with blanks. A file that is cut between two pages, or in the second half of a page,
+// therefore ends after a whole switch.
 constexpr std::size_t kPageSize = 4096;
 
-// A file of so many switches, each with this list: 8 MiB for 2,047 of them.
+// A file with count switches, each with this list: 8 MiB for 2,047 of them.
 std::string pagesOfSwitches(std::size_t count, const std::vector<int>& list);
 
-// What is loaded from it.
+// What a load of it finds.
 SwitchLists listsOfPages(std::size_t count, const std::vector<int>& list);
 
-// What a load of a file gave that was cut off in the middle of a page while it was read.
+// The result of loading a file that was cut in the middle of a page during the read.
 enum class CutLoad { Illegal, Whole, Short, Damaged };
 
-// Every switch up to some page behind the cut, or all of them. Only in the page of the cut, which the system clears
-// from there on, a read that meets just that moment finds NULs; they join the lines on both sides, and the list has
-// more or fewer of its one number: a damaged load.
+// Legal is every switch up to some page after the cut, or all of them. The system clears the page of the cut from there
+// on. A read at just that moment finds NULs in it, which join the lines on both sides, so that the list gains or loses
+// some of its one number: a damaged load.
 CutLoad judgedCutLoad(const SwitchLists& loaded, const SwitchLists& whole, std::size_t cutPage);
 
-// Does something once, on a thread of its own, as soon as a file was opened so many times. At its end it has done it.
+// Runs the action once, on a thread of its own, as soon as the file has been opened the given number of times. Its
+// destructor waits for that.
 class WhenOpened {
 public:
     WhenOpened(std::string path, int times, const std::function<void()>& action);
@@ -46,14 +47,14 @@ public:
 private:
     const std::string path;
     const int times;
-    const int notices;  // of the system, about the file
+    const int notices;  // inotify descriptor for the file
     std::thread thread;
 };
 
-// Puts one file and the other in a place in turn, as fast as it can, for as long as it lives.
+// While it lives, keeps replacing a file with one text and then the other, as fast as it can.
 class Replacing {
 public:
-    // The texts are written into the folder; the place is a file in it, too.
+    // Writes the texts into the folder, which also holds the replaced file.
     Replacing(const TempFolder& folder, const std::string& first, const std::string& second);
     Replacing(const Replacing&) = delete;
     Replacing& operator=(const Replacing&) = delete;

@@ -1,4 +1,4 @@
-// Settings files that change while the library loads them: what is loaded is what was there.
+// Settings files that change while the library loads them: it loads only what was in them.
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -27,11 +27,11 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kSwitches = 2047;
-constexpr int kMostLoads = 2000;  // whatever is to be seen is seen in a handful, unless the machine does much else
+constexpr int kMostLoads = 2000;  // a handful shows everything, unless the machine is busy
 constexpr int kLeastReplaced = tests::kUnderSanitizer ? 60 : 300;
 constexpr unsigned kLongestLoad = 240;
 
-// What a load into an empty store finds. One that hangs ends the test.
+// What a load into an empty store finds. If it hangs, the test ends.
 SwitchLists loaded(const std::string& path) {
     const auto store = StoreSlot::build();
     StoreSlot::exchange(store);
@@ -43,7 +43,7 @@ SwitchLists loaded(const std::string& path) {
 
 }  // namespace
 
-// It is whole when it is opened and cut off from then on, so a load that is short was cut off while it was read.
+// The file is whole when it is opened and truncated afterwards, so a short load was cut off while reading.
 TEST(FileFaults, AFileThatIsTruncatedWhileReadGivesWhatWasThere) {
     const ClientFolder client;
     const TempFolder folder;
@@ -67,13 +67,13 @@ TEST(FileFaults, AFileThatIsTruncatedWhileReadGivesWhatWasThere) {
         ++seen[judged];
     }
     EXPECT_GE(seen[CutLoad::Short], 10);
-    // Now and then, not always.
+    // Happens now and then, not every time.
     EXPECT_LT(seen[CutLoad::Damaged], seen[CutLoad::Short]);
     std::cout << seen[CutLoad::Whole] << " whole loads, " << seen[CutLoad::Short] << " short ones, "
               << seen[CutLoad::Damaged] << " damaged\n";
 }
 
-// The usual way to write a file: beside it, then in its place.
+// The usual way to replace a file: write it beside the old one, then rename it.
 TEST(FileFaults, AFileThatIsReplacedWhileReadIsTheOldOrTheNewOne) {
     const ClientFolder client;
     const TempFolder folder;

@@ -1,5 +1,5 @@
-// A host that loads the library, uses it and unloads it, a hundred times over: it is really gone each time, and no
-// memory is left behind. The libraries that it needs are linked to the host and stay.
+// A host that loads the library, uses it and unloads it a hundred times: it is really unloaded each time, and leaks no
+// memory. The libraries that it needs are linked to the host and stay loaded.
 
 #include <dlfcn.h>
 #include <malloc.h>
@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int kRounds = 100;
-constexpr int kWarmUp = 20;  // whatever the other libraries make once is made in these
+constexpr int kWarmUp = 20;  // these rounds cover what other libraries allocate once
 
 void require(bool holds, const char* what) {
     if (holds) return;
@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
         loadUseUnload(argv[1], argv[2]);
     const std::size_t after = bytesInUse();
     std::printf("%d rounds, %zu bytes in use before, %zu after\n", kRounds, before, after);
-    // The loader's own lists grow by steps, whatever the number of rounds; a single record a round would be more.
+    // The loader's own lists grow in steps, independently of the rounds; one leaked record per round would exceed this.
     require(tests::kUnderSanitizer || after <= before + kRounds * 100, "nothing is left behind");
     std::puts("came and went");
     return 0;

@@ -1,5 +1,5 @@
-// A host whose own static objects ask the library while they are destroyed: one made before the singletons, which the
-// singletons do not outlive, one made after them, and one that holds what it was given.
+// A host whose own static objects query the library while they are destroyed: one made before the singletons, so it
+// outlives them; one made after them; and one that holds what the library gave it.
 
 #include <cstdio>
 #include <cstdlib>
@@ -23,7 +23,7 @@ void require(bool holds, const char* what) {
     std::_Exit(1);
 }
 
-// Everything that can be asked answers; whether from the settings or from the defaults is the argument.
+// Every question gets an answer; isLoaded says whether from the settings or from the defaults.
 void askEverything(bool isLoaded) {
     const auto store = ConfigCollector::instance();
     const auto catalogue = AlgorithmParamConfig::instance();
@@ -53,7 +53,7 @@ struct MadeBefore {
         std::fflush(stdout);
     }
 
-    // Each of these is asked of the store at hand; instance() would answer another one each time.
+    // Uses one store throughout: at this stage instance() returns a new one each time.
     void loadOnceMore() const {
         const auto store = ConfigCollector::instance();
         store->readConfig(settings);

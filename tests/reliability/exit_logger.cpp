@@ -1,5 +1,5 @@
-// A host that ends while both singletons live. Both are destroyed then, and their destruction asks no logger: neither
-// one that stands for longer ("standing", whose lines are counted) nor one that was torn down before them ("gone").
+// A host that ends while both singletons live. Their destructors must use no logger: neither one that lives longer
+// ("standing", whose lines are counted) nor one that was destroyed before them ("gone").
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -56,7 +56,7 @@ extern "C" void tellOfDeadLogger(int /*signal*/) {
     std::_Exit(written < 0 ? 2 : 1);
 }
 
-// What is left of a logger that was destroyed: a place at which nothing may be looked at.
+// Stands for a destroyed logger: memory that must not be touched.
 log4cxx::LoggerPtr deadLogger() {
     const auto size = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
     void* const place = mmap(nullptr, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
@@ -81,7 +81,7 @@ struct LoggerOfTheHost {
 
 int main(int argc, char** argv) {
     if (argc != 2) return 2;
-    static standin::LogCapture& log = *new standin::LogCapture;  // counts for as long as the process lives
+    static standin::LogCapture& log = *new standin::LogCapture;  // never destroyed, so it counts until the process ends
     standin::setEveryFileLogEnabled(true);
     const auto store = ConfigCollector::instance();
     const auto catalogue = AlgorithmParamConfig::instance();

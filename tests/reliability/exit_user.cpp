@@ -6,10 +6,10 @@
 #include "traderbase/base/config/algorithmparamconfig.h"
 #include "traderbase/base/config/configcollector.h"
 
-// 0 when everything was answered as it should be.
+// Returns 0 when every answer was right.
 extern "C" __attribute__((visibility("default"))) int useTheLibrary(const char* settings) {
     const auto store = ttservice::ConfigCollector::instance();
-    if (store->isNeedMaxAmountPts(12)) return 1;  // left over from a former life
+    if (store->isNeedMaxAmountPts(12)) return 1;  // state left over from the previous load of the library
     store->readConfig(settings);
     if (!store->isNeedMaxAmountPts(12)) return 2;
     store->initMarketTradingTime(std::map<std::string, std::string>{{"SSE", R"({"93000":50,"113000":49})"}});

@@ -1,5 +1,5 @@
-# Runs PROGRAM with ARGUMENT; whatever it says, it has to end with 0, say LAST_WORD and complain of nothing. CTest looks
-# at the exit code or at what is said, not at both.
+# Runs PROGRAM with ARGUMENT. It must exit with 0, print LAST_WORD and report no problem. CTest can check the exit code
+# or the output, but not both.
 execute_process(COMMAND ${PROGRAM} ${ARGUMENT} RESULT_VARIABLE code OUTPUT_VARIABLE said ERROR_VARIABLE said)
 message("${said}")
 if(NOT code STREQUAL "0")

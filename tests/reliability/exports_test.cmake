@@ -1,5 +1,5 @@
 # cmake -DNM=nm -DLIBRARY=file -DLIST=file -P exports_test.cmake
-# What the library exports is what the list says: the documented interface, and nothing else.
+# The library exports what the list says: the documented interface, and nothing else.
 
 cmake_minimum_required(VERSION 3.25)
 
@@ -7,7 +7,7 @@ execute_process(COMMAND "${NM}" -DC --defined-only "${LIBRARY}" OUTPUT_VARIABLE 
 if(NOT status EQUAL 0)
     message(FATAL_ERROR "${NM} cannot read ${LIBRARY}")
 endif()
-# "address kind name"; a bracket in a name would be taken for a list's.
+# Lines are "address kind name". CMake gives semicolons and brackets in lists a meaning, so replace them.
 string(REPLACE ";" "," symbols "${symbols}")
 string(REPLACE "[" "(" symbols "${symbols}")
 string(REPLACE "]" ")" symbols "${symbols}")

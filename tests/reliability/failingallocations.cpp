@@ -8,7 +8,7 @@ namespace tests {
 
 namespace {
 
-// Plain values: looking at them must not need memory.
+// Plain values: reading them must not allocate.
 thread_local long untilRefusal = 0;  // 0: nothing is refused
 thread_local bool goesOn = false;
 thread_local bool wasRefused = false;

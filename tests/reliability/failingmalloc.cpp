@@ -1,6 +1,6 @@
-// Refuses whatever anybody in the process asks for: stands in for malloc and its relatives, on which operator new, the
-// JSON library's buffers, the interpreter and the C library's files build. For glibc, whose own functions go by second
-// names, in builds without a sanitizer.
+// Refuses any allocation in the process: replaces malloc and its relatives, which operator new, the JSON library's
+// buffers, the interpreter and the C library's files use. For glibc, whose own functions have second names, in builds
+// without a sanitizer.
 
 #include <cerrno>
 #include <cstddef>
@@ -42,7 +42,7 @@ TT_FOR_EVERYBODY void* calloc(std::size_t count, std::size_t bytes) noexcept {
     return isRefused() ? nullptr : counted(__libc_calloc(count, bytes));
 }
 
-// The piece stays where it is when it cannot grow. A request to shrink is refused as well: nobody may count on it.
+// The block stays in place when it cannot grow. A request to shrink is refused too: no caller may rely on it.
 TT_FOR_EVERYBODY void* realloc(void* memory, std::size_t bytes) noexcept {
     if (memory != nullptr && bytes == 0) {
         tests::refusals::givenBack();

@@ -1,5 +1,5 @@
-// Refuses what C++ asks for: stands in for the global operator new, the aligned ones included. For builds in which
-// nobody else can stand in for malloc: the sanitizers do so themselves.
+// Refuses C++ allocations: replaces the global operator new, including the aligned forms. For builds in which malloc
+// cannot be replaced, as with sanitizers, which replace it themselves.
 
 #include <cstddef>
 #include <cstdlib>

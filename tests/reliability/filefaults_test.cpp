@@ -1,5 +1,5 @@
-// Settings files that are not there, are no files or too large ones. The library answers every one of them with what
-// could be read, and never waits for one.
+// Settings files that are missing, too large or not files at all. The library answers with whatever could be read, and
+// never waits.
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A load that hangs ends the test.
+// Ends the test if a load hangs.
 class Deadline {
 public:
     explicit Deadline(unsigned seconds) { alarm(seconds); }
@@ -37,8 +37,8 @@ constexpr unsigned kLongestLoad = 240;
 constexpr unsigned kAtOnce = 20;
 constexpr int kDefaultDays = -1;
 
-// What a load of a file leaves behind that holds one setting at most: that one, the defaults and the path, and not a
-// word.
+// Checks the result of loading a file with at most one setting: that setting, the defaults and the path, and no
+// message.
 void expectDaysAfterLoading(const std::string& path, int days, unsigned longest) {
     const Deadline deadline(longest);
     const tests::StandardError caught;
@@ -57,7 +57,7 @@ void expectDefaultsAfterLoading(const std::string& path, unsigned longest = kLon
     expectDaysAfterLoading(path, kDefaultDays, longest);
 }
 
-// A file of that size: a setting, and then nothing but NULs.
+// A file of that size: one setting, followed by NULs only.
 void writeSparse(const std::string& path, std::uintmax_t size) {
     std::ofstream(path, std::ios::binary) << "[setting]\nflowhistorydays=5\n";
     fs::resize_file(path, size);
@@ -120,7 +120,7 @@ TEST(FileFaults, AGigabyteIsReadToItsEnd) {
     const ClientFolder client;
     const TempFolder folder;
     const std::string path = folder.path("settings.ini");
-    // It is read as a whole, which the sanitizers would need several times the memory for.
+    // The file is read into memory as a whole; under a sanitizer that would take several times as much.
     writeSparse(path, tests::kUnderSanitizer ? 100000000 : 1000000000);
     expectDaysAfterLoading(path, 5, kLongestLoad);
     EXPECT_EQ(ConfigCollector::instance()->getHgtSgtPriceDiff(), "");

@@ -14,7 +14,7 @@ namespace tests {
 
 using Tables = std::map<std::string, std::string>;
 
-// The names of the tables that are neither as they were nor as they were to become, each with what it holds.
+// The names and contents of the tables that are in neither their old nor their new state.
 inline std::string brokenTables(const Tables& now, const Tables& old, const Tables& wanted) {
     std::string names;
     for (const auto& [name, content] : now) {
@@ -23,7 +23,7 @@ inline std::string brokenTables(const Tables& now, const Tables& old, const Tabl
     return names;
 }
 
-// A store of its own in the place of the process's one.
+// Puts a new store in place of the process's one.
 class FreshStore {
 public:
     FreshStore() : store(ttservice::internal::StoreSlot::build()), before(exchange(store)) {}
@@ -43,7 +43,7 @@ private:
     Pointer before;
 };
 
-// Takes the library's own lines and keeps none of them, so that they cost no memory.
+// Discards the library's own lines, so that they use no memory.
 class SilentError : std::streambuf {
 public:
     SilentError() : before(std::cerr.rdbuf(this)) {}

@@ -1,6 +1,7 @@
 # cmake -DREADELF=readelf -DCOMMANDS=compile_commands.json -DFLAGS=a,b -DEXPECTED=a,b -DARCHIVES=a,b -DLIBRARIES=a,b
 #       -DPROGRAMS=a,b -P hardening_test.cmake
-# The flags that are expected here were found to be taken, they reached every source, and what was linked shows them.
+# Checks that the compiler accepted the expected flags, that they reached every source, and that what was linked shows
+# them.
 
 cmake_minimum_required(VERSION 3.25)
 
@@ -71,7 +72,7 @@ function(look_at binary is_program)
     set(problem_count ${number} PARENT_SCOPE)
 endfunction()
 
-# What others built and we link in.
+# Libraries that others built and that we link.
 string(REPLACE "," ";" ARCHIVES "${ARCHIVES}")
 foreach(archive IN LISTS ARCHIVES)
     execute_process(COMMAND "${READELF}" -sW "${archive}" OUTPUT_VARIABLE text RESULT_VARIABLE status)

@@ -1,4 +1,4 @@
-# Every public header compiles alone, in C++17 and in C++20, with our warnings: target "headers". It is not part of
+# The target "headers" compiles every public header alone, in C++17 and in C++20, with our warnings. It is not part of
 # "all"; .ci/run builds it with both compilers.
 
 set(public_headers
@@ -24,7 +24,7 @@ set(public_headers
     ttplatform/tradercenter.h
 )
 
-# A header that is not in the list would be tested by nobody.
+# A header missing from the list would not be tested.
 foreach(folder base/src/luaconfig libs/traderbase/base/config platform/include/ttplatform)
     file(GLOB found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.h)
     foreach(header IN LISTS found)
@@ -39,7 +39,7 @@ set(sources)
 foreach(header IN LISTS public_headers)
     string(MAKE_C_IDENTIFIER "${header}" name)
     set(source ${CMAKE_CURRENT_BINARY_DIR}/headers/${name}.cpp)
-    # Twice: the second time it must be empty.
+    # Include it twice: its guard must make the second include empty.
     file(CONFIGURE OUTPUT ${source} CONTENT "#include \"${header}\"\n#include \"${header}\"\n")
     list(APPEND sources ${source})
 endforeach()

@@ -1,7 +1,7 @@
 # cmake -DSOURCE=folder -DFOLDER=scratch -DCOMPILER=path -DPREFIX=path -P hostmodules_test.cmake
 #
-# Configures the project inside a host that has CMake modules of its own, in its module path and under everyday names:
-# none of them may be read in place of ours.
+# Configures the project inside a host whose module path has CMake modules of its own under everyday names: none of them
+# may be read in place of ours.
 file(REMOVE_RECURSE ${FOLDER})
 foreach(name Warnings Sanitizers Hardening Targets Dependencies InstallTool TestHelpers FuzzHelpers BenchmarkHelpers)
     file(WRITE ${FOLDER}/host/cmake/${name}.cmake "message(FATAL_ERROR \"the host's ${name}.cmake was read\")\n")

@@ -1,13 +1,13 @@
 #pragma once
 
-// Between what stands in for an allocator (failingmalloc.cpp or failingnew.cpp) and what the tests say about it.
+// Connects the replaced allocator (failingmalloc.cpp or failingnew.cpp) with the tests.
 
 namespace tests::refusals {
 
-// Asked at every request: whether it is refused.
+// Called at every request: whether to refuse it.
 bool isRefused() noexcept;
 
-// Told of every piece of memory that is handed out and that comes back.
+// Called for every block of memory that is allocated or freed.
 void taken() noexcept;
 void givenBack() noexcept;
 

@@ -11,12 +11,12 @@ namespace tests {
 
 enum class Outcome { Done, NoMemory, OtherException };
 
-// Which request is refused in a round, and what came of it.
+// Which request a round refuses, and what happened.
 class Refusal {
 public:
     Refusal(long number, Shortage kind) : nth(number), shortage(kind) {}
 
-    // Does the work while memory is refused. Done although something was refused: the work coped with that.
+    // Does the work while memory is refused. Outcome Done despite a refusal means that the work coped with it.
     template <typename Work>
     Outcome during(Work&& work) const {
         const FailingAllocations failing(nth, shortage);
@@ -46,8 +46,7 @@ private:
     mutable bool refused = false;
 };
 
-// Goes through the rounds of one kind until one makes fewer requests than the one to be refused, and answers how many
-// were refused.
+// Runs rounds of one kind until one makes fewer requests than the number to refuse. Returns how many were refused.
 template <typename Round>
 long refuseEachRequest(Shortage shortage, const Round& round) {
     long nth = 1;
@@ -56,8 +55,8 @@ long refuseEachRequest(Shortage shortage, const Round& round) {
         const Refusal refusal(nth, shortage);
         long before = piecesHeld();
         round(refusal);
-        // What is made once in a process stays, and some of that is made for the first error of its kind: a leak is
-        // what the same round leaves behind again.
+        // Objects created once per process stay, and the first error of a kind creates some of them. So only memory
+        // that the same round leaves behind a second time is a leak.
         if (piecesHeld() != before && !testing::Test::HasFatalFailure()) {
             before = piecesHeld();
             round(refusal);
@@ -68,8 +67,8 @@ long refuseEachRequest(Shortage shortage, const Round& round) {
     return nth - 1;
 }
 
-// A round does its work, all of it, from the beginning, some part of it by Refusal::during(); what it made is gone when
-// it returns. Refuses each request of that part, alone and with all that follow.
+// A round does its whole work from the beginning, part of it in Refusal::during(), and has freed what it made when it
+// returns. Refuses each request of that part, once alone and once with all that follow.
 template <typename Round>
 long refuseEachRequest(const Round& round) {
     return refuseEachRequest(Shortage::Once, round) + refuseEachRequest(Shortage::FromThenOn, round);

@@ -1,5 +1,5 @@
-// Scripts that answer with everything but what was asked for: the catalogues take what can be used, say what cannot,
-// and go on answering.
+// Scripts that answer with anything but what was asked: the catalogues take what is usable, report the rest, and go on
+// answering.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ namespace {
 
 constexpr const char* kSessions = R"({\"93000\":50,\"113000\":49})";
 
-// Whatever a Lua function can raise.
+// Everything that a Lua function can raise.
 const char* const kErrorObjects[] = {
     "nil",
     "true",
@@ -46,17 +46,17 @@ const char* const kErrorObjects[] = {
     "io.stdout",
 };
 
-// A client whose singletons are there already, so that what they log while they are built is not listened to.
+// A client whose singletons already exist, so that the log does not catch lines from their construction.
 struct Client {
     ClientFolder folder;
     boost::shared_ptr<ConfigCollector> store = ConfigCollector::instance();
     boost::shared_ptr<AlgorithmParamConfig> catalogue = AlgorithmParamConfig::instance();
 };
 
-// What becomes of the sessions of the script before: they stay where this one names no markets.
+// What happens to the sessions of the previous script: they stay when this one names no markets.
 enum class Former { Stay, Go, Either };
 
-// Loads the script's sessions, and then those of a sound one.
+// Loads the script's sessions, then those of a valid script.
 void expectSurvived(const std::string& script, Former former = Former::Either) {
     const TempFolder folder;
     const std::string path = folder.write("script.lua", script);
@@ -66,7 +66,7 @@ void expectSurvived(const std::string& script, Former former = Former::Either) {
     if (former != Former::Either) {
         EXPECT_THAT(store->getTradingTime("AMEX"), SizeIs(former == Former::Stay ? 1 : 0)) << script.substr(0, 200);
     }
-    // It still takes what a sound script says.
+    // A valid script is still accepted.
     store->initMarketTradingTime(
         folder.write("sound.lua", std::string("function getMarkets() return '{\"SZSE\":1}' end\n") +
                                       "function getMarketTradeDuration() return \"" + kSessions + "\" end"));
@@ -85,7 +85,7 @@ std::string durationRaises(const std::string& object) {
            object + ", 0) end return \"" + kSessions + "\" end";
 }
 
-// A text of Lua that makes so many of a text in a row.
+// Lua source that repeats a text this many times.
 std::string repeated(const std::string& text, int times) {
     return "string.rep('" + text + "', " + std::to_string(times) + ")";
 }
@@ -109,7 +109,7 @@ TEST(ScriptFaults, ErrorObjectsOfEveryTypeAreOneLineAndNoAnswer) {
     for (const char* object : kErrorObjects) {  // at the script's own top level
         const LogCapture log;
         expectSurvived(std::string("error(") + object + ", 0)", Former::Stay);
-        EXPECT_THAT(log.lines(), SizeIs(2)) << object;  // the second line: there is no getMarkets
+        EXPECT_THAT(log.lines(), SizeIs(2)) << object;  // the second line: getMarkets is missing
     }
 }
 
@@ -152,7 +152,7 @@ TEST(ScriptFaults, AMillionByteAnswerIsTakenWhole) {
                         "\"113000\":49}' end"));
     EXPECT_THAT(store->getTradingTime(std::string(kMillion, 'M')), SizeIs(1));
     EXPECT_THAT(store->getTradingTime("SSE"), SizeIs(1));
-    // And a million bytes of blanks, of digits, and of what is nothing at all.
+    // And a million bytes of blanks, of digits, and of garbage.
     for (const char* text : {" ", "7", "x", "\\\\", "\\\"", ","})
         expectSurvived("function getMarkets() return " + repeated(text, kMillion) + " end", Former::Stay);
     expectSurvived("function getMarkets() return '{\"SSE\":1}' end function getMarketTradeDuration() return '{\"' .. " +
@@ -175,7 +175,7 @@ TEST(ScriptFaults, AnAnswerEndsAtItsFirstNul) {
     expectSurvived("function getMarkets() return " + repeated("\\0", kMillion) + " end");
 }
 
-// The parser's own words for a lack of memory, which it is asked about, in a text that it quotes.
+// The answer quotes the very words with which the parser reports a lack of memory.
 TEST(ScriptFaults, AnAnswerThatSpeaksOfMemoryIsATextLikeOthers) {
     const Client client;
     const LogCapture log;
@@ -205,7 +205,7 @@ TEST(ScriptFaults, JsonThatIsNestedAMillionDeepIsRefused) {
         "function getMarkets() return string.rep('{\"a\":', 1000000) .. '1' .. string.rep('}', 1000000) end");
 }
 
-// --- the vendors' answers, through the one block that everybody may read
+// --- vendors' answers, through the block that needs no right
 
 namespace {
 
@@ -258,7 +258,7 @@ TEST(ScriptFaults, VendorErrorsOfEveryTypeLeaveOutTheirRecordAlone) {
         const Vendors vendors(std::string("error(") + object + ", 0)");
         EXPECT_EQ(vendors.text(), "") << object;
         EXPECT_NE(vendors.catalogue.getAlgoParam("help"), nullptr) << object;
-        EXPECT_THAT(log.messages(), SizeIs(2)) << object;  // the script's own error, and no record of an empty text
+        EXPECT_THAT(log.messages(), SizeIs(2)) << object;  // the script's error, and an empty text without a record
     }
 }
 

@@ -1,5 +1,5 @@
-// Memory that runs out at every single request while scripts are read, the interpreter's own requests included: tables
-// that scripts fill are as they were or as they were to become, and never empty for want of memory.
+// Memory runs out at every single request while scripts are read, including requests of the interpreter: tables that
+// scripts fill are in their old or their new state, and never empty for lack of memory.
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -46,7 +46,7 @@ namespace {
 
 using Texts = std::map<std::string, std::string>;
 
-// Texts are longer than any that is kept in place, and something is written to the log.
+// Texts are too long for the small-string optimisation, and something is written to the log.
 const char* const kMarketTimes = R"(
 all = {}
 for i = 1, 20 do all[i] = 'a value of the script number ' .. i end
@@ -57,7 +57,7 @@ function getMarketTradeDuration(m)
 end
 )";
 
-// How many requests there are at least: of everybody, or of C++ alone where no more can be refused.
+// The minimum number of requests: of every allocation, or of C++ alone where only those can be refused.
 long atLeast(long ofEverybody, long ofCpp) {
     return tests::isEverybodyRefused() ? ofEverybody : ofCpp;
 }
@@ -118,9 +118,9 @@ TEST(ScriptMemory, MarketTimesOfTheCatalogueStayWholeOrAreReplacedWhole) {
 
 namespace {
 
-// A log that this thread has written a line to: for what the logging library keeps for a thread the system ends the
-// process when there is no memory. The line is none of an error, so that those of the script are the first of their
-// level in the process.
+// A log to which this thread has already written a line: for the data that the logging library keeps per thread, a lack
+// of memory would end the process. That line is not an error, so that the script's errors are the process's first of
+// their level.
 struct LogInUse {
     LogInUse() { g_TTStdLogger->info("a line"); }
 
@@ -129,7 +129,7 @@ struct LogInUse {
 
 enum class Round { Judged, Wrong, NothingRefused };
 
-// What the process that runs the round makes of it, which ends with it.
+// Reports the result of a round as the exit code of its process.
 template <typename Ask, typename IsWhole>
 [[noreturn]] void endWith(const Refusal& refusal, const Ask& ask, const IsWhole& isWhole) {
     const Outcome built = refusal.during(ask);
@@ -138,8 +138,8 @@ template <typename Ask, typename IsWhole>
     std::_Exit(static_cast<int>(round));
 }
 
-// Each round in a process of its own, since a process has one first call. Whatever it met, the next caller gets an
-// object that is whole.
+// Runs each round in a process of its own, since a process has only one first call. Whatever that call met, the next
+// caller gets a complete object.
 template <typename Ask, typename IsWhole>
 long refuseFirstCall(Shortage shortage, const Ask& ask, const IsWhole& isWhole) {
     for (long nth = 1;; ++nth) {
@@ -200,7 +200,7 @@ TEST(ScriptMemory, AStoreIsBuiltWholeOrNotAtAll) {
     std::cout << points << " requests of a new store refused\n";
 }
 
-// Asked directly, an interpreter that runs out of memory answers as for any script that fails: nothing, and a line.
+// Asked directly, an interpreter without memory answers as for any failing script: nothing, and one log line.
 TEST(ScriptMemory, AScriptAnswersRightOrNothing) {
     const tests::TempFolder folder;
     const std::string path = folder.write("script.lua", kMarketTimes);
@@ -232,7 +232,7 @@ TEST(ScriptMemory, AScriptAnswersRightOrNothing) {
     std::cout << points << " requests of a script's loading and answer refused\n";
 }
 
-// The JSON library loses a buffer that it cannot enlarge, so no leak is looked for here.
+// The JSON library leaks a buffer that it cannot enlarge, so this test does not look for leaks.
 TEST(ScriptMemory, AJsonTextIsReadOrThereIsNoMemory) {
     std::string text = R"({"first":1)";
     for (int i = 0; i < 50; ++i)
@@ -291,7 +291,7 @@ void grantVendors() {
     standin::PlatformData::install(std::move(data));
 }
 
-// Each vendor's text is the old or the new one, and the new records are those of new texts, at most one each.
+// Each vendor's text is the old or the new one, and the new records belong to new texts, at most one each.
 void expectWholeVendors(const AlgorithmParamConfig& catalogue) {
     std::size_t texts = 0;
     for (const Vendor& vendor : kVendors) {
@@ -306,7 +306,7 @@ void expectWholeVendors(const AlgorithmParamConfig& catalogue) {
     ASSERT_LE(catalogue.getAlgoritmsParams().size(), std::size(kVendors) + texts);
 }
 
-// A catalogue with the old text of every vendor, and the script that has the new ones.
+// A catalogue with every vendor's old text, and the script with the new ones.
 struct OldVendors {
     OldVendors() : newScript(folder.write("new.lua", scriptOf("new"))), catalogue(*AlgorithmParamConfig::instance()) {
         grantVendors();

@@ -7,16 +7,16 @@
 
 namespace tests {
 
-// The content of each table of a store as text, by the table's name. Changes nothing in the store.
+// The contents of each table of a store as text, by table name. Does not change the store.
 std::map<std::string, std::string> tablesOf(const ttservice::ConfigCollector& store);
 
-// Whether a table of this name is set by the client alone and not by a load.
+// Whether the table of this name is set by the client only, never by a load.
 bool isSetAtRunTime(const std::string& table);
 
-// The combination groups and their products, which a load adds to and does not replace.
+// The combination groups and their products; a load adds to them and never replaces them.
 std::string combinationsOf(const ttservice::ConfigCollector& store);
 
-// Settings that fill every table; the two versions differ in every one of them.
+// Settings that fill every table; the two versions differ in each of them.
 std::string settingsOfVersion(int version);
 
 }  // namespace tests

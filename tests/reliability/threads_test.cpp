@@ -1,4 +1,4 @@
-// What is guarded, asked by many threads while it is replaced: every answer is one that some load or call gave.
+// Many threads query guarded state while it is replaced: every answer is one that some load or call set.
 
 #include <gtest/gtest.h>
 
@@ -29,8 +29,8 @@ namespace {
 constexpr int kAskers = 8;
 constexpr auto kDuration = std::chrono::seconds(TT_THREAD_SECONDS);
 
-// Two settings files are loaded in turn. Platform 9, code K and fund K are listed everywhere in both of them, platform
-// 5, code E and fund E nowhere; of the rest, what one file lists the other does not.
+// Two settings files are loaded alternately. Both list platform 9, code K and fund K everywhere and platform 5, code E
+// and fund E nowhere; everything else is listed in only one of them.
 constexpr int kAlways = 9;
 constexpr int kNever = 5;
 const std::vector<int> kFirstList{1, 2, kAlways};
@@ -59,7 +59,7 @@ const Predicate kPredicates[] = {
 
 using Lists = std::map<std::string, std::vector<int>>;
 
-// Every switch, and a key that the library does not know, with this list.
+// Every switch, and an unknown key, with this list.
 Lists listsOf(const std::vector<int>& list) {
     Lists lists{{"some other key", list}};
     for (const Predicate& each : kPredicates)
@@ -67,7 +67,7 @@ Lists listsOf(const std::vector<int>& list) {
     return lists;
 }
 
-// Keys that nobody knew before go into the table as well, while others ask; no list of theirs is ever replaced.
+// New unknown keys also go into the table during the questions; their lists are never replaced.
 const std::string kFreshKey = "a key of its own ";
 const std::vector<int> kFreshList{kAlways};
 constexpr int kFreshKeys = 1000;
@@ -92,15 +92,15 @@ std::string settingsOf(const Lists& lists, const char* tables) {
     return text + tables;
 }
 
-// Asks everything that may be asked while a load runs. Two questions in a row may meet two tables, so only what one
-// question answers is judged, by what holds in both tables. A question answers its name when it was answered as nothing
-// says, else null.
+// Asks everything that may be asked during a load. Two questions in a row may see different tables, so each answer is
+// judged alone, by what holds in both tables. Each check returns the name of a question whose answer is impossible,
+// otherwise null.
 class Asker {
 public:
     Asker() : keys(listsOf({})) {}
 
-    // One round: everything once, and one table of the four over and over, since what is wrong for a moment is seen by
-    // who asks at that moment.
+    // One round: everything once, and one of the four tables repeatedly, since a momentary error is seen only by
+    // questions at that moment.
     const char* wrongAnswer(const ConfigCollector& store, int asker, int round) {
         if (const char* wrong = wrongSwitch(store, round)) return wrong;
         constexpr const char* (*kOthers[])(const ConfigCollector&) = {&wrongRatio, &wrongRepayment, &wrongFund};
@@ -129,7 +129,7 @@ private:
         return knowsAllLists(store.getAllpts()) ? nullptr : "getAllpts";
     }
 
-    // Whoever sets one list of the known keys sets all of them, so they are all the same at any moment.
+    // All lists of the known keys are set together, so they are equal at any moment.
     bool knowsAllLists(const Lists& all) {
         const std::vector<int>& list = all.at(keys.begin()->first);
         if (list == kFirstList) sawFirst = true;
@@ -177,7 +177,7 @@ private:
     std::atomic<bool> sawFresh{false};
 };
 
-// Starts so many threads at one moment and waits for them.
+// Starts this many threads at once and waits for them.
 void runTogether(int threads, const std::function<void(int)>& work) {
     std::atomic<int> waiting{threads};
     std::vector<std::thread> all;
@@ -195,7 +195,7 @@ void runTogether(int threads, const std::function<void(int)>& work) {
 
 }  // namespace
 
-// Goes on until there was enough of everything to mean something, however little of the processors it gets.
+// Runs until enough of everything has happened to be meaningful, however busy the machine is.
 TEST(Threads, EveryAnswerIsLegalWhileLoadsAndSetPtsRun) {
     const ClientFolder client;
     const tests::TempFolder folder;
@@ -215,7 +215,7 @@ TEST(Threads, EveryAnswerIsLegalWhileLoadsAndSetPtsRun) {
     const auto end = std::chrono::steady_clock::now() + kDuration;
     runTogether(kAskers + 2, [&](int number) {
         for (int round = number; !ended; ++round) {
-            if (number == 0) {  // loads are the client's to serialise: one thread loads
+            if (number == 0) {  // the client has to serialise loads, so one thread loads
                 if (round % 16 == 0 && round / 16 < kFreshKeys) {
                     folder.write("first.ini", settingsOf(withFreshKey(lists[0], -round - 1), kFirstTables));
                 }
@@ -242,8 +242,8 @@ TEST(Threads, EveryAnswerIsLegalWhileLoadsAndSetPtsRun) {
 
 namespace {
 
-// A market-time script of one market that takes its time, so that the others come while the first user's object is
-// made.
+// A market-time script with one slow market, so that the other threads arrive while the first one is still building the
+// object.
 std::string slowScript(const std::string& text) {
     return "function getMarkets() for i = 1, 5000000 do end return '{\"SSE\":1}' end\n"
            "function getMarketTradeDuration() return '" +

@@ -1,4 +1,5 @@
-// The tool with settings files that change while it reads them: it answers from what was there, or says why not.
+// The tool with settings files that change while it reads them: it answers from the old contents, or says why it
+// cannot.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,7 +33,7 @@ ToolRun runOn(const std::string& path, const std::string& question) {
     return runShell("exec timeout 60 \"$TTCONFIG\" " + question + " --settings '" + path + "'");
 }
 
-// "switch000001:[7,7],switch000002:[7,7]" as the tool writes it, taken apart.
+// Parses "switch000001:[7,7],switch000002:[7,7]", as the tool writes it.
 SwitchLists listsOf(const std::string& answer) {
     SwitchLists lists;
     std::istringstream text(answer);
@@ -63,7 +64,7 @@ std::string answerOf(const SwitchLists& lists) {
 
 }  // namespace
 
-// The first to open it is the one that looks whether it can be meant, the second is the load.
+// The first open checks whether the file is usable, the second loads it.
 TEST(ToolFaults, AnswersFromWhatWasThereOfAFileThatIsTruncatedWhileItIsRead) {
     const TempFolder folder;
     const std::vector<int> list(8, 7);

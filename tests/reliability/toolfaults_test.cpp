@@ -1,5 +1,5 @@
-// The tool with files that it cannot use and outputs that it cannot write: one message, the right exit code, no
-// waiting.
+// The tool with files that it cannot use and outputs that it cannot write: it gives one message and the right exit
+// code, and never waits.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ namespace {
 constexpr int kInput = 3;
 constexpr int kInternal = 4;
 
-// "timeout" answers 124 for a command that it had to end.
+// "timeout" returns 124 for a command that it had to kill.
 ToolRun runOn(const std::string& path, const std::string& subcommand = "summary") {
     return runShell("exec timeout 60 \"$TTCONFIG\" " + subcommand + " --settings '" + path + "'");
 }
@@ -65,7 +65,7 @@ TEST(ToolFaults, DoesNotWaitForANamedPipeWithoutAWriter) {
     expectRefused(folder.path("pipe"), "is not a regular file");
 }
 
-// Neither the scripts, by whatever way they are named, nor the log.
+// Neither the scripts, however they are named, nor the log.
 TEST(ToolFaults, WaitsForNoOtherPipeEither) {
     const TempFolder folder;
     fs::create_directories(folder.path("bin"));
@@ -98,7 +98,7 @@ TEST(ToolFaults, WaitsForNoOtherPipeEither) {
     EXPECT_EQ(std::count(session.out.begin(), session.out.end(), '\n'), 4) << session.out;
 }
 
-// The log goes to a pipe as to a file when somebody reads it.
+// A pipe with a reader receives the log as a file would.
 TEST(ToolFaults, LogsIntoAPipeThatIsRead) {
     const TempFolder folder;
     ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
@@ -143,7 +143,7 @@ TEST(ToolFaults, BearsALineOfAHundredMegabytes) {
     EXPECT_THAT(run.out, HasSubstr("5"));
 }
 
-// Answers that are short wait in no buffer whose loss nobody notices.
+// Short answers must not be lost in a buffer whose failure goes unnoticed.
 TEST(ToolFaults, SaysSoWhenTheDiskIsFull) {
     if (!fs::exists("/dev/full")) GTEST_SKIP() << "this system has no /dev/full";
     const std::string settings = " --settings '" TT_SOURCE_DIR "/samples/settings.ini'";
@@ -171,7 +171,7 @@ TEST(ToolFaults, SaysSoWhenTheDiskIsFull) {
         SCOPED_TRACE(command);
         EXPECT_EQ(run.exitCode, kInternal) << run.err;
         EXPECT_THAT(run.err, HasSubstr("standard output cannot be written"));
-        // What a load itself has to say about the samples' settings comes before.
+        // Messages of the load about the samples' settings come first.
         EXPECT_THAT(run.err.substr(0, run.err.find("ttconfig: ")), testing::Not(HasSubstr("cannot be written")));
         EXPECT_EQ(run.err.find("ttconfig: "), run.err.rfind("ttconfig: ")) << run.err;
     }
@@ -181,11 +181,11 @@ TEST(ToolFaults, SaysSoWhenTheLogCannotBeWritten) {
     if (!fs::exists("/dev/full")) GTEST_SKIP() << "this system has no /dev/full";
     const ToolRun run = runShell("exec timeout 60 \"$TTCONFIG\" ask setUseOrderIdFunction true --log-file /dev/full");
     EXPECT_EQ(run.exitCode, kInternal);
-    // The line before it says that there is no settings file.
+    // The line before says that there is no settings file.
     EXPECT_THAT(run.err, testing::EndsWith("\nttconfig: --log-file /dev/full: cannot be written to the end\n"));
 }
 
-// A page is large: the file system fills up in the middle of it. No half page is left where a whole one was meant.
+// A page is large, so the file system fills up while it is written. No partial page may be left behind.
 TEST(ToolFaults, LeavesNoHalfPage) {
     const TempFolder folder;
     const ToolRun run = runOnFullDisk(20, "exec timeout 60 \"$TTCONFIG\" report --settings '" TT_SOURCE_DIR
