@@ -36,7 +36,7 @@ namespace {
 
 using RecordPtr = boost::shared_ptr<CAlgorithmsParams>;
 
-// A vendor as the outside knows it: the right that guards it (none: read always), the script's function, the getter and
+// A vendor as seen from outside: the right that guards it (none: always read), the script's function, the getter and
 // the reader.
 struct Vendor {
     std::string product;
@@ -69,7 +69,7 @@ std::string contentNamed(const std::string& name) {
     return R"({"content": {"name": ")" + name + R"(", "version": 1}})";
 }
 
-// A script in which every vendor's function answers a content named like the function.
+// A script in which every vendor's function answers content named like the function.
 std::string completeScript() {
     std::string source;
     for (const Vendor& vendor : kVendors)
@@ -196,7 +196,7 @@ TEST(AlgorithmParamConfig, ReadsTheTwapBlockForEitherOfTwoRights) {
         grant(products);
         catalogue.initAlgoParams(*script);
         EXPECT_EQ(textOf(catalogue, twap), contentNamed(twap.function));
-        EXPECT_THAT(catalogue.getAlgoritmsParams(), SizeIs(3));  // once, whichever rights there are
+        EXPECT_THAT(catalogue.getAlgoritmsParams(), SizeIs(3));  // once, whichever rights the user holds
     }
     Catalogue catalogue(empty);
     grant({"mdl_alg_zxjt1"});
@@ -289,7 +289,7 @@ TEST(AlgorithmParamConfig, GivesNothingForAMissingScript) {
     for (const Vendor& vendor : kVendors)
         EXPECT_EQ(textOf(*catalogue, vendor), "");
     EXPECT_THAT(catalogue->getAlgoritmsParams(), IsEmpty());
-    // for each of the three blocks: the script runtime's line, then ours
+    // each of the three blocks logs the script runtime's line, then ours
     ASSERT_THAT(log.lines(), SizeIs(6));
     for (std::size_t at = 0; at < 6; at += 2) {
         EXPECT_EQ(log.lines()[at].function, "getConfig");
@@ -316,7 +316,7 @@ TEST(AlgorithmParamConfig, KeepsTextsThatGiveNoRecord) {
         R"({"content": null})",
         R"({"content": {"$date": 5}})",
         R"({"content": 5, "content": {"name": "x"}})",
-        R"({"content": {"name": 5}})",  // the record does not take it
+        R"({"content": {"name": 5}})",  // the record refuses it
         "{\"content\": " + std::string(200, '[') + std::string(200, ']') + "}",
         "{\"content\": " + std::string(1000000, '['),
         "{\"content\": {\"\\u0000\": 1}}",
@@ -375,7 +375,7 @@ TEST(AlgorithmParamConfig, StopsAtAnExceptionAndKeepsWhatItHas) {
     grantEverything();
     Script script(completeScript());
     const std::pair<std::string, int> rows[] = {
-        // the question that fails, the blocks read before it
+        // the question that fails, and the blocks read before it
         {"mdl_alg_zxzq1", 0},
         {"mdl_alg_jazz1", 4},
         {"mdl_alg_twap", 5},

@@ -115,7 +115,7 @@ TEST(NotQueryAlgoPerm, IsTrueForAListedPlatformDespiteTheName) {
     EXPECT_TRUE(store->isQueryAlgoPerm(12));
     EXPECT_FALSE(store->isQueryAlgoPerm(8));
     store.load("");
-    EXPECT_TRUE(store->isQueryAlgoPerm(7));  // as every switch that a file no longer has
+    EXPECT_TRUE(store->isQueryAlgoPerm(7));  // like any switch whose key is no longer in the file
 }
 
 TEST(NotQueryAlgoPerm, KeysOfTheSectionAreKeptAndAnswerNothing) {
@@ -129,7 +129,7 @@ TEST(NotQueryAlgoPerm, KeysOfTheSectionAreKeptAndAnswerNothing) {
 }
 
 TEST(AlgorithmTypes, TheReadersReportNothing) {
-    ConfigCollector& store = *ConfigCollector::instance();  // which may have something to say itself
+    ConfigCollector& store = *ConfigCollector::instance();  // created first, as it may log by itself
     const standin::LogCapture log;
     const tests::StandardError errors;
     const tests::TempFolder folder;

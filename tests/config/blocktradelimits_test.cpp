@@ -38,7 +38,7 @@ void installTypes(const std::vector<int>& types) {
     standin::PlatformData::install(data);
 }
 
-// Every category with a row of its own, told apart by quantity and amount.
+// Every category with its own row, distinguished by quantity and amount.
 const char* const kAllRows =
     "SZ-STOCK=1,股,10\n"
     "SZ-LOAN=2,张,20\n"
@@ -254,7 +254,7 @@ TEST(BlockTradeLimits, QuestionsNeedNoHeap) {
     LoadedStore store(section(kAllRows));
     installTypes({100104});
     const std::string market = "sz";
-    store->getDazongOrderNumLimit(market, "A1");  // the platform's services come to be on their first use
+    store->getDazongOrderNumLimit(market, "A1");  // the first use creates the platform's services
     for (const std::string code : {"A1", "12345678abcdefg"}) {
         const tests::Allocations heap;
         const Limit limit = store->getDazongOrderNumLimit(market, code);

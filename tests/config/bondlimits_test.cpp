@@ -158,7 +158,7 @@ TEST(FixedIncomeLimits, TheReaderItselfReportsNothing) {
     LoadedStore store;
     standin::LogCapture log;
     standin::setEveryFileLogEnabled(true);
-    // Six pieces that are integers and one that is not: the one line is that of the switch table.
+    // Six of the pieces are integers and one is not; the switch table reports that one.
     store.load(setting("shfixincomelimit", "x,2,3,4,5,6,7"));
     EXPECT_EQ(store.lastComplaints(), tests::kBadValueLine);
     EXPECT_TRUE(log.messages().empty());
@@ -221,7 +221,7 @@ TEST(StandardBonds, BytesOutsideAsciiAreKept) {
 }
 
 TEST(StandardBonds, UpperCaseIsThatOfTheGlobalLocale) {
-    // A facet that has an upper case for one byte more than the classic locale.
+    // A facet that gives one more byte an upper case than the classic locale does.
     class Marked : public std::ctype<char> {
         char do_toupper(char character) const override {
             return character == '~' ? '!' : std::ctype<char>::do_toupper(character);

@@ -4,7 +4,7 @@
 
 namespace ttservice {
 
-// The tests' way to what the store keeps to itself.
+// The tests' access to private members of the store.
 struct ConfigCollectorPeer {
     static int realNumber(int secondOfDay) { return ConfigCollector::getRealNumber(secondOfDay); }
     static int serialNumber(int clockTime) { return ConfigCollector::getSerialNumber(clockTime); }

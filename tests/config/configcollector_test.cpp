@@ -59,7 +59,7 @@ TEST(ConfigCollector, AnswersTheSameStoreToEveryone) {
     const auto store = ConfigCollector::instance();
     ASSERT_TRUE(store);
     EXPECT_EQ(store, ConfigCollector::instance());
-    EXPECT_EQ(store.use_count(), 2);  // ours and the slot's: every answer is a copy that goes away
+    EXPECT_EQ(store.use_count(), 2);  // ours and the process's: each answer is a temporary copy
 }
 
 TEST(ConfigCollector, IsBuiltOnceWhenManyThreadsAskFirst) {

@@ -158,7 +158,7 @@ TEST(ContractInfo, NumbersAreReadLoosely) {
 
 TEST(ContractInfo, TextIsKeptAsItStands) {
     LoadedStore store(contracts(" P1 :  a label\xE8\x82\xA1 ,1,2,3,0"));
-    const auto record = store->getContractInfo("P1 ", false);  // the file's own blanks end where the value begins
+    const auto record = store->getContractInfo("P1 ", false);  // blanks around a value are not part of it
     ASSERT_TRUE(record);
     EXPECT_EQ(record->productId, "P1 ");
     EXPECT_EQ(record->textValue, "  a label\xE8\x82\xA1 ");
@@ -179,7 +179,7 @@ TEST(ContractInfo, AMalformedRecordReplacesTheStockRecordAndNoOther) {
 TEST(ContractInfo, TheKindOfAccountChoosesAmongAllRecords) {
     LoadedStore store(contracts("b:x,1,2,3,0;a:x,1,2,3,1;P:x,1,2,3,0;P1:x,1,2,3,0;B:x,1,2,3,1;b:x,1,2,3,1;bad:x"));
     EXPECT_EQ(keysOf(store->getContractInfo(3)), (Texts{"B_credit", "a_credit", "b_credit"}));
-    // In the order of the keys, which is not that of the product IDs: "1" stands before "_".
+    // In the order of the keys, not of the product IDs: "1" comes before "_".
     EXPECT_EQ(keysOf(store->getContractInfo(2)), (Texts{"P1_stock", "P_stock", "b_stock", "bad_stock"}));
     for (const int kind : {1, 0, 4, -2, -3, 23, 2147483647})
         EXPECT_TRUE(store->getContractInfo(kind).empty()) << kind;
@@ -314,7 +314,7 @@ TEST(ContractReload, AddsTypesReplacesThoseOfTheSameNameAndKeepsTheOthers) {
     EXPECT_EQ(store->getProductIdbyAlgoName("POV", false), "P2");
     store.load("");
     EXPECT_EQ(store->getProductIdbyAlgoName("POV", false), "P2");
-    // A type is indexed for the records there are at its load, not for those that come later.
+    // A type is indexed for the records that exist when it is loaded, not for later ones.
     store.load(contracts("P1:a,1,1,1,1"));
     EXPECT_EQ(store->getProductIdbyAlgoName("TWAP", true), "");
     store.load(contracts("", "P1:TWAP"));
@@ -334,7 +334,7 @@ TEST(ContractReload, LeavesRecordsThatWereHandedOutAlone) {
 }
 
 TEST(ContractInfo, TheReaderReportsNothing) {
-    ConfigCollector& store = *ConfigCollector::instance();  // which may have something to say itself
+    ConfigCollector& store = *ConfigCollector::instance();  // created first, as it may log by itself
     const standin::LogCapture log;
     const tests::StandardError errors;
     const tests::TempFolder folder;

@@ -49,7 +49,7 @@ Ratios ratiosOf(const LoadedStore& store, int platform) {
     return ratios;
 }
 
-// The settings of one number a platform that a load reads.
+// The settings with one number per platform that a load reads.
 struct NumberSetting {
     std::string key;
     std::function<double(const ConfigCollector&, int)> number;
@@ -67,14 +67,14 @@ const std::vector<NumberSetting>& numberSettings() {
     return all;
 }
 
-// How many bad-value lines the last load wrote.
+// How many lines about bad values the last load wrote.
 long complaints(const LoadedStore& store) {
     const std::string& text = store.lastComplaints();
     EXPECT_EQ(text.size() % tests::kBadValueLine.size(), 0U) << text;
     return static_cast<long>(text.size() / tests::kBadValueLine.size());
 }
 
-// Runs the reader that no load runs, on settings given as text, and answers what it wrote.
+// Runs the reader that loads leave out, on settings given as text, and returns what it wrote.
 std::string readBailRatio(LoadedStore& store, const std::string& text) {
     const tests::TempFolder folder;
     const auto configuration = boost::make_shared<utils::Configuration>();
@@ -238,7 +238,7 @@ TEST(CollateralSale, NothingIsReported) {
     EXPECT_EQ(store.lastComplaints(), "");
 }
 
-// --- one number a platform
+// --- one number per platform
 
 TEST(CreditNumbers, AListedPlatformHasItsNumberAndTheOthersTheDefault) {
     for (const NumberSetting& row : numberSettings()) {
@@ -317,7 +317,7 @@ TEST(CreditNumbers, ABadEntryCostsOneLineAndTheOthersCount) {
         for (const auto& each : bad) {
             LoadedStore store;
             store.load(setting(row.key, "13:0.5;" + std::string(each.entry) + ";14:2;0.25"));
-            // The value holds no ",", so it is one bad piece of a platform list as well.
+            // The value holds no ",", so the platform list sees it as one bad piece too.
             EXPECT_EQ(complaints(store), 2) << row.key << " " << each.entry;
             EXPECT_EQ(row.number(*store, 13), 0.5) << each.entry;
             EXPECT_EQ(row.number(*store, 14), 2) << each.entry;
@@ -357,7 +357,7 @@ TEST(CreditNumbers, EachSettingHasItsOwnKey) {
     EXPECT_FALSE(store->isNeedCheckAssureEnbuyBalancePts(12));
 }
 
-// --- the financing bail ratio, which no load reads
+// --- the financing bail ratio, which loads leave out
 
 TEST(BailRatio, ALoadHasNoEffect) {
     LoadedStore store;
@@ -476,7 +476,7 @@ TEST(CreditLocks, TheCollateralTableSharesTheLockOfThePlatformSwitches) {
     {
         const PlatformLock::Reader reader(ConfigCollectorPeer::platformLock(*store));
         std::thread other([&] { EXPECT_TRUE(store->isRepayDebtByCollateralSell(12, "1")); });
-        other.join();  // readers do not wait for each other
+        other.join();  // readers do not block each other
     }
     std::atomic<bool> answered{false};
     auto held = std::make_unique<PlatformLock::Writer>(ConfigCollectorPeer::platformLock(*store));

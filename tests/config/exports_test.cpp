@@ -1,4 +1,4 @@
-// Links the shared library as a client does: what is used here is exported.
+// Links the shared library as a client does: everything used here must be exported.
 
 #include <gtest/gtest.h>
 

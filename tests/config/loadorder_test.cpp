@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::string_view kReader = "Configuration::";
 
-// What a load asks of the settings, one line a question: "operation section key".
+// What a load asks the settings, one line per question: "operation section key".
 Texts questionsOf(LoadedStore& store, const std::string& settings) {
     Texts questions;
     standin::setQueryHook([&questions](const standin::Query& query) {
@@ -44,7 +44,7 @@ Texts lines(const std::string& text) {
     return all;
 }
 
-// As one text, which a failure shows line by line.
+// Joined into one text, which a failure shows line by line.
 std::string text(const Texts& questions) {
     std::string all;
     for (const std::string& question : questions)
@@ -52,8 +52,7 @@ std::string text(const Texts& questions) {
     return all;
 }
 
-// One line a step or, where a step puts several questions, one line a question. Settings that have no sections are
-// asked for these alone.
+// One line per step, or per question when a step asks several. Settings without sections are asked only these.
 constexpr const char* kEmptyFile = R"(parse
 getProperties setting
 readInt setting isshowmaxcanorder
@@ -106,7 +105,7 @@ readInt setting creditCompactDeferT3
 read setting etfbrokerclienttag
 readInt setting flowhistorydays)";
 
-// Settings that have two keys in every section whose keys are data, and two in the main one.
+// Settings with two keys in every section whose keys are data, and two in the main section.
 constexpr const char* kFullFile = R"([setting]
 needmaxamount=12
 refLimit=5
@@ -148,7 +147,7 @@ SSE-q1=1,2
 SSE-q2=1
 )";
 
-// What the keys of kFullFile add behind the question for their section.
+// The questions that the keys of kFullFile add after the question for their section.
 const std::vector<std::pair<std::string, Texts>>& questionsForKeys() {
     static const std::vector<std::pair<std::string, Texts>> rows = {
         {"getProperties setting", {"read setting needmaxamount", "read setting refLimit"}},
@@ -188,7 +187,7 @@ Texts fullGolden() {
     return golden;
 }
 
-// "section key", with "*" for a section that is asked for its keys.
+// "section key", with "*" when a section is asked for its keys.
 std::string catalogueName(const std::string& question) {
     std::istringstream words(question);
     std::string operation, section, key;
@@ -207,7 +206,7 @@ TEST(LoadOrder, IsThatOfTheReadersWhateverTheFileHolds) {
 TEST(LoadOrder, AsksForTheKeysOfASectionInFileOrderRightBehindTheirList) {
     LoadedStore store;
     EXPECT_EQ(text(questionsOf(store, kFullFile)), text(fullGolden()));
-    // Every row above was needed.
+    // Checks that every row above was used.
     EXPECT_EQ(fullGolden().size(), lines(kEmptyFile).size() + 2 * questionsForKeys().size());
 }
 
@@ -216,7 +215,7 @@ TEST(LoadOrder, TheKeyCatalogueHoldsWhatALoadAsksForAndNothingElse) {
     std::set<std::string> asked;
     const Texts questions = questionsOf(store, "");
     ASSERT_GT(questions.size(), 2U);
-    // Behind "parse" and the question for the switches, which have a table of their own.
+    // Skips "parse" and the question for the switches, which have a table of their own.
     for (std::size_t i = 2; i < questions.size(); ++i)
         asked.insert(catalogueName(questions[i]));
     std::set<std::string> listed;

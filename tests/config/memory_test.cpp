@@ -14,7 +14,8 @@ namespace {
 
 const std::string kSample = TT_SOURCE_DIR "/samples/settings.ini";
 
-// The combination groups are the one thing that every load adds to, which is meant; here they are read by nobody.
+// Every load adds to the combination groups, on purpose, so the settings here have them in a section that nothing
+// reads.
 std::string sampleWithoutCombinations() {
     std::ifstream file(kSample, std::ios::binary);
     std::ostringstream bytes;

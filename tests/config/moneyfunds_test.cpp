@@ -42,7 +42,7 @@ void installCatalogue() {
     standin::PlatformData data;
     data.addStockType(kMoneyMarketFund, "SSE", "511*");
     data.addStockType(100004, "SSE", "510*");
-    data.addBaseType(kMoneyMarketFund, "SSE", "510*");  // of the other library: must not count
+    data.addBaseType(kMoneyMarketFund, "SSE", "510*");  // a type of the base library: must not count
     standin::PlatformData::install(std::move(data));
 }
 
@@ -58,7 +58,7 @@ TEST(LendingBalanceFirst, HoldsForTheFundsThatThePlatformLists) {
     const std::vector<Question> rows = {
         {"SSE", "511880", true},   {"SZSE", "159001", true}, {"SZSE", "511880", false},
         {"SSE", "159001", false},  {"sse", "511880", false}, {"SSE", "51188", false},
-        {"SSE", "5118800", false}, {"", "", false},          {"SSE5", "11880", true},  // only the two together count
+        {"SSE", "5118800", false}, {"", "", false},          {"SSE5", "11880", true},  // only the joined text counts
     };
     for (const Question& row : rows) {
         EXPECT_EQ(store->isMonetaryFundUseSloBalanceFirst(5, row.market, row.code), row.answer)
@@ -206,7 +206,7 @@ TEST(FixedPriceFunds, AreLockedForTheWholeReading) {
     standin::setQueryHook({});
     ASSERT_TRUE(answer.valid());
     EXPECT_TRUE(waited);
-    EXPECT_TRUE(answer.get());  // the new table: the question was answered after the reading
+    EXPECT_TRUE(answer.get());  // from the new table: the question waited for the reader
 }
 
 TEST(FixedPriceFunds, ManyMayAskAtOnceAndWaitForAReadingOnly) {
@@ -217,7 +217,7 @@ TEST(FixedPriceFunds, ManyMayAskAtOnceAndWaitForAReadingOnly) {
         boost::shared_lock<boost::shared_mutex> lock(mutex);
         std::future<bool> answer = std::async(std::launch::async, ask);
         EXPECT_EQ(answer.wait_for(10s), std::future_status::ready);
-        lock.unlock();  // so that a question that waits after all fails the test instead of hanging it
+        lock.unlock();  // if the question does wait, the test fails instead of hanging
         EXPECT_TRUE(answer.get());
     }
     boost::unique_lock<boost::shared_mutex> lock(mutex);
@@ -275,7 +275,7 @@ TEST(MoneyFunds, QuestionsTakeNothingFromTheHeap) {
     installCatalogue();
     LoadedStore store(lendingFirst("5=X," + market + code + "\n6=" + market + "\n7=ALL\n") +
                       fixedPrice(market + ":" + code));
-    StockTypeCenter::instance();  // made by the first to ask
+    StockTypeCenter::instance();  // created by the first question
     const tests::Allocations allocations;
     const bool listed = store->isMonetaryFundUseSloBalanceFirst(5, market, code);
     const bool other = store->isMonetaryFundUseSloBalanceFirst(6, market, code) ||
@@ -297,7 +297,7 @@ TEST(MoneyFunds, AnswerNoBeforeAnyLoad) {
 }
 
 TEST(MoneyFunds, TheReadersReportNothing) {
-    ConfigCollector& store = *ConfigCollector::instance();  // which may have something to say itself
+    ConfigCollector& store = *ConfigCollector::instance();  // created first, as it may log by itself
     const standin::LogCapture log;
     const tests::StandardError errors;
     const tests::TempFolder folder;

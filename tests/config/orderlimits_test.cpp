@@ -36,7 +36,7 @@ std::string section(const std::string& rowsText) {
     return "[StkExchangeOrderLimit]\n" + rowsText;
 }
 
-// Makes "1" of market "SH" an instrument of that stock type.
+// Makes code "1" of market "SH" an instrument of that stock type.
 void installType(int type) {
     standin::PlatformData data;
     data.addStockType(type, "SH", "1");
@@ -178,7 +178,7 @@ TEST(OrderLimits, TheSwitchThatLiftsTheLimitIsNotConsulted) {
     EXPECT_EQ(ask(store, "SH", "600000"), Limit(500, "股"));
 }
 
-// --- the row that a question leaves
+// --- the row that a question inserts
 
 TEST(OrderLimits, TheInsertedDefaultIsFoundByLaterQuestions) {
     LoadedStore store(section(""));
@@ -282,7 +282,7 @@ TEST(OrderLimits, OneTableServesThreeSectionsAndTheLastOneWins) {
     const std::string stock = "[StkExchangeOrderLimit]\nSH-1=1,a\nHGT-1=1,a\nSGT-1=1,a\n";
     const std::string shanghai = "[HGTExchangeOrderLimit]\nHGT-1=2,b\nSGT-1=2,b\n";
     const std::string shenzhen = "[SgtExchangeOrderLimit]\nSGT-1=3,c\n";
-    // The order of the sections in the file plays no part.
+    // The order of the sections in the file does not matter.
     for (const std::string& text : {stock + shanghai + shenzhen, shenzhen + shanghai + stock}) {
         LoadedStore store(text);
         EXPECT_EQ(ask(store, "SH", "1"), Limit(1, "a"));
@@ -325,7 +325,7 @@ TEST(OrderLimits, AReloadBuildsTheTableAnew) {
     EXPECT_EQ(rows(store), 0U);
 }
 
-// --- silence, heap
+// --- log and heap
 
 TEST(OrderLimits, NothingIsReported) {
     LoadedStore store;

@@ -23,7 +23,7 @@ namespace {
 
 using Predicate = bool (ConfigCollector::*)(int) const;
 
-// The predicate of each row of the table, in the table's order.
+// The predicate of each row, in the order of the table.
 constexpr Predicate kPredicates[] = {
 #define TT_PLATFORM_SWITCH(predicate, key, sense, meaning) &ConfigCollector::predicate,
 #include "traderbase/base/config/platformswitches.def"
@@ -35,7 +35,7 @@ struct Row {
     bool listed;
 };
 
-// The vocabulary that brokers and clients know, written down apart from the table.
+// The vocabulary that brokers and clients know, written independently of the table.
 constexpr Row kVocabulary[] = {
 #include "tests/config/platformswitchrows.inc"
 };

@@ -355,7 +355,7 @@ TEST(RateLimits, ARowIsFoundWithoutTheHeap) {
         std::string market;
         std::string code;
     } const rows[] = {{"sh", longCode}, {"SH", "A1"}, {"hk", "00700"}, {"HK", "09988"}};
-    store->getRateLimitPtr("SH", "A1");  // the platform's services come to be on their first use
+    store->getRateLimitPtr("SH", "A1");  // the first use creates the platform's services
     for (const auto& row : rows) {
         const bool isStock = row.market == "sh" || row.market == "SH";
         const tests::Allocations heap;

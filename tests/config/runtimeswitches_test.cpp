@@ -103,7 +103,7 @@ TEST(RuntimeSwitches, TheOrderIdFunctionIsLogged) {
 
 TEST(RuntimeSwitches, WithoutALoggerOrTheLevelNothingIsLogged) {
     const auto store = ConfigCollector::instance();
-    store->setUseOrderIdFunction(false);  // no logger: must not fall over
+    store->setUseOrderIdFunction(false);  // must not crash without a logger
     EXPECT_FALSE(store->useOrderIdFunction());
     const standin::LogCapture log;
     g_TTStdLogger->setLevel(log4cxx::Level::getWarn());

@@ -1,4 +1,4 @@
-// The scripts in samples/, read the way the client reads them.
+// The scripts in samples/, read as the client reads them.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -188,7 +188,7 @@ TEST(PerPlatformSettings, TheIpwanPositionIsAnyNumberButZero) {
 
 TEST(PerPlatformSettings, TheSm3TableIsReadForItsComplaintsAlone) {
     LoadedStore store("[setting]\nsm3platformids=12:1;15:0;1\n");
-    EXPECT_EQ(store.lastComplaints(), tests::kBadValueLine);  // as a list of platforms it is one bad piece
+    EXPECT_EQ(store.lastComplaints(), tests::kBadValueLine);  // the switch table sees one bad piece
     store.load("[setting]\nsm3platformids=12\n");
     EXPECT_EQ(store.lastComplaints(), "");
     store.load("[setting]\nsm3platformids=x:1;12:y\n");

@@ -36,13 +36,13 @@ std::string etfBroker(const std::string& value) {
     return "[setting]\netfbrokerclienttag=" + value + "\n";
 }
 
-// Letters as ever, but with an upper-case form of its own for "x".
+// The usual letters, but with a special upper case for "x".
 class OddUpperCase : public std::ctype<char> {
 protected:
     char do_toupper(char c) const override { return c == 'x' ? '#' : std::ctype<char>::do_toupper(c); }
 };
 
-// Lets the next load fail at the first question for which refuses(query) holds.
+// Makes the next load fail at the first question for which refuses(query) holds.
 template <typename Refuses>
 void failLoad(LoadedStore& store, const std::string& settings, Refuses refuses) {
     standin::setQueryHook([refuses](const standin::Query& query) {
@@ -71,7 +71,7 @@ TEST(SubscriptionFees, AreFoundAsWrittenAndInUpperCase) {
 TEST(SubscriptionFees, TheUpperCaseFormGoesToTheKeyThatComesFirst) {
     LoadedStore store;
     store.load(fees("ag=1\nAG=2\naG=3\n"));
-    EXPECT_EQ(store->getSubFee("AG"), 1.0);  // even before the row that is written so
+    EXPECT_EQ(store->getSubFee("AG"), 1.0);  // even before the row written in upper case
     EXPECT_EQ(store->getSubFee("ag"), 1.0);
     EXPECT_EQ(store->getSubFee("aG"), 3.0);
     store.load(fees("AG=2\nag=1\n"));
@@ -277,7 +277,7 @@ TEST(EtfBrokerClient, ItsTagIsThePlatformWhoseCounterIsAsked) {
 }
 
 TEST(SpecialProducts, TheReadersReportNoBadValue) {
-    ConfigCollector& store = *ConfigCollector::instance();  // which may have something to say itself
+    ConfigCollector& store = *ConfigCollector::instance();  // created first, as it may log by itself
     const standin::LogCapture log;
     const tests::StandardError errors;
     const tests::TempFolder folder;

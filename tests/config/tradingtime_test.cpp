@@ -28,7 +28,7 @@ using Sessions = std::vector<std::pair<int, int>>;
 constexpr const char* kStocks = R"({"93000": 50, "113000": 49, "130000": 50, "150000": 49})";
 const Sessions kStockSessions = {{34200, 41400}, {46800, 54000}};
 
-// A store that knows one market, to see whether a call touches the table.
+// A store that knows one market, to show whether a call changes the table.
 boost::shared_ptr<ConfigCollector> storeWithOneMarket() {
     auto store = ConfigCollector::instance();
     store->initMarketTradingTime(std::map<std::string, std::string>{{"KEPT", kStocks}});
@@ -163,13 +163,13 @@ TEST(TradingTime, IsBuiltFromTexts) {
     const auto store = storeWithOneMarket();
     using Texts = std::map<std::string, std::string>;
     store->initMarketTradingTime(Texts{});
-    EXPECT_EQ(store->getTradingTime("KEPT"), kStockSessions);  // no texts: as it was
+    EXPECT_EQ(store->getTradingTime("KEPT"), kStockSessions);  // no texts: unchanged
     store->initMarketTradingTime(Texts{{"NEW", R"({"93000": 50})"}, {"BROKEN", "{"}});
     EXPECT_EQ(store->getTradingTime("NEW"), (Sessions{{34200, 86400}}));
     EXPECT_THAT(store->getTradingTime("KEPT"), IsEmpty());
     EXPECT_THAT(store->getTradingTime("BROKEN"), IsEmpty());
     store->initMarketTradingTime(Texts{{"BROKEN", "{"}});
-    EXPECT_THAT(store->getTradingTime("NEW"), IsEmpty());  // rebuilt whole, to nothing
+    EXPECT_THAT(store->getTradingTime("NEW"), IsEmpty());  // rebuilt as an empty list
 }
 
 TEST(TradingTime, ReadsTheClientsScriptAgainWhenNoneIsNamed) {

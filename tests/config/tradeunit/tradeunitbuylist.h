@@ -4,7 +4,7 @@
 
 namespace tests {
 
-// The operations that buy, written down apart from the library's own list.
+// The operations that buy, written independently of the library's own list.
 inline const std::set<int> kBuyList = {
     0,    4,    5,    8,    9,    12,   13,   15,   18,   20,   22,   26,   28,   31,   32,   35,   37,
     38,   40,   42,   44,   46,   48,   51,   55,   57,   59,   61,   63,   65,   67,   200,  201,  205,

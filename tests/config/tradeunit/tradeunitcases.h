@@ -10,7 +10,7 @@
 #include "tests/config/tradeunit/tradeunitmade.h"
 #include "tests/support/store.h"
 
-// Tables of cases, by the rule that is meant to decide them, or that they are meant to miss narrowly.
+// Tables of cases, grouped by the rule that should decide them or that they should narrowly miss.
 
 namespace tests {
 
@@ -30,10 +30,10 @@ struct RuleCase {
 template <typename Answer, typename Value>
 struct BothAnswers {
     Answer explained;
-    Value open;  // by the public operation
+    Value open;  // the public operation's answer
 };
 
-// Puts every case to answer(made, asked), the switches of the store set as the case wants them.
+// Passes each case to answer(made, asked), after setting the store's switches as the case requires.
 template <typename Rule, typename Value, typename Answers>
 void expectCases(const std::vector<RuleCase<Rule, Value>>& cases, const std::map<std::string, int>& marketNumbers,
                  Answers answer) {
@@ -63,7 +63,7 @@ void expectCases(const std::vector<RuleCase<Rule, Value>>& cases, const std::map
     }
 }
 
-// Every rule has a case that it decides, unless an earlier one always does, and one that just misses it.
+// Every rule has a case that it decides, unless an earlier rule always wins, and one that narrowly misses it.
 template <typename Rule, typename Value, std::size_t Count>
 void expectCasesForEveryRule(const std::vector<RuleCase<Rule, Value>>& cases,
                              const ttservice::internal::UnitRuleText (&rules)[Count]) {

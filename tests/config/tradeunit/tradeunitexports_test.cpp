@@ -1,4 +1,4 @@
-// Links the shared library as a client does: the trade unit functions are exported, and share the client's store.
+// Links the shared library as a client does: the trade unit functions must be exported and use the client's store.
 
 #include <gtest/gtest.h>
 

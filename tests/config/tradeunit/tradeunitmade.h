@@ -16,7 +16,7 @@
 #include "traderbase/base/config/internal/units/tradeunitrules.h"
 #include "traderbase/base/config/tradeunit.h"
 
-// Made-up instruments, and asking for their units.
+// Generated instruments, and the questions about their units.
 
 namespace tests {
 
@@ -95,7 +95,7 @@ struct Made {
     }
 };
 
-// Without a code it gets one that nobody else has.
+// An instrument without a code gets a unique one.
 inline Made make(const std::string& market, const std::string& code = std::string()) {
     static int made = 0;
     Made instrument;
@@ -104,7 +104,7 @@ inline Made make(const std::string& market, const std::string& code = std::strin
     return instrument;
 }
 
-// The bond trade types of all platforms made here; every operation that is not listed has 1.
+// The bond trade types on every platform built here; an operation that is not listed has type 1.
 inline const std::map<int, int> kBondTradeTypes = {{30, 2}, {31, 2}, {57, 4}, {58, 4}, {1037, 3}, {1038, 3}};
 
 inline int bondTradeTypeOf(int op) {
@@ -127,7 +127,7 @@ inline void installOnly(const Made& instrument) {
     standin::PlatformData::install(std::move(data));
 }
 
-// The switches of the store that units depend on.
+// The store's switches that units depend on.
 enum Switches : unsigned { kNone = 0, kShBonds = 1, kSzBonds = 2, kRegistered = 4, kAllSwitches = 7 };
 
 inline std::string settingsWith(unsigned switches) {
@@ -138,7 +138,7 @@ inline std::string settingsWith(unsigned switches) {
     return text;
 }
 
-// What is asked beside the instrument.
+// What a question gives besides the instrument.
 struct Asked {
     int op = -1;
     bool flag = false;
@@ -180,7 +180,7 @@ inline int formUnitOf(const Made& made, bool flag, int op = -1) {
     return ttservice::getUiMinUnit(made.market, made.code, flag, operation(op));
 }
 
-// The switches as the public operations get them.
+// The switches as the public operations read them.
 inline constexpr ttservice::internal::UnitSwitches kStoreSwitches{
     [](const std::string& market) { return ttservice::ConfigCollector::instance()->useNewBondRules(market); },
     [] { return ttservice::ConfigCollector::instance()->useRegistIPORules(); },

@@ -22,7 +22,7 @@ namespace {
 
 using Cases = std::vector<tests::RuleCase<R, int>>;
 
-// The new bond rules and the rules that look at the operation.
+// The new bond rules and the rules that depend on the operation.
 const Cases& earlyCases() {
     static const Cases all = {
         {R::R0a, decides, make("SH").type(100021).underNewRules(), ask().with(kShBonds), 10},
@@ -118,7 +118,7 @@ const Cases& earlyCases() {
     return all;
 }
 
-// The rules that look at the market, the types and the record.
+// The rules that depend on the market, the types and the record.
 const Cases& lateCases() {
     static const Cases all = {
         {R::R7a, decides, make("SZ").asAdditionalIssue(), ask(), 1},
@@ -311,7 +311,7 @@ TEST(TradeMinUnit, EachRangeOfOperationsHoldsToItsEndsAndNotBeyond) {
     struct Row {
         const char* what;
         tests::Made made;
-        std::vector<std::pair<Ranges, int>> steps;  // the first that holds the operation
+        std::vector<std::pair<Ranges, int>> steps;  // the first range that contains the operation decides
         int otherwise;
     };
     const std::vector<Row> rows = {
@@ -341,7 +341,7 @@ TEST(TradeMinUnit, EachRangeOfOperationsHoldsToItsEndsAndNotBeyond) {
 
 TEST(TradeMinUnit, UnderNewBondRulesThePurchasesTakeTheLeastPurchaseAndAllElseTheLeastSale) {
     const auto bond = make("SZ").type(100016).underNewRules().bondRule(1, 7, 8).bondRule(2, 17, 18);
-    standin::PlatformData data;  // every operation in the ordinary trade type
+    standin::PlatformData data;  // all operations have the ordinary trade type
     bond.addTo(data);
     standin::PlatformData::install(std::move(data));
     const tests::LoadedStore store(tests::settingsWith(kSzBonds));

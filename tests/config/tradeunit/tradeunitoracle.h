@@ -9,8 +9,8 @@
 #include "tests/config/tradeunit/tradeunitbuylist.h"
 #include "tests/config/tradeunit/tradeunitmade.h"
 
-// The unit rules once more, as tables of conditions and results that are gone through from the top: slow, obvious, and
-// answered from what is known about an instrument instead of by asking the platform.
+// The unit rules once more, as tables of conditions and results that are searched from the top: slow and obvious. They
+// use what is known about an instrument instead of asking the platform.
 
 namespace tests::oracle {
 
@@ -130,7 +130,7 @@ struct Row {
     Result result;
 };
 
-// The result of the first row whose conditions all hold; the last row of a table has none.
+// The result of the first row whose conditions all hold; a table's last row has no conditions.
 template <typename Result>
 const Result& firstThatHolds(const std::vector<Row<Result>>& table, const Question& question) {
     for (const auto& row : table) {

@@ -30,7 +30,7 @@ const std::vector<int> kTypes = {124,    126,    142,    157,    159,    167,   
 
 const std::vector<int> kBases = {1062, 1117, 1172, 1606, 1607, 1608, 1609, 1610};
 
-// Both ends of each range of operations that a rule names, and one beyond each.
+// Both ends of each range of operations that a rule names, and the number beyond each end.
 const std::vector<int> kOperations = {-2,   -1,   0,    1,    29,   30,   31,   32,   50,   51,   52,   53,
                                       56,   57,   64,   65,   1028, 1029, 1030, 1031, 1032, 1036, 1037, 1038,
                                       1039, 1051, 1052, 1053, 1054, 1102, 1103, 1104, 1105, 1150, 1151, 1152};
@@ -57,7 +57,7 @@ void giveTypes(Random& random, Made& made) {
             if (made.market != elsewhere && happens(random, density / 2)) made.typeOn(elsewhere, number);
         }
     }
-    // Numbers that mean something to one of the two tables of types only.
+    // Numbers that only one of the two type tables knows.
     if (happens(random, density)) made.base(oneOf(random, kTypes));
     if (happens(random, density)) made.type(oneOf(random, kBases));
 }
@@ -85,7 +85,7 @@ Made generate(Random& random) {
     return made;
 }
 
-// One instrument of each type and nothing else, so that every rule has its turn, whatever the random numbers.
+// One instrument for each type, so that every rule is tried whatever the random numbers.
 void addOneOfEachType(std::vector<Made>& instruments) {
     for (const char* market : {"SH", "SZ", "BJ", "NEEQ", "XX"}) {
         for (const int number : kTypes)
@@ -95,7 +95,7 @@ void addOneOfEachType(std::vector<Made>& instruments) {
     }
 }
 
-// Made-up instruments and market numbers, installed.
+// Installs generated instruments and market numbers.
 struct Platform {
     std::vector<Made> instruments;
     std::map<std::string, int> numbers;
@@ -106,7 +106,7 @@ struct Platform {
         for (int made = 0; made < count; ++made) {
             instruments.push_back(generate(random));
             Made& last = instruments.back();
-            // A code that several markets have must mean nothing on those under which rules ask for codes of others.
+            // Rules ask for some codes under other markets; a code that several markets share must have no data there.
             if (last.market == "SH" || last.market == "SZ" || last.market == "NEEQ") continue;
             if (!happens(random, 0.05) || !withTransfer.insert(last.market).second) continue;
             last.code = "TRANSFER";
@@ -145,7 +145,7 @@ struct Decisions {
     }
 };
 
-// Counts comparisons and shows the first few that fail.
+// Counts comparisons and shows the first few failures.
 struct Comparison {
     long made = 0;
     long failed = 0;
@@ -205,7 +205,7 @@ TEST(UnitOracle, MinimumUnitsAgreeWithTheTablesInOverAMillionCombinations) {
                                        firstThatHolds(tests::oracle::formTable(), form)(form), form);
                 }
             }
-            // Which rules decide is the same work again, so a few operations stand for all.
+            // Finding out which rule decides doubles the work, so a few operations represent all.
             for (const int op : {-1, 1, 51, 57, 1029, 30}) {
                 using tests::kStoreSwitches;
                 operations.add(ttservice::internal::tradeMinUnit(made.market, made.code, op, kStoreSwitches).rule);

@@ -13,7 +13,7 @@
 #include "tests/config/tradeunit/tradeunitmade.h"
 #include "tests/support/allocations.h"
 
-// Which questions the units put to the platform, and in which order: hosts can see both.
+// The questions that units ask the platform, and their order: hosts can observe both.
 
 using tests::exchangeUnitOf;
 using tests::formUnitOf;
@@ -26,7 +26,7 @@ namespace {
 
 using Questions = std::vector<std::string>;
 
-// A question in short: "type 126 SH", "base 1172", "first", ...; the market only where it is not the instrument's own.
+// A question in short: "type 126 SH", "base 1172", "first", ...; the market is omitted when it is the instrument's own.
 std::string inShort(const standin::Query& query, const std::string& market) {
     static const std::map<std::string, std::string> names = {
         {"StockTypeCenter::isTypedStock", "type"},
@@ -48,7 +48,7 @@ std::string inShort(const standin::Query& query, const std::string& market) {
     return text;
 }
 
-// The platform's questions while an instrument is asked for something. The store is built beforehand.
+// The platform's questions during one query about an instrument. The store is built beforehand.
 template <typename Ask>
 Questions questionsOf(const tests::Made& made, Ask ask) {
     tests::installOnly(made);
@@ -161,7 +161,7 @@ TEST(UnitQuestions, NewBondRulesAreAskedForOnlyWhereSwitchedOn) {
     EXPECT_FALSE(asks(minQuestions(bond), "newRules"));
     EXPECT_FALSE(asks(formQuestions(bond, true), "newRules"));
     const tests::LoadedStore store(tests::settingsWith(kShBonds));
-    // The host is asked for no particular operation, whatever the operation is.
+    // The host is asked about "no particular operation", whatever the operation.
     const Questions expected = {"record", "newRules -1", "tradeType 1", "bondRule 1", "type 100021"};
     EXPECT_EQ(minQuestions(bond, 1), expected);
     EXPECT_EQ(formQuestions(bond, true, 1), expected);
@@ -220,13 +220,13 @@ TEST(UnitQuestions, AnsweringAllocatesNothing) {
         instrument.addTo(data);
     standin::PlatformData::install(std::move(data));
     const tests::LoadedStore store(tests::settingsWith(tests::kAllSwitches));
-    // The platform makes its own objects when they are first asked for.
+    // The platform creates its own objects on first use.
     StockTypeCenter::instance();
     TraderCenter::instance().getDataCenter();
     const tests::Allocations counted;
     long sum = 0;
     for (const auto& instrument : instruments) {
-        // The unit words fit into a text without memory of its own.
+        // The unit words fit into a string without allocation.
         sum += static_cast<long>(wordOf(instrument).size());
         sum += exchangeUnitOf(instrument);
         for (const int op : {-1, 0, 31, 57, 1029}) {

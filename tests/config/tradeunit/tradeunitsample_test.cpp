@@ -18,7 +18,7 @@
 #include "traderbase/base/config/internal/limits/limitcategories.h"
 #include "traderbase/base/config/internal/words/categorywords.h"
 
-// The sample platform is the demo of every rule: whoever adds one finds here that it lacks an instrument.
+// The sample platform demonstrates every rule: a new rule needs a sample instrument.
 
 namespace bson = mongo;
 namespace internal = ttservice::internal;
@@ -45,7 +45,7 @@ void addNamedCodes(const bson::BSONObj& entries, Instruments& instruments) {
     }
 }
 
-// Every instrument that the file names by its whole code.
+// Every instrument that the file names by full code.
 Instruments instrumentsOfTheSample() {
     std::ostringstream text;
     text << std::ifstream(kSample, std::ios::binary).rdbuf();

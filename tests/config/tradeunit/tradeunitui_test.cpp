@@ -25,7 +25,7 @@ tests::Asked flagged(int op = -1) {
     return ask(op).flagged();
 }
 
-// The new bond rules and what comes before the markets "NEEQ" and "BJ".
+// The new bond rules, and the rules before the markets "NEEQ" and "BJ".
 const Cases& earlyCases() {
     static const Cases all = {
         {R::R2a, decides, make("SH").type(100021).underNewRules(), ask().with(kShBonds), 10},

@@ -19,7 +19,7 @@ using namespace ttservice::internal;
 
 namespace {
 
-// A value put together from pieces that are mostly right, often enough broken, and from separators that pile up.
+// A value built from pieces, mostly valid but often enough broken, and from runs of separators.
 std::string randomValue(std::mt19937& random, const std::vector<std::string>& pieces, const std::string& separators) {
     std::string text;
     const std::size_t count = random() % 7;
@@ -137,7 +137,7 @@ TEST(PlatformList, KeysAreSortedByTheirBytesAndTheFirstPlaceOfEachCounts) {
     }
 }
 
-// Clients ask from threads that have little.
+// Clients ask from threads with small stacks.
 TEST(PlatformList, KeysWithMuchInCommonNeedNoDeepStack) {
     constexpr std::size_t kKeys = 8000;
     constexpr std::size_t kStack = std::size_t{512} * 1024;

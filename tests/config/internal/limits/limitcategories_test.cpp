@@ -24,7 +24,7 @@ using Type = tests::InstrumentType;
 using Rule = tests::CategoryRule;
 using Categorise = LimitCategory (*)(const std::string& market, const std::string& code);
 
-// A table's rules, and what goes by them.
+// A table's rules, and what is categorised by them.
 struct Table : tests::CategoryTable {
     std::string name;
     Categorise categorise;
@@ -55,7 +55,7 @@ void add(standin::PlatformData& data, Type type, const std::string& market, cons
     }
 }
 
-// Makes "1" of market "XX" an instrument of these types and of no other.
+// Gives code "1" of market "XX" these types and no others.
 void installTypes(const std::vector<Type>& types) {
     standin::PlatformData data;
     for (const Type& type : types)
@@ -67,7 +67,7 @@ std::string orderWord(const std::string& market, int priceType, const std::strin
     return std::string(orderLimitCategory(market, code, static_cast<EBrokerPriceType>(priceType)).word);
 }
 
-// "base 1062", "center 100003": the questions that the platform is asked, in order.
+// "base 1062", "center 100003": the questions to the platform, in order.
 std::vector<std::string> questions(Categorise categorise) {
     std::vector<std::string> asked;
     standin::setQueryHook([&asked](const standin::Query& query) {
@@ -149,7 +149,7 @@ TEST(LimitCategories, OfTwoTypesTheEarlierRuleDecides) {
     }
 }
 
-// Also shows that no question is put once a rule has decided.
+// Also shows that no question is asked once a rule has decided.
 TEST(LimitCategories, TypesAreAskedInTheOrderOfTheRules) {
     for (const Table& table : tables()) {
         std::vector<std::string> expected;
@@ -170,7 +170,7 @@ TEST(LimitCategories, TypesAreAskedInTheOrderOfTheRules) {
     }
 }
 
-// --- what only order limits know
+// --- what only order limits distinguish
 
 TEST(OrderLimitCategory, TechnologyBoardStocksGoByPriceType) {
     installTypes({{Source::Base, 1172}});

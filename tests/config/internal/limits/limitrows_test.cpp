@@ -18,7 +18,7 @@ std::vector<std::string> places(std::string_view key) {
     return found;
 }
 
-// "finding text@offset" of each remark, offsets counted in the text examined.
+// "finding text@offset" for each remark; offsets count from the start of the text examined.
 std::vector<std::string> shown(const std::vector<LimitRowRemark>& remarks, std::string_view text) {
     std::vector<std::string> all;
     for (const LimitRowRemark& remark : remarks) {

@@ -33,7 +33,7 @@ std::string repeated(const std::string& piece, int times) {
     return text;
 }
 
-// Names, types and values of all fields, in their order.
+// Names, types and values of all fields, in order.
 std::vector<std::string> fieldsOf(const bson::BSONObj& object) {
     std::vector<std::string> fields;
     for (bson::BSONObjIterator field(object); field.more();)
@@ -41,7 +41,7 @@ std::vector<std::string> fieldsOf(const bson::BSONObj& object) {
     return fields;
 }
 
-// What a parser makes of a text; nothing when it throws.
+// What a parser reads from a text; nothing when it throws.
 template <typename Parser>
 std::optional<bson::BSONObj> outcome(const Parser& parser, const std::string& text) {
     try {
@@ -60,7 +60,7 @@ bson::BSONObj parseAlone(const std::string& text) {
     return bson::fromjson(text);
 }
 
-// Numbers in every form, and everything in whose neighbourhood they can stand.
+// Numbers in every form, and everything that can surround them.
 constexpr std::array<const char*, 42> kPieces = {
     "{",     "}",     "[",       "]",       ":",     ",",      " ",          "\n",      "\"a\":",   "'b':", "c:",
     "$d_1:", "\"\"",  "\"1.5\"", "'x'",     "/1.5/", "/\"[/i", "0",          "1",       "12",       "1.5",  "-2.25",
@@ -75,7 +75,7 @@ std::string randomText(std::mt19937& random) {
     return text + "}";
 }
 
-// A list of values in an object, mostly one that parses.
+// An object with a list of values, most of which parse.
 std::string randomObject(std::mt19937& random) {
     std::string text = "{\"v\":[";
     const int values = std::uniform_int_distribution<int>(1, 6)(random);
@@ -93,7 +93,7 @@ TEST(JsonObject, TakesObjectsAlone) {
         {"{}", true},
         {"{\"93000\": 50}", true},
         {" \t\r\n{\"a\": 1}", true},
-        {"", true},  // no text is the empty object
+        {"", true},  // an empty text is the empty object
         {"[]", false},
         {"[{\"a\": 1}]", false},
         {" [1]", false},
@@ -234,7 +234,7 @@ TEST(JsonObject, WorksThePointIntoTheExponent) {
 
 TEST(JsonObject, ReadsWhatTheParserAloneWouldRead) {
     std::mt19937 random(20240607);
-    const std::regex hexadecimalFraction("0x[0-9A-Fa-f]*\\.");  // the one thing that is refused on purpose
+    const std::regex hexadecimalFraction("0x[0-9A-Fa-f]*\\.");  // the only form refused on purpose
     int parsed = 0;
     for (int round = 0; round < 40000; ++round) {
         const std::string text = round % 2 == 0 ? randomText(random) : randomObject(random);
@@ -256,7 +256,7 @@ TEST(JsonObject, ReadsTheSameUnderALocaleWithADecimalComma) {
     }
     const tests::CommaLocale locale;
     if (!locale.isSet()) GTEST_SKIP() << "no locale with a decimal comma can be made here";
-    // That it matters: alone, the parser takes the comma of a list for a decimal sign.
+    // Shows that it matters: on its own, the parser takes the comma of a list for a decimal point.
     EXPECT_FALSE(same(outcome(parseAlone, "{\"v\":[1,5]}"), outcome(parseJson, "{\"v\":[1,5]}")));
     for (std::size_t at = 0; at < texts.size(); ++at)
         EXPECT_TRUE(same(outcome(parseJson, texts[at]), expected[at])) << texts[at];
@@ -290,7 +290,7 @@ TEST(JsonObject, CountsOnlyLevelsThatAreOpenAtOnce) {
     EXPECT_TRUE(readJsonObject("{\"a\":\"\\\\\",\"b\":\"" + repeated("[", 5000) + "\"}"));
 }
 
-// Left to itself, the parser would recurse into each of these until the stack is used up.
+// On its own, the parser would recurse into each of these until the stack overflows.
 TEST(JsonObject, RefusesHiddenDepth) {
     const std::string deep = repeated("{\"a\":", 1000000);
     EXPECT_FALSE(readJsonObject(deep));

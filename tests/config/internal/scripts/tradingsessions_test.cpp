@@ -37,9 +37,9 @@ TEST(TradingSessions, LastFromAnOpenToTheNextCloseInClockOrder) {
         {R"({"93000": 50, "113000": 49, "130000": 50, "150000": 49})", {{34200, 41400}, {46800, 54000}}},
         {R"({"93000": 50, "150000": 54})", {{34200, 54000}}},
         {R"({"93000": 50})", {{34200, 86400}}},
-        // in clock order, not as written: the second close finds nothing open
+        // in clock order, not as written: the second close closes nothing
         {R"({"113000": 49, "93000": 50, "150000": 49})", {{34200, 41400}}},
-        // the close after midnight comes first and finds nothing open
+        // the close after midnight comes first and closes nothing
         {R"({"210000": 50, "23000": 49, "90000": 50, "101500": 49})", {{32400, 36900}, {75600, 86400}}},
         {R"({"093000": 50, "0150000": 54})", {{34200, 54000}}},
         {R"({"0": 50, "235959": 49})", {{0, 86399}}},
@@ -75,7 +75,7 @@ TEST(TradingSessions, ReadStatusCodesByTheirType) {
         {"49.99", 49},
         {"5e1", 50},
         {"-0.5", 0},
-        // and means nothing where no int holds it
+        // and is ignored when no int can hold it
         {"1e300", 0},
         {"-1e300", 0},
         {"4294967346.0", 0},
@@ -83,7 +83,7 @@ TEST(TradingSessions, ReadStatusCodesByTheirType) {
         {"NaN", 0},
         {"Infinity", 0},
         {"-Infinity", 0},
-        // of a wide integer the low 32 bits count
+        // only the low 32 bits of a wide integer count
         {"4294967346", 50},
         {"-4294967246", 50},
         {"9223372036854775807", -1},
@@ -112,7 +112,7 @@ TEST(TradingSessions, ReadClockTimesAsAtoiDoes) {
         {R"({" 93000": 50, "+100000": 49})", {{34200, 36000}}},
         {R"({"93000abc": 50, "10:00:00": 49})", {{34200, 86400}}},
         {R"({"1e5": 50})", {{1, 86400}}},
-        {R"({"-93000": 50, "100000": 49})", {}},  // before the start of the day nothing counts as open
+        {R"({"-93000": 50, "100000": 49})", {}},  // a negative time opens nothing
         {R"({"96199": 50})", {{9 * 3600 + 61 * 60 + 99, 86400}}},
         {R"({"250000": 50})", {{90000, 86400}}},
     };
@@ -179,7 +179,7 @@ TEST(TradingSessions, LogMarketsOfTwoPointsAndMoreAlone) {
     standin::setFileLogEnabled(535, true);
     buildTradingSessions({{"NONE", "{}"}, {"ONE", R"({"93000": 50})"}, {"BROKEN", "{"}});
     EXPECT_THAT(log.messages(), IsEmpty());
-    // one clock time, named twice: two points with the status that counts in the end
+    // one clock time named twice: two points, both with the status that counts in the end
     buildTradingSessions({{"TWICE", R"({"93000": 50, "093000": 49.7})"}});
     EXPECT_THAT(log.messages(),
                 ElementsAre("points market TWICE", "points = 34200  status 49", "points = 34200  status 49"));

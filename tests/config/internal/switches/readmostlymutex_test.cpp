@@ -10,7 +10,8 @@ using ttservice::internal::ReadMostlyMutex;
 
 TEST(ReadMostlyMutex, AWriterIsAlone) {
     ReadMostlyMutex mutex;
-    // Plain numbers on purpose: a reader that meets a writer sees them differ, and the thread sanitizer sees the race.
+    // Plain numbers on purpose: a reader that meets a writer sees them differ, and the thread sanitizer reports the
+    // race.
     long first = 0;
     long second = 0;
     std::atomic<bool> stop{false};
@@ -48,7 +49,7 @@ TEST(ReadMostlyMutex, AWriterIsAlone) {
 }
 
 TEST(ReadMostlyMutex, ManyReadersAreInsideTogether) {
-    // More than there are places, so that some of them have to queue.
+    // More readers than slots, so that some have to queue.
     constexpr int kReaders = 100;
     ReadMostlyMutex mutex;
     std::atomic<int> inside{0};
@@ -59,7 +60,7 @@ TEST(ReadMostlyMutex, ManyReadersAreInsideTogether) {
             const ReadMostlyMutex::Reader reader(mutex);
             ++inside;
             while (inside < kReaders)
-                std::this_thread::yield();  // would never end if a reader kept another one out
+                std::this_thread::yield();  // would never end if one reader excluded another
         });
     }
     for (std::thread& reader : readers)
@@ -79,7 +80,7 @@ TEST(ReadMostlyMutex, AWriterGetsInWhileReadersComeAndGoWithoutPause) {
         });
     }
     for (int i = 0; i < 1000; ++i) {
-        const ReadMostlyMutex::Writer writer(mutex);  // a test that hangs here has starved it
+        const ReadMostlyMutex::Writer writer(mutex);  // if the test hangs here, the writer starves
     }
     stop = true;
     for (std::thread& reader : readers)

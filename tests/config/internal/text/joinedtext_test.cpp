@@ -16,7 +16,7 @@ int sign(int number) {
     return (number > 0) - (number < 0);
 }
 
-// All texts of up to three characters out of these, a byte above 127 among them.
+// All texts of up to three characters from these, which include a byte above 127.
 std::vector<std::string> texts() {
     std::vector<std::string> all = {""};
     for (std::size_t from = 0, length = 0; length < 3; ++length) {

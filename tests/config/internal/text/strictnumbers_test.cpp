@@ -16,7 +16,7 @@ using namespace ttservice::internal;
 
 namespace {
 
-// A text of a few characters from the alphabet, so that numbers and near misses are both common.
+// A text of a few characters from the alphabet, so that numbers and near misses are equally common.
 std::string randomText(std::mt19937& random, const std::string& alphabet, std::size_t longest) {
     std::string text(random() % (longest + 1), ' ');
     for (char& c : text)
@@ -201,7 +201,7 @@ TEST(LooseNumbers, AgreeWithTheCLibraryOnExponentsOfTwoSigns) {
 }
 
 TEST(Numbers, DoNotDependOnTheLocale) {
-    std::setlocale(LC_ALL, "de_DE.UTF-8");  // where it is installed; the next line holds everywhere
+    std::setlocale(LC_ALL, "de_DE.UTF-8");  // only where it is installed; the next line works everywhere
     std::locale::global(std::locale(std::locale::classic(), new CommaPoint));
     EXPECT_EQ(strictDouble("1.5"), 1.5);
     EXPECT_EQ(strictDouble("1,5"), std::nullopt);
