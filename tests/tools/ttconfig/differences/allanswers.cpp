@@ -108,7 +108,7 @@ public:
         set("etfbrokerclienttag: getETFBrokerCLientQueryTimes", Answer(store.getETFBrokerCLientQueryTimes()));
     }
 
-    // For the kind of instrument that the platform has now.
+    // Asks about the kind of instrument that the platform currently has.
     void askInstruments() {
         for (const std::string& market : kMarkets) {
             askLimits(market, "ZZZ9");
@@ -123,7 +123,7 @@ public:
         }
     }
 
-    // A fund of the money market that no list has.
+    // A money-market fund that is in no list.
     void askAllFunds() {
         for (const int platform : {12, 15, 7, -5, 0, 5, 41}) {
             set("platform " + std::to_string(platform) + ": isMonetaryFundUseSloBalanceFirst ALL",
@@ -189,7 +189,7 @@ private:
                 {"textValue", record->textValue}, {"isCredit", record->isCredit}};
     }
 
-    // A code that no row names is asked for its category's sake: the answer is that of the category.
+    // A code that no row names stands for its category: the answer is that of the category.
     void addLimit(LimitTopic topic, const std::string& market, const std::string& code, const std::string& category,
                   const std::string& question, const Answer& answer) {
         if (ttconfig::isCategoryWord(code) || !ttconfig::isReachable(topic, market, code)) return;

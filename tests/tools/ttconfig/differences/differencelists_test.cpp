@@ -1,5 +1,5 @@
-// Made settings are loaded into stores of their own: what their platform lists gain and lose is told, and nothing else,
-// and units whenever one of them differs.
+// Loads generated settings into separate stores. The differences must name exactly what the platform lists gain and
+// lose, and units whenever one differs.
 
 #include <gtest/gtest.h>
 #include <standin/platformdata.h>
@@ -28,7 +28,7 @@ using tests::loadedStore;
 using tests::SettingsMaker;
 using ttservice::ConfigCollector;
 
-// The platforms of each list that getAllpts() has, those of the keys that are known to hold something else left out.
+// The platforms of each list that getAllpts() returns, without keys that are known to hold something else.
 std::map<std::string, std::set<int>> listsOf(const ConfigCollector& store) {
     std::map<std::string, std::set<int>> lists;
     for (const auto& [key, list] : store.getAllpts()) {
@@ -41,7 +41,7 @@ std::map<std::string, std::set<int>> listsOf(const ConfigCollector& store) {
     return lists;
 }
 
-// The platforms that only one of the two has, each with the key, as isSomePt asks for them.
+// The platforms that are in only one of the two, each with its key, as isSomePt takes them.
 std::set<std::pair<std::string, int>> listedInOne(const std::map<std::string, std::set<int>>& before,
                                                   const std::map<std::string, std::set<int>>& after) {
     std::set<std::pair<std::string, int>> found;
@@ -86,7 +86,7 @@ TEST(DifferenceLists, TellsEveryPlatformThatAListGainsOrLoses) {
 
 // --- units
 
-// Bonds of the new rules, and new shares: the switches that units depend on are about these.
+// Bonds under the new rules, and new shares: these depend on the switches that units use.
 std::vector<std::shared_ptr<const standin::PlatformData>> unitKinds() {
     const auto bonds = std::make_shared<standin::PlatformData>();
     const auto newShares = std::make_shared<standin::PlatformData>();
@@ -97,7 +97,7 @@ std::vector<std::shared_ptr<const standin::PlatformData>> unitKinds() {
     }
     return {bonds, newShares};
 }
-// What the two unit questions answer for instruments that the switches may matter for.
+// The answers of both unit questions for instruments that the switches may affect.
 std::vector<int> unitsOf(const boost::shared_ptr<ConfigCollector>& /*current*/) {
     std::vector<int> units;
     for (const auto& kind : unitKinds()) {

@@ -1,5 +1,5 @@
-// Pairs of made settings are loaded into stores of their own, every question is asked of both, and the differences have
-// to be the questions that are answered in another way: none missing, none besides, each with both answers.
+// Loads pairs of generated settings into separate stores and asks both every question. The differences must be exactly
+// the questions whose answers differ, each with both answers.
 
 #include <gtest/gtest.h>
 #include <standin/platformdata.h>
@@ -32,7 +32,7 @@ using tests::shown;
 
 constexpr unsigned kPairs = 500 / tests::kTriedOneIn;
 
-// The places that the rows of a section name, as "SH-600000: getOrderLimit"; rows that no load takes are left out.
+// The items that the rows of a section name, as "SH-600000: getOrderLimit". Rows that a load ignores are left out.
 void addNamed(const standin::SettingsText& text, const char* section, std::size_t fields, const char* question,
               std::set<std::string>& named) {
     using namespace ttservice::internal;
@@ -69,12 +69,12 @@ bool isAboutACode(const std::string& question) {
            !ttconfig::isCategoryWord(question.substr(dash + 1, colon - dash - 1));
 }
 
-// A code that no row of either text names follows its category, and is told with that.
+// A code that no row of either text names follows its category, and is reported under it.
 bool followsCategory(const std::string& question, const std::set<std::string>& named) {
     return isAboutACode(question) && named.count(question) == 0;
 }
 
-// What of all answers is not the same, as "before → after"; null where that depends on the kind of the instrument.
+// The answers that differ, as "before → after"; null where an answer depends on the kind of instrument.
 std::map<std::string, std::string> changedAnswers(const Answers& before, const Answers& after,
                                                   const std::set<std::string>& named) {
     const auto one = [](const std::vector<std::string>& texts) {
@@ -84,7 +84,7 @@ std::map<std::string, std::string> changedAnswers(const Answers& before, const A
     for (const auto& [question, old] : before) {
         const auto& now = after.at(question);
         const std::string answers = one(old) + " → " + one(now);
-        // A fund that neither list names follows the answer for all of them.
+        // A fund that neither list names follows the answer for all funds.
         const bool followsAll = question.find("isMonetaryFundUseSloBalanceFirst") != std::string::npos &&
                                 (answers == "false → null" || answers == "null → false");
         if (old != now && !followsAll && !followsCategory(question, named)) changed[question] = answers;
@@ -99,7 +99,7 @@ std::map<std::string, std::string> toldChanges(const std::string& before, const 
     const standin::SettingsText newText(after);
     std::map<std::string, std::string> told;
     for (const ttconfig::Change& change : ttconfig::differences(oldText, newText, platforms, data)) {
-        if (change.topic == ttconfig::ChangeTopic::Unit) continue;  // have a test of their own
+        if (change.topic == ttconfig::ChangeTopic::Unit) continue;  // units have a test of their own
         const std::string question = change.subject + ": " + change.question;
         EXPECT_EQ(told.count(question), 0U) << question << " is told twice";
         told[question] = shown(change.before) + " → " + shown(change.after);
@@ -131,7 +131,7 @@ bool namesPlatform(std::string_view value, int platform) {
     return named;
 }
 
-// Whether the value that a question is answered from names the platform in this text.
+// Whether the value that answers a question names the platform in this text.
 bool namesPlatform(const std::string& settings, const std::string& operation, int platform) {
     using namespace ttservice::internal;
     const standin::SettingsText text(settings);
@@ -148,7 +148,7 @@ bool namesPlatform(const std::string& settings, const std::string& operation, in
     return false;
 }
 
-// Platforms that neither text names for a value are told about together.
+// Platforms that neither text names for a value are reported together.
 void dropThoseToldTogether(const std::string& before, const std::string& after,
                            std::map<std::string, std::string>& expected) {
     for (auto item = expected.begin(); item != expected.end();) {
@@ -239,7 +239,7 @@ TEST(DifferencesOracle, WithPlatformDataKnowsTheCategoryOfACode) {
     std::size_t byCategory = 0;
     unsigned seed = 2000;
     for (const auto& kind : platformsOfKinds()) {
-        // A kind without any type is one that the data do not know.
+        // The data do not know an instrument of a kind without types.
         if (!ttconfig::knowsInstrument(*kind, "SH", "1")) continue;
         for (unsigned round = 0; round < 25 / tests::kTriedOneIn && !HasFailure(); ++round) {
             SettingsMaker maker(seed++);

@@ -28,7 +28,7 @@ const List kBondKeys = {"shfixincomelimit", "shloanenclickdeallimit", "shloanenq
 const List kCatalogueKeys = {"algomultcontractsetting", "algocontracttypes",      "algohttpproductid", "t0algotypes",
                              "samrtalgotypes",          "algotypedisablebuysell", "etfbrokerclienttag"};
 
-// Sections of rows, and how many fields a row takes.
+// Sections of rows, and the number of fields in a row.
 const std::map<std::string, std::size_t> kLimitSections = {
     {"StkExchangeOrderLimit", 2},       {"HGTExchangeOrderLimit", 2}, {"SgtExchangeOrderLimit", 2},
     {"StkExchangeDazongOrderLimit", 3}, {"StkExchangeRateLimit", 7},  {"HGTExchangeRateLimit", 14},
@@ -139,7 +139,7 @@ std::string SettingsMaker::limitValue(std::size_t fields) {
     std::string value;
     for (std::size_t i = 0; i < fields; ++i) {
         if (i > 0) value += ',';
-        // Long rows are mostly zeros, or two would never be alike.
+        // Long rows are mostly zeros; otherwise two would never be equal.
         if (i == 1 && fields < 5) {
             value += chance(60) ? kUnits[0] : oneOf(kUnits);
         } else {
@@ -160,7 +160,7 @@ std::string SettingsMaker::contracts() {
     return text;
 }
 
-// Of entries with a ":" in most of them, as credit and fund lists are.
+// Entries, most of them with a ":", as in credit and fund lists.
 std::string SettingsMaker::namedLists(const List& heads, const List& names) {
     std::string text;
     for (std::size_t i = random() % 4; i > 0; --i) {
@@ -171,7 +171,7 @@ std::string SettingsMaker::namedLists(const List& heads, const List& names) {
     return text;
 }
 
-// Of the sections whose keys are data, and of those with a single key.
+// The sections whose keys are data, and those with a single key.
 std::string SettingsMaker::valueIn(const std::string& section) {
     static const List kFunds = {"SSE511880", "ALL", "SZSE1", ""};
     static const List kMarkets = {"SZSE", "SSE", ""};
@@ -184,7 +184,7 @@ std::string SettingsMaker::valueIn(const std::string& section) {
     return oneOf(kDecimals);
 }
 
-// Of the catalogues in the main section.
+// The catalogues in the main section.
 std::string SettingsMaker::catalogueValue(const std::string& key) {
     static const List kStrategies = {"S1:N1", "S2:N2", "bad", "a:b:c", ""};
     static const List kTimes = {"1000", "1400", ""};
@@ -244,7 +244,7 @@ std::vector<SettingsMaker::Line> SettingsMaker::lines() {
     return made;
 }
 
-// Some lines get another value, some another key or place; some go.
+// Changes some values, renames or moves some keys, and removes some lines.
 std::vector<SettingsMaker::Line> SettingsMaker::changed(const std::vector<Line>& lines) {
     const int percent = chance(20) ? 0 : static_cast<int>(random() % 40);
     std::vector<Line> made;
@@ -258,7 +258,7 @@ std::vector<SettingsMaker::Line> SettingsMaker::changed(const std::vector<Line>&
     return made;
 }
 
-// Sections may appear several times, with comments and repeated keys in between.
+// Sections may repeat, with comments and repeated keys in between.
 std::string SettingsMaker::text(const std::vector<Line>& lines) {
     std::string text = "; made\n";
     std::string section;

@@ -7,17 +7,17 @@
 
 namespace tests {
 
-// Makes pairs of settings texts that differ in some places, in all the ways in which a value may be written, wrong ones
-// included. Names and numbers come from short lists, so that they meet.
+// Makes pairs of settings texts that differ in some places, with values in every notation, including wrong ones. Names
+// and numbers come from short lists, so that they often coincide.
 class SettingsMaker {
 public:
     explicit SettingsMaker(unsigned seed) : random(seed) {}
 
-    // Two texts; most of their keys say the same in both.
+    // Two texts that agree in most of their keys.
     std::pair<std::string, std::string> pair();
 
-    static const std::vector<std::string>& platforms();    // as they may be written, in values and in keys
-    static const std::vector<std::string>& unknownKeys();  // switches that nobody knows by name
+    static const std::vector<std::string>& platforms();    // in every notation, for values and keys
+    static const std::vector<std::string>& unknownKeys();  // switches with unknown names
     static const std::vector<std::string>& markets();      // of limit rows
     static const std::vector<std::string>& items();        // of limit rows: codes and category words
     static const std::vector<std::string>& names();        // of products, bonds, funds

@@ -1,5 +1,5 @@
-// `ttconfig explain` and `ttconfig ask --test`, as people run them. explanations/cases holds questions, one a line, and
-// explanations/answers.expected what is printed for each.
+// `ttconfig explain` and `ttconfig ask --test`, as people run them. explanations/cases holds one question per line,
+// explanations/answers.expected what each prints.
 
 #include <gmock/gmock.h>
 
@@ -53,7 +53,7 @@ TEST(Explain, PrintsWhatIsRecorded) {
     }
     const std::string recorded = tests::fileText(kFolder + "/answers.expected");
     if (all == recorded) return;
-    // What came out, to be looked at and put in place of the record.
+    // Writes the actual output, to be reviewed and put in place of the recorded one.
     const std::string path = TT_BINARY_DIR "/explanations.received";
     std::ofstream(path, std::ios::binary) << all;
     FAIL() << "differs: diff " << kFolder << "/answers.expected " << path;

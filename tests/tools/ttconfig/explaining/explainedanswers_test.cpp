@@ -1,5 +1,5 @@
-// Explanations and the store say the same: every question of the call table, asked of generated settings files. The
-// library's objects are linked here, so that each file is the first that its store loads.
+// Explanations agree with the store: every question of the call table, asked about generated settings files. This test
+// links the library's objects, so that each file is the first that its store loads.
 
 #include <gmock/gmock.h>
 #include <standin/platformdatafile.h>
@@ -44,7 +44,7 @@ constexpr const char* kScript =
     "function getMarkets() return '{\"SH\":\"\",\"SZ\":\"\"}' end\n"
     "function getMarketTradeDuration(m) if m == 'SH' then return '{\"93000\":50,\"113000\":49}' end return '{}' end\n";
 
-// Operations that ask the store nothing about settings, and why.
+// Operations that ask the store nothing about settings, and the reason.
 const std::map<std::string, std::string> kNoQuestions = {
     {"readConfig", "loads"},
     {"initMarketTradingTime", "loads"},
@@ -75,12 +75,12 @@ bool isNoQuestion(const std::string& call) {
     return kNoQuestions.count(dot == std::string::npos ? call : call.substr(0, dot + 1)) != 0;
 }
 
-// A question as the test shows it.
+// A question as failure messages show it.
 std::string shown(const std::string& call, const Arguments& arguments) {
     return call + ttconfig::Argument(arguments).dump(-1, ' ', false, ttconfig::Argument::error_handler_t::replace);
 }
 
-// A store that has loaded one file and nothing before.
+// A store that has loaded one file and nothing before it.
 class FreshStore {
 public:
     FreshStore(const std::string& path, const std::map<std::string, bool>& overrides) {
@@ -129,7 +129,7 @@ protected:
         return {name, arguments};
     }
 
-    // A new file each time: writing over one that is there waits for the disk.
+    // Uses a new file each time: overwriting an existing one waits for the disk.
     std::string written(const std::string& bytes) const {
         std::filesystem::remove(folder.path("settings.ini"));
         return folder.write("settings.ini", bytes);
@@ -191,7 +191,7 @@ TEST_F(ExplainedAnswers, AreTheStoresAnswers) {
 
 // --- edits
 
-// An answer that the question does not have: the other flag, or what some question of that kind had before.
+// An answer that the question does not have: the opposite flag, or an earlier answer of the same operation.
 std::optional<std::string> anotherAnswer(const std::string& call, const Answer& answer,
                                          std::map<std::string, Answer>& former) {
     if (answer.is_boolean()) return answer.get<bool>() ? "false" : "true";

@@ -1,4 +1,4 @@
-// Edits that make an answer another one: which one is told, and how a wanted answer may be written.
+// Edits that change an answer: which one is proposed, and how a wanted answer may be written.
 
 #include "ttconfig/explaining/whynot.h"
 
@@ -35,7 +35,7 @@ TEST(WhyNot, TellsTheSmallestEdit) {
         const char* edit;
         const char* edited;
     } rows[] = {
-        // a switch: a piece added, a piece removed, a piece put right, a line added, a section added
+        // a switch: a piece added, removed or corrected, a line added, a section added
         {"[setting]\nk=8\n", "isSomePt", {"k", 12}, "true", "2 -k=8 +k=8,12", "[setting]\nk=8,12\n"},
         {"[setting]\nk=8,12,9\n", "isSomePt", {"k", 12}, "false", "2 -k=8,12,9 +k=8,9", "[setting]\nk=8,9\n"},
         {"[setting]\nk=12,8,+12\n", "isSomePt", {"k", 12}, "false", "2 -k=12,8,+12 +k=8", "[setting]\nk=8\n"},
@@ -46,11 +46,11 @@ TEST(WhyNot, TellsTheSmallestEdit) {
         {"[setting]\n", "isSomePt", {"k", 12}, "true", "2 +k=12", "[setting]\nk=12\n"},
         {"[b]\nx=1\n", "isSomePt", {"k", 12}, "true", "3 +[setting] +k=12", "[b]\nx=1\n[setting]\nk=12\n"},
         {"", "isSomePt", {"k", 12}, "true", "1 +[setting] +k=12", "[setting]\nk=12\n"},
-        // line ends: those of the line before; none at the end of the text
+        // line ends: as on the line before; none at the end of the text
         {"[setting]\r\na=1\r\n", "isSomePt", {"k", 12}, "true", "3 +k=12", "[setting]\r\na=1\r\nk=12\r\n"},
         {"[setting]\na=1", "isSomePt", {"k", 12}, "true", "3 +k=12", "[setting]\na=1\nk=12"},
         {"[b]\nx=1", "isSomePt", {"k", 12}, "true", "3 +[setting] +k=12", "[b]\nx=1\n[setting]\nk=12\n"},
-        // the platform's value alone
+        // only the platform's value
         {"[setting]\nrenewalpts=12:1\n",
          "getRenewalPts",
          {12},
@@ -63,7 +63,7 @@ TEST(WhyNot, TellsTheSmallestEdit) {
          "1",
          "2 -renewalpts=12:1;12:2 +renewalpts=12:1;12:1",
          "[setting]\nrenewalpts=12:1;12:1\n"},
-        // the earlier value of a key stands in front of the later one
+        // the earlier value of a key precedes the later one
         {"[setting]\nrefLimit=\nrefLimit=70000\n",
          "getRefLimit",
          {},
@@ -76,7 +76,7 @@ TEST(WhyNot, TellsTheSmallestEdit) {
          "false",
          "2 -isshowmaxcanorder=1 +isshowmaxcanorder=0",
          "[setting]\nisshowmaxcanorder=0\n"},
-        // whole lists: pieces that stay stay as they are written
+        // whole lists: pieces that stay are kept as written
         {"[setting]\nk=8,x,+15,9\n",
          "getPts",
          {"k"},
@@ -108,7 +108,7 @@ TEST(WhyNot, TellsTheSmallestEdit) {
          "93000",
          "2 -etfbrokerclienttag=12 +etfbrokerclienttag=12:93000",
          "[setting]\netfbrokerclienttag=12:93000\n"},
-        // whole records: fields that say it stay as they are written
+        // whole records: fields that already match are kept as written
         {"[setting]\nshfixincomelimit=+1,2,03,4,5,6,7\n",
          "getSHFixIncomeLimit",
          {2},
@@ -140,7 +140,7 @@ TEST(WhyNot, TellsTheSmallestEdit) {
          "1,2,3,4,5,6,7",
          "2 -SH-1=1,2,3,4,5,6,7 +SH-1,SH-2=1,2,3,4,5,6,7",
          "[StkExchangeRateLimit]\nSH-1,SH-2=1,2,3,4,5,6,7\n"},
-        // a line in front of one that would take longer to change
+        // a line inserted before one that would take longer to change
         {"[setting]\nk=1,2,3,4,5,6,7,8,9\n",
          "getPts",
          {"k"},
@@ -178,7 +178,7 @@ std::string repeated(const char* piece, int count) {
     return all;
 }
 
-// The bytes that are taken out and put in.
+// The bytes removed and inserted.
 std::string changed(const standin::SettingsText& text, const Edit& edit) {
     return "-" + std::string(text.bytes().substr(edit.offset, edit.length)) + " +" + edit.replacement;
 }
@@ -200,7 +200,7 @@ TEST(WhyNot, TellsTheSmallestEditOfALongValue) {
          {"B", true},
          "none",
          "-B:x,1,1,1,1; +"},
-        // so long that it is not taken apart
+        // too long to be taken apart
         {"[setting]\nalgomultcontractsetting=" + repeated("A:;", 1100000) + "\n",
          "getContractInfo",
          {"B", true},

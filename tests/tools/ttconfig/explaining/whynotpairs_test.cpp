@@ -1,5 +1,5 @@
-// Edits between generated texts: of two settings texts that differ in one line, the first is asked how it would give
-// the second one's answers. An edit has to be found, and to change no more bytes than there are between the two.
+// Edits between generated texts: for two settings texts that differ in one line, how could the first give the answers
+// of the second? There must be an edit, and it must change no more bytes than the texts differ in.
 
 #include <gmock/gmock.h>
 #include <standin/platformdatafile.h>
@@ -35,20 +35,20 @@ using ttconfig::Wanted;
 constexpr unsigned kTexts = 2000 / tests::kTriedOneIn;
 constexpr unsigned kPairsOfText = 6;
 constexpr unsigned kQuestionsOfPair = 12;
-// Of one operation no more are tried; switches are all alike.
+// At most this many tries per operation; switches are all alike.
 constexpr unsigned kMostOfCall = 60;
 constexpr unsigned kMostOfSwitch = 5;
 
-// What is no change that somebody means may be reached by fewer bytes than what the edits put in: a text that breaks a
-// row or a list. So may odd spellings that no rule speaks of, which are few.
+// A change that nobody would make on purpose, such as one that breaks a row or a list, may be undone with fewer bytes
+// than the proposed edit. So may odd notations that no rule mentions; these are rare.
 constexpr unsigned kMissedOf1000 = 3;
 constexpr unsigned kLargerOf100 = 5;
 
 struct Counts {
     unsigned asked = 0;
     unsigned found = 0;
-    unsigned meant = 0;  // pairs whose change is one that somebody may mean
-    unsigned small = 0;  // of those, edits with no more bytes than that change
+    unsigned meant = 0;  // pairs whose change somebody could make on purpose
+    unsigned small = 0;  // of those, edits with no more bytes than the change
 
     void add(const Counts& other) {
         asked += other.asked;
@@ -75,8 +75,7 @@ bool isSwitch(const std::string& name) {
     return std::any_of(std::begin(rows), std::end(rows), [&](const auto& row) { return row.predicate == name; });
 }
 
-// Whether it is the line that changed which gives the answer, and the change makes nothing that has to be told about. A
-// key that becomes another one loses what it said.
+// Whether the changed line gives the answer, and the change adds no finding. A renamed key loses its former effect.
 bool isMeant(const MadePair& pair, const ttconfig::Explanation& then) {
     return pair.kind != MadeChange::OtherKey && then.place && then.place->line == pair.line &&
            ttconfig::checkSettings(standin::SettingsText(pair.after)).size() <=
@@ -115,14 +114,14 @@ protected:
         const std::string& wanted = ways[count.asked % ways.size()];
         ++count.asked;
         const auto whyNot = ttconfig::whyNot(now, asked.call, asked.arguments, Wanted(wanted));
-        // As text, a list of one empty text is an empty list.
+        // As text, a list of one empty text is written like an empty list.
         const bool isFound = whyNot.edit || whyNot.isSoAlready;
         if (isFound) {
             ++count.found;
         } else {
             missed += shown(asked, wanted);
         }
-        // A yes or a no is reached in many ways that leave nothing of what was there.
+        // True or false can be reached in many ways that keep nothing of the old line.
         if (then.answer.is_boolean() || !isMeant(asked.pair, then)) return;
         ++count.meant;
         if (whyNot.isSoAlready || (whyNot.edit && whyNot.edit->changedBytes() <= asked.pair.changedBytes)) {

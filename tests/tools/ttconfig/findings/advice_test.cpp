@@ -1,4 +1,4 @@
-// Advice: what pieces that do not do their work were meant to be.
+// Advice: what ineffective pieces were meant to be.
 
 #include <gmock/gmock.h>
 #include <standin/settingstext.h>
@@ -96,7 +96,7 @@ TEST(Advice, ATextTooLongToBeReadIsNotShown) {
     EXPECT_EQ(orWrite(std::string(100, '1'), "think"), "; think");
 }
 
-// What the store answers is what the messages say that the field reads as.
+// The value that a message gives for a field is the value that the store reads.
 TEST(Advice, FieldsReadAsTheStoreReadsThem) {
     const tests::TempFolder folder;
     for (const std::string text : {"nan", "inf", "1e400", "-1e400", "0x10", "0x", "1e6", "1.5", ".5", "100万", "１２",
@@ -112,7 +112,7 @@ TEST(Advice, FieldsReadAsTheStoreReadsThem) {
     }
 }
 
-// Where a message ends with a text to write, that text in place of what the finding is about is right.
+// When a message proposes a text, that text in place of the piece must have no finding.
 void expectCleanWhenWritten(const std::string& bytes, const Finding& finding) {
     const std::string mark = "; write \"";
     const std::size_t at = finding.message.rfind(mark);
@@ -128,7 +128,7 @@ void expectCleanWhenWritten(const std::string& bytes, const Finding& finding) {
         ADD_FAILURE() << written << left.rule << ": " << left.message;
 }
 
-// What a line is told to be, as its author reads it.
+// The proposal for a line, as its author reads it.
 TEST(Advice, MessagesSayWhatToWrite) {
     const struct {
         const char* section;

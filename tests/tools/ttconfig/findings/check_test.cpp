@@ -1,4 +1,4 @@
-// `ttconfig check`: options, exit codes, formats, the reference page, and a file with every mistake at once.
+// `ttconfig check`: options, exit codes, formats, the reference page, and a file with every mistake.
 
 #include <gmock/gmock.h>
 
@@ -150,7 +150,7 @@ TEST(Check, AFileThatCannotBeUsedKeepsNobodyFromTheFindingsOfTheOthers) {
               "ttconfig: settings file missing.ini: does not exist; check the name\n"
               "ttconfig: settings file nul.ini: holds NUL bytes; save it as plain text, in UTF-8 or another encoding "
               "without NULs\n");
-    // Nothing found in the others is not nothing found.
+    // Finding nothing in the other files does not make the run clean.
     EXPECT_EQ(runTool({"check", "-C", folder.path(""), "missing.ini", "clean.ini"}).exitCode, 3);
 }
 
@@ -192,7 +192,7 @@ TEST(Check, PlatformDataTellsWhichCodesItDoesNotKnow) {
     EXPECT_THAT(run.out, HasSubstr(":2:11: note: the platform data knows no instrument \"610000\" of SH"));
 }
 
-// As text, so many of a rule; a last line says how many more there are.
+// Text output shows a limited number of findings per rule; a last line counts the rest.
 TEST(Check, OfVeryManyFindingsOfARuleTheFirstAreShown) {
     const TempFolder folder;
     std::string settings = "[setting]\n";
@@ -234,7 +234,7 @@ TEST(Check, MarkdownIsForTheReferencePageAlone) {
     EXPECT_EQ(runTool({"check", "--explain", "unknown-key", "--format", "markdown"}).exitCode, 2);
 }
 
-// Every rule in one file, but for those that need platform data or a file of their own.
+// Every rule in one file, except those that need platform data or a separate file.
 TEST(Check, AFileWithEveryMistakeAtOnceIsToldAsRecorded) {
     const ToolRun run = runTool({"check", "-C", kHere, "everything.ini", "--platform", "everything.json"});
     EXPECT_EQ(run.exitCode, 1);

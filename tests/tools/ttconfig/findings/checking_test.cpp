@@ -1,4 +1,4 @@
-// Checking as a whole: file order, places, and texts that nobody would write.
+// Checking as a whole: file order, places, and texts that nobody would write by hand.
 
 #include <gmock/gmock.h>
 #include <standin/settingstext.h>
@@ -54,13 +54,13 @@ TEST(Checking, NamesThatAreNearAreSuggestedForTheFirstHundredsOfUnknownKeys) {
     std::string bytes = "[setting]\n";
     for (int i = 0; i < 1000; ++i)
         bytes += "completelydifferent" + std::to_string(i) + "=1\n";
-    bytes += "needmaxamoun=1\n";  // one letter away, which is seen however many there were
+    bytes += "needmaxamoun=1\n";  // one letter away, found however many came before
     const auto findings = findingsIn(bytes);
     ASSERT_EQ(findings.size(), 1001U);
     EXPECT_THAT(findings.back().message, HasSubstr("did you mean needmaxamount?"));
 }
 
-// CR alone makes one line of a file: one finding tells it, instead of one for everything that follows from it.
+// With CRs alone, the file is one line: a single finding says so, instead of one for each consequence.
 TEST(Checking, AFileWithCarriageReturnsAloneIsToldOnce) {
     const auto findings = findingsIn("[setting]\rneedmaxamount=12\rneeduseavailable=x\r");
     ASSERT_EQ(findings.size(), 1U);
@@ -102,7 +102,7 @@ TEST(Checking, ALineOfManyBadPiecesIsHandedOnPieceByPiece) {
     EXPECT_EQ(count, 100000U);
 }
 
-// Pieces of settings in any order: no crash, file order, and places within the text.
+// Pieces of settings in any order must cause no crash, and give findings in file order with places inside the text.
 TEST(Checking, TakesAnyTextThatIsPutTogetherFromPieces) {
     const char* const pieces[] = {"[setting]",
                                   "\n",

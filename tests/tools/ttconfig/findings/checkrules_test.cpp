@@ -1,5 +1,5 @@
-// Every rule of `ttconfig check`: checks/RULE/hit.ini triggers it alone, checks/RULE/near.ini nearly does. A
-// checks/RULE/platform.json is the platform data that both are checked with.
+// Every rule of `ttconfig check`: checks/RULE/hit.ini triggers it alone, checks/RULE/near.ini almost does. If there is
+// a checks/RULE/platform.json, both are checked with that platform data.
 
 #include <gmock/gmock.h>
 #include <standin/platformdatafile.h>
@@ -74,7 +74,7 @@ TEST(CheckRules, NoFilesAreLeftOfARuleThatIsGone) {
         EXPECT_EQ(names.count(folder.path().filename().string()), 1U) << folder.path();
 }
 
-// What else triggers each rule, one line a row: the section, the line, the rules in file order.
+// Further texts that trigger each rule, one per row: the section, the line, the rules in file order.
 TEST(CheckRules, TellOneThingOfEachMistake) {
     const struct {
         const char* section;
@@ -247,7 +247,7 @@ TEST(CheckRules, TypesOfTwoProductsGoToTheLaterOne) {
     EXPECT_EQ(findings[0].related->column, 27U);
 }
 
-// The winner is the one of the later section, wherever in the file the sections stand.
+// The later section in load order wins, wherever the sections are in the file.
 TEST(CheckRules, RowsAreOverwrittenInTheOrderOfALoad) {
     const standin::SettingsText text{
         std::string("[SgtExchangeOrderLimit]\nSH-1=1,股\n[StkExchangeOrderLimit]\nSH-1=2,股\nsh-1=3,股\n")};

@@ -1,4 +1,4 @@
-// The parts that checking is made of: causes, names, winners, columns, URIs and the rules' table.
+// The parts of checking: causes, names, winners, columns, URIs and the table of rules.
 
 #include <gmock/gmock.h>
 #include <standin/platformdata.h>

@@ -1,4 +1,4 @@
-// Value ranges: every number of the catalogue has one, and each end of each is where it is said to be.
+// Value ranges: every number of the catalogue has one, and both ends of each are as documented.
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ using ttservice::internal::kSettingKeys;
 using ttservice::internal::SettingKey;
 using ttservice::internal::ValueGrammar;
 
-// Whether the values of the grammar hold numbers other than platform IDs and flags.
+// Whether values of the grammar contain numbers other than platform IDs and flags.
 bool holdsNumbers(ValueGrammar grammar) {
     const std::set<ValueGrammar> numbers = {ValueGrammar::Integer,
                                             ValueGrammar::Decimal,
@@ -49,7 +49,7 @@ TEST(ValueRanges, SayWhatIsWrongBeyondEachEnd) {
     }
 }
 
-// The values that the client has without the key are none to warn of.
+// The built-in defaults must cause no warning.
 TEST(ValueRanges, HoldTheDefaults) {
     for (const SettingKey& row : kSettingKeys) {
         const ValueRange* range = rangeOf(row);

@@ -1,4 +1,4 @@
-// Explanations: reason, place and what lost, for every way in which an answer comes about.
+// Explanations: reason, place and losing candidates, for every way in which an answer is found.
 
 #include "ttconfig/reasons/explainer.h"
 
@@ -77,7 +77,7 @@ TEST(Explainer, SaysWhyAPlatformIsOnOrOff) {
          "not-listed",
          "2:15",
          {"file-value 3:1: of a repeated key the first value counts"}},
-        // the answer is turned round, the reason is not
+        // the answer is inverted, the reason is not
         {"[setting]\nnotneedcalcenbalevoluebyenablemargin=12\n",
          "isNeedCalcEnbaleVolueByEnableMarginPts",
          {12},
@@ -177,7 +177,7 @@ TEST(Explainer, SaysWhichItemGivesAPlatformItsValue) {
          "default-item",
          "2:38",
          {none, "default-item 2:34: overwritten by a later default"}},
-        // an empty item at the end takes the default back
+        // an empty item at the end restores the built-in default
         {"[setting]\ncounterMaxCompactsRespNum=12:300;100;\n",
          "getCounterMaxCompactsRespNum",
          {15},
@@ -192,7 +192,7 @@ TEST(Explainer, SaysWhichItemGivesAPlatformItsValue) {
          "built-in-default",
          "-",
          {"file-value -: there is no such key"}},
-        // names platforms and nothing else: the built-in default is not entered
+        // platforms without a default: the built-in default is not entered
         {"[setting]\ncounterMaxCompactsRespNum=12:300\n",
          "getCounterMaxCompactsRespNum",
          {15},
@@ -200,7 +200,7 @@ TEST(Explainer, SaysWhichItemGivesAPlatformItsValue) {
          "constructed-value",
          "2:27",
          {none}},
-        // a run of ";" is one, but not where every ";" counts
+        // a run of ";" counts as one, except where every ";" counts
         {"[setting]\nrenewalpts=1;;12:2\n", "getRenewalPts", {15}, 1, "default-item", "2:12", {none}},
         {"[setting]\nsetavailable=1;;12:2\n",
          "getisSetavailable",
@@ -272,7 +272,7 @@ TEST(Explainer, SaysWhichRowGivesALimit) {
          "category-row",
          "2:1",
          {}},
-        // HK goes by the rows of the connect
+        // HK uses the rows of the connect
         {"[SgtExchangeRateLimit]\nSGT-STOCK=1,2,3,4,5,6,7,8,9,10,11,12,13,x\n",
          "getSgtExchangeRateLimitPtr",
          {"hk", "1"},
@@ -301,7 +301,7 @@ TEST(Explainer, SaysWhichRowGivesABondItsNumbers) {
          {"file-value 2:18: 3 fields, not 7: passed over"}},
         {"", "getSHFixIncomeLimit", {2}, nullptr, "key-absent", "-", {}},
         {"", "getSHFixIncomeLimit", {9}, nullptr, "fixed", "-", {}},
-        // the row met first keeps its number, in upper case as well
+        // the first row keeps its number, in upper case too
         {"[StandardBondUseLimit]\nabc=0.7\nABC=0.8\n",
          "getStandardBondUseLimit",
          {"ABC"},

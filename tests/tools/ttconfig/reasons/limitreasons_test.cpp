@@ -1,6 +1,6 @@
-// The reasons of `ttconfig limits`: the row, default or rule that is named says what the store and the platform answer.
-// What is named is looked up here by hand, in the lines of the settings file, in the platform data's JSON and in the
-// rules' sentences.
+// The reasons of `ttconfig limits`: the named row, default or rule gives what the store and the platform answer. The
+// test looks each up independently, in the lines of the settings file, in the platform data's JSON and in the sentences
+// of the rules.
 
 #include <gtest/gtest.h>
 #include <standin/platformdatafile.h>
@@ -51,7 +51,7 @@ std::string upper(std::string text) {
     return text;
 }
 
-// Every instrument that the platform data names by its whole code.
+// Every instrument that the platform data name by full code.
 std::set<Instrument> instrumentsOf(const json& platform) {
     std::set<Instrument> all;
     for (const char* member : {"instruments", "bondRules"}) {
@@ -68,7 +68,7 @@ std::set<Instrument> instrumentsOf(const json& platform) {
     return all;
 }
 
-// What a reason says that the answer is, worked out from the texts it points to.
+// The answer that a reason states, derived from the texts it points to.
 class ReasonCheck {
 public:
     ReasonCheck(std::string settings, const json& platformData)
@@ -139,7 +139,7 @@ private:
         return numbers;
     }
 
-    // Sentences end in what is answered: a number, a field of the record, a quantity of the bond rule, or a word.
+    // A sentence ends in the answer: a number, a field of the record, a quantity of the bond rule, or a word.
     json saidByRule(const std::string& sentence, const LimitQuestion& question) const {
         static const std::regex kNumber("(?:takes?|trades? in|unit is) ([0-9]+)");
         static const std::regex kField("field ([0-9]+)");
@@ -216,7 +216,7 @@ protected:
     std::set<std::string> rulesNamed;
 };
 
-// --- made settings: rows of all sections for a few instruments, in every shape that a row can have
+// --- generated settings: rows of all sections for a few instruments, in every shape that a row can have
 
 class MadeSettings {
 public:
@@ -256,7 +256,7 @@ private:
         return text;
     }
 
-    // No two rows have a field in common.
+    // All fields of all rows differ.
     std::string value() {
         const int count = any(fieldCounts);
         std::string text = field();
@@ -277,7 +277,7 @@ TEST_F(LimitReasons, SayWhatIsAnsweredForEveryInstrumentOfTheSamples) {
     const std::set<Instrument> instruments = instrumentsOf(platform);
     ASSERT_GE(instruments.size(), 60U);
     check(tests::fileText(kSamples + "settings.ini"), instruments);
-    // Both ways of the rules that the new bond rules and the registered issues change.
+    // Covers both outcomes of the rules that depend on the new bond rules and the registered issues.
     check("[setting]\nshusenewbondrules=0\nszusenewbondrules=0\nuseregistiporules=0\n", instruments);
     check("[setting]\nshusenewbondrules=1\nszusenewbondrules=1\nuseregistiporules=1\n", instruments);
     for (const char* kind : {"code row", "category row", "default", "rule"})

@@ -1,4 +1,4 @@
-// Facts about a settings text: where its pieces stand and which of them count.
+// Facts about a settings text: where its pieces are and which of them count.
 
 #include <gmock/gmock.h>
 

@@ -22,7 +22,7 @@ constexpr int kMostMilliseconds = 60000;
 
 // Chromium takes commands on descriptor 3 and answers on 4.
 [[noreturn]] void becomeBrowser(int commands, int answers, const std::string& profile) {
-    // First out of the way of 3 and 4.
+    // Move the pipes out of the way of descriptors 3 and 4.
     const int in = fcntl(commands, F_DUPFD, 10);
     const int out = fcntl(answers, F_DUPFD, 10);
     dup2(in, 3);
@@ -38,7 +38,7 @@ constexpr int kMostMilliseconds = 60000;
     _exit(127);
 }
 
-// What the protocol wants to know of a key besides its name.
+// What the protocol needs to know about a key besides its name.
 int keyCode(const std::string& key) {
     static const std::pair<const char*, int> kCodes[] = {
         {"Tab", 9},         {"Enter", 13},     {"Escape", 27}, {" ", 32},         {"PageUp", 33},
@@ -50,7 +50,7 @@ int keyCode(const std::string& key) {
     throw std::runtime_error("no code for the key " + key);
 }
 
-// The text at a place of a message; empty when there is none.
+// The text at a path in a message; empty when there is none.
 std::string textAt(const Json& message, const char* place) {
     const Json::json_pointer pointer(place);
     if (!message.contains(pointer)) return {};
@@ -100,7 +100,7 @@ Browser::Browser() {
 }
 
 Browser::~Browser() {
-    close(toBrowser);  // Chromium ends when nobody commands it any longer
+    close(toBrowser);  // Chromium exits when its command pipe closes
     close(fromBrowser);
     for (int i = 0; i < 50 && waitpid(process, nullptr, WNOHANG) == 0; ++i)
         usleep(100000);
@@ -110,7 +110,7 @@ Browser::~Browser() {
     }
 }
 
-// The page that Chromium starts with: it is the one that is painted as a person would see it.
+// Chromium's initial page, the only one that is painted as a person would see it.
 std::string Browser::firstPage() {
     for (int i = 0; i < 100; ++i, usleep(50000)) {
         const Json targets = call("Target.getTargets");
@@ -165,7 +165,7 @@ void Browser::takePicture(const std::string& path) {
 }
 
 std::vector<std::string> Browser::complaints() {
-    // What is under way has arrived when a further question has been answered.
+    // When this question has been answered, pending events have arrived.
     evaluate("new Promise((done) => setTimeout(done, 50))");
     return complained;
 }

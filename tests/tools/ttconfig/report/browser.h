@@ -10,11 +10,11 @@
 
 namespace tests {
 
-// A headless Chromium in a process of its own, spoken to through a pair of pipes in its debugging protocol. It reaches
-// no network. Whatever goes wrong with it throws std::runtime_error, a minute without an answer as well.
+// A headless Chromium in a child process, controlled through two pipes with its debugging protocol. It has no network
+// access. Any failure throws std::runtime_error, as does a minute without an answer.
 class Browser {
 public:
-    // Whether there is a Chromium on this machine.
+    // Whether Chromium is installed.
     static bool isInstalled();
 
     Browser();
@@ -25,26 +25,26 @@ public:
     // Opens a file and waits until it is loaded.
     void open(const std::string& path);
 
-    // The value of an expression in the page; of a promise, what it comes to.
+    // The value of an expression in the page; for a promise, its result.
     nlohmann::json evaluate(const std::string& expression);
     std::string text(const std::string& expression) { return evaluate(expression).get<std::string>(); }
 
-    // A key pressed and released, as a person does: "Tab", "ArrowDown", "/"; modifiers as the protocol has them.
+    // Presses and releases a key: "Tab", "ArrowDown", "/"; modifiers as in the protocol.
     void press(const std::string& key, int modifiers = 0);
-    // Text put in where the focus is.
+    // Inserts text at the focus.
     void type(const std::string& words);
 
     static constexpr int kControl = 2;
 
-    // How the page is to be seen: scheme "light" or "dark", medium "screen" or "print".
+    // Sets how the page is shown: scheme "light" or "dark", medium "screen" or "print".
     void show(const std::string& scheme, const std::string& medium = "screen");
-    // The page on paper, as bytes of a PDF file in base 64.
+    // The printed page, as a PDF file in base 64.
     std::string printed();
-    // Writes a picture of what is in sight.
+    // Saves a picture of the visible part.
     void takePicture(const std::string& path);
 
-    // What scripts and the browser complained about since the page was opened, and every address that the page asked
-    // for besides its own.
+    // Complaints of scripts and the browser since the page was opened, and every address that the page requested
+    // besides its own.
     std::vector<std::string> complaints();
 
 private:

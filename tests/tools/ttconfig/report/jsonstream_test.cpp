@@ -52,7 +52,7 @@ TEST(JsonStream, BytesThatAreNoUtf8AreReplaced) {
     const std::pair<std::string, std::string> rows[] = {
         {"\xFF", r},
         {"a\x80z", "a" + r + "z"},
-        {"\xC0\xAF", r + r},                  // longer than needed
+        {"\xC0\xAF", r + r},                  // an overlong form
         {"\xE0\x80\xAF", r + r + r},          // the same with three bytes
         {"\xED\xA0\x80", r + r + r},          // half of a surrogate pair
         {"\xF4\x90\x80\x80", r + r + r + r},  // beyond the last character
@@ -74,7 +74,7 @@ TEST(JsonStream, AnyBytesMakeJsonWithoutMarkup) {
         const std::string json = writtenText(text);
         ASSERT_EQ(json.find_first_of("<>&"), std::string::npos);
         const std::string back = Json::parse(json).get<std::string>();
-        // Where the text is UTF-8, nothing is replaced.
+        // A text that is UTF-8 is unchanged.
         if (ttconfig::withReplacedBytes(text) == text) {
             ASSERT_EQ(back, text);
         }

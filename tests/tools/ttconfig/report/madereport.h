@@ -8,12 +8,12 @@
 
 namespace tests {
 
-// The folder of the sample settings, as seen from the folder that the client would run in.
+// The folder of the sample settings, relative to the folder that the client runs in.
 inline std::string sampleFolder() {
     return std::string(TT_SOURCE_DIR) + "/samples/bin";
 }
 
-// The JSON data of a page, as text; empty when the page has none.
+// The page's JSON data as text; empty when the page has none.
 inline std::string dataText(const std::string& page) {
     const std::string start = "<script type=\"application/json\" id=\"data\">";
     const auto begin = page.find(start);
@@ -22,7 +22,7 @@ inline std::string dataText(const std::string& page) {
     return page.substr(begin + start.size(), end - begin - start.size());
 }
 
-// A settings file and the report about it, made by the program itself.
+// A settings file and the report that the program makes about it.
 class MadeReport {
 public:
     explicit MadeReport(const std::vector<std::string>& options, const std::string& folderToRunIn = sampleFolder()) {

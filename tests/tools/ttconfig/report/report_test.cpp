@@ -22,7 +22,7 @@ using tests::ToolRun;
 
 constexpr const char* kSettings = "[setting]\nneedmaxamount=12\n";
 
-// One message and the exit code.
+// Expects one message and the exit code.
 void expectRefused(const ToolRun& run, int exitCode, const std::string& matter) {
     EXPECT_EQ(run.exitCode, exitCode) << run.err;
     EXPECT_THAT(run.err, StartsWith("ttconfig: "));
@@ -31,7 +31,7 @@ void expectRefused(const ToolRun& run, int exitCode, const std::string& matter) 
     EXPECT_THAT(run.out, IsEmpty());
 }
 
-// Files in the folder besides those named.
+// Files in the folder other than those named.
 std::vector<std::string> othersIn(const TempFolder& folder, const std::vector<std::string>& known) {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(folder.path(""))) {
@@ -50,7 +50,7 @@ TEST(Report, IsOnePageWithoutAnythingFromOutside) {
     EXPECT_THAT(report.page, HasSubstr("default-src 'none'"));
     for (const char* outside : {"http://", "https://", " src=", "<link", "@import", "url("})
         EXPECT_THAT(report.page, Not(HasSubstr(outside)));
-    // No mark of the template is left.
+    // No placeholder of the template is left.
     for (const char* mark : {"@POLICY@", "@TITLE@", "@STYLE@", "@DATA@", "@SCRIPT@"})
         EXPECT_THAT(report.page, Not(HasSubstr(mark)));
 }
@@ -108,7 +108,7 @@ TEST(Report, ReplacesAnEarlierPage) {
     fs::create_symlink(page, folder.path("link.html"));
     EXPECT_EQ(runTool({"report", "--settings", settings, "-o", page}).exitCode, 0);
     EXPECT_THAT(fileText(page), StartsWith("<!doctype html>"));
-    // A link is followed, it is not replaced.
+    // A link is followed, not replaced.
     folder.write("report.html", "before");
     EXPECT_EQ(runTool({"report", "--settings", settings, "-o", folder.path("link.html")}).exitCode, 0);
     EXPECT_TRUE(fs::is_symlink(folder.path("link.html")));
@@ -145,7 +145,7 @@ TEST(Report, APlaceWhereNoPageCanBeIsRefused) {
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
-// A file may grow to 8 blocks and no further, as on a full disk.
+// A file can grow to 8 blocks at most, as on a full disk.
 TEST(Report, AFullDiskLeavesWhatWasThereBefore) {
     const TempFolder folder;
     const std::string settings = folder.write("settings.ini", kSettings);
@@ -182,7 +182,7 @@ TEST(Report, SaysWhyThereAreNoSessions) {
     EXPECT_THAT(other.data().at("sessions").at("trouble").get<std::string>(), HasSubstr("lists no markets"));
 }
 
-// Keys, values, section names and the file's own name: none of them becomes markup.
+// Keys, values, section names and the file's own name must not become markup.
 TEST(Report, HostileTextStaysText) {
     const std::string evil = "</script><img src=x onerror=alert(1)><!--";
     const TempFolder folder;
@@ -195,7 +195,7 @@ TEST(Report, HostileTextStaysText) {
     EXPECT_THAT(report.page, HasSubstr("a&lt;b&gt;&#39;&quot;&amp;.ini"));
     const std::string data = tests::dataText(report.page);
     EXPECT_EQ(data.find_first_of("<>&"), std::string::npos);
-    // It is there all the same, and what is no UTF-8 is replaced.
+    // The text is there all the same, with bytes that are not UTF-8 replaced.
     EXPECT_THAT(report.data().dump(), HasSubstr("</script><img src=x onerror=alert(1)>"));
     EXPECT_EQ(report.data().at("source").at("lines").at(5), "\xEF\xBF\xBD\xEF\xBF\xBD=\xEF\xBF\xBD");
 }

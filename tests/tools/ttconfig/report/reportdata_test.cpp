@@ -65,7 +65,7 @@ Json tableOf(const Json& data, const char* title) {
 
 const std::string kSampleText = tests::fileText(std::string(TT_SOURCE_DIR) + "/samples/settings.ini");
 
-// A line for each member, and one for each of its elements.
+// One line for each member, and one for each of its elements.
 std::string linesOf(const nlohmann::ordered_json& data) {
     std::string text;
     for (const auto& [name, value] : data.items()) {
@@ -76,7 +76,7 @@ std::string linesOf(const nlohmann::ordered_json& data) {
     return text;
 }
 
-// Everything the page is told about a small pair of files, but what check and diff say of them and the versions.
+// All the page's data about a small pair of files, except the results of check and diff, and the versions.
 TEST(ReportData, OfASmallPairOfFilesIsAsRecorded) {
     const fs::path folder = fs::path(TT_SOURCE_DIR) / "tests/tools/ttconfig/report/golden";
     fs::current_path(fs::path(TT_SOURCE_DIR) / "tests/tools/ttconfig/sessions/settings");
@@ -135,7 +135,7 @@ TEST(ReportData, ValuesByPlatformAreAsTheStoreAnswers) {
     }
 }
 
-// Of two rows for one item the later one counts; market and item are in upper case.
+// The later of two rows for one item counts; market and item are in upper case.
 TEST(ReportData, LimitRowsAreThoseThatCount) {
     const Json data = dataOf(
         "[StkExchangeOrderLimit]\nsh-stock,SZ-STOCK=1,a\nSH-600000=x,b\nSH-X=1\nSH-Y=1,2,3\n"
@@ -151,7 +151,7 @@ TEST(ReportData, ChangedRowsCarryWhatTheyWereBefore) {
                                                             ["SH","C",[4,"u"],3,null,0]])"));
 }
 
-// Keys that answer no question are shown as they are written, and nothing is shown twice.
+// Keys that answer no question are shown as written, and nothing is shown twice.
 TEST(ReportData, EveryKeyOfTheCatalogueIsShownOnce) {
     using ttservice::internal::kSettingKeys;
     using ttservice::internal::ValueGrammar;
@@ -167,7 +167,7 @@ TEST(ReportData, EveryKeyOfTheCatalogueIsShownOnce) {
     for (const Json& row : data.at("others"))
         shown.insert(row.at(0).get<std::string>() + '/' + row.at(1).get<std::string>());
     for (const auto& key : kSettingKeys) {
-        // Those whose rows have tables of their own.
+        // Keys whose rows have tables of their own.
         const bool isRow =
             key.grammar >= ValueGrammar::OrderLimitRow && key.grammar <= ValueGrammar::FixedIncomeNumbers;
         if (isRow || key.section == "StandardBondUseLimit") continue;
@@ -202,7 +202,7 @@ TEST(ReportData, ChangesAreThoseOfDiff) {
     EXPECT_EQ(dataOf("[setting]\n").at("changes"), nullptr);
 }
 
-// --- what is too much for a page
+// --- more than a page can hold
 
 TEST(ReportData, LongTablesAreCutAndSaySo) {
     std::string text =
@@ -247,7 +247,7 @@ TEST(ReportData, OfALongFileOnlyTheLinesReferredToAreShown) {
                                               [6,"unknown=xxxxxxxxxxxx..."]])"));
 }
 
-// Whatever line the data refers to is there to be shown.
+// Every line that the data refer to can be shown.
 TEST(ReportData, EveryLineReferredToIsInTheSource) {
     ReportBounds bounds;
     bounds.wholeSource = 0;

@@ -19,7 +19,7 @@ using tests::Browser;
 using tests::MadeReport;
 using Json = nlohmann::json;
 
-// What the pages under test have in common: two frames are drawn, so that what follows an input has been drawn, too.
+// Common to all pages under test. Waits for two frames, so that the result of an input has been drawn.
 constexpr const char* kDrawn =
     "new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(() => done(0))))";
 
@@ -74,7 +74,7 @@ protected:
 
 const std::string kSampleText = tests::fileText(std::string(TT_SOURCE_DIR) + "/samples/settings.ini");
 
-// The number of the sample's line that starts like this.
+// The number of the sample's first line with this beginning.
 int lineOfSample(const std::string& start) {
     const auto at = kSampleText.find('\n' + start);
     EXPECT_NE(at, std::string::npos) << start;
@@ -121,7 +121,7 @@ TEST_F(ReportPage, LandmarksHeadingsAndNamesAreThere) {
 TEST_F(ReportPage, SearchKeepsSwitchesByNameKeyAndMeaning) {
     open(MadeReport(kSample));
     const std::pair<const char*, const char*> rows[] = {
-        {"isNeedMaxAmountPts", "1 of 110 switches"},  // a name, letter case aside
+        {"isNeedMaxAmountPts", "1 of 110 switches"},  // a name, ignoring letter case
         {"ISNEEDMAXAMOUNT", "1 of 110 switches"},
         {"sloeepayreduceposition", "1 of 110 switches"},    // a key
         {"acts on the error number", "1 of 110 switches"},  // words of a meaning
@@ -153,7 +153,7 @@ TEST_F(ReportPage, PlatformsAndTicksNarrowTheMatrix) {
     EXPECT_THAT(texts("#values tbody td:nth-child(2)"), testing::Each("47"));
     typeInto("platforms", "12, 15");
     tick("differing");
-    // The two differ in what the file lists one of them under, and not the other.
+    // Only switches for which the two platforms differ remain.
     const auto shown = texts("#grid [role=rowheader]");
     EXPECT_FALSE(shown.empty());
     EXPECT_THAT(shown, testing::Contains("isETFCashNotIncAvailableetfCashNotIncAvailable"));
@@ -201,7 +201,7 @@ TEST_F(ReportPage, IsWorkedByKeyboard) {
     draw();
     EXPECT_EQ(browser->text("document.getElementById('search').value"), "");
     EXPECT_THAT(textOf("#counts"), StartsWith("110 of 110"));
-    // Everything from the search to the matrix is reached by Tab.
+    // Tab reaches everything from the search to the matrix.
     for (int i = 0; i < 20 && focus() != "grid"; ++i)
         browser->press("Tab");
     ASSERT_EQ(focus(), "grid");
@@ -257,7 +257,7 @@ TEST_F(ReportPage, ShowsWhatChanged) {
                 ElementsAre("platform 12: off, was on", "platform 15: on, was off"));
     EXPECT_THAT(texts("#limits tbody tr td:first-child"), ElementsAre("Δ removed", "Δ changed", "Δ added"));
     EXPECT_THAT(textOf("#scalars tbody tr"), HasSubstr("6 (was 5)"));
-    // The older file can be looked at, too.
+    // The older file can be viewed too.
     browser->evaluate("document.querySelector('#limits tr.removed a').click()");
     draw();
     EXPECT_EQ(browser->text("location.hash"), "#O5");
@@ -284,7 +284,7 @@ TEST_F(ReportPage, HostileTextIsShownAsText) {
     EXPECT_THAT(browser->complaints(), IsEmpty());
 }
 
-// The policy holds: what is put into the page from elsewhere neither runs nor reaches out.
+// The content security policy holds: foreign content neither runs nor loads anything.
 TEST_F(ReportPage, LetsNothingIn) {
     open(MadeReport(kSample));
     browser->evaluate(
@@ -317,7 +317,7 @@ TEST_F(ReportPage, FollowsTheSystemsThemeAndTheButton) {
     EXPECT_EQ(paper(), dark);
 }
 
-// Text against what is behind it, in both themes.
+// The contrast of text with its background, in both themes.
 TEST_F(ReportPage, TextStandsOutFromItsBackground) {
     open(MadeReport(kSample));
     constexpr const char* kLowestContrast = R"js((() => {
@@ -357,7 +357,7 @@ TEST_F(ReportPage, OnPaperTheMatrixIsAList) {
     EXPECT_THAT(browser->complaints(), IsEmpty());
 }
 
-// --- much data
+// --- large amounts of data
 
 std::string manyPlatforms() {
     std::string text = "[setting]\n";
@@ -398,11 +398,11 @@ TEST_F(ReportPage, FiveHundredPlatformsStayUsable) {
                 "document.body.offsetHeight; most = Math.max(most, performance.now() - start); } return most; })()")
             .get<double>();
     std::cout << "first paint after " << paint << " ms, slowest filtering " << filtering << " ms\n";
-    // Half a second and a tenth are what is aimed at. They are shown, not judged: the machine may be busy. What keeps
-    // the page quick is judged: how few elements it has.
+    // The goals are half a second and a tenth of a second. The times are shown but not checked, since the machine may
+    // be busy. The test checks what keeps the page fast: the small number of elements.
     EXPECT_GT(paint, 0);
     EXPECT_GT(filtering, 0);
-    // Far to the right and down: cells are drawn when they come into sight.
+    // Far right and far down, cells are drawn when they come into view.
     browser->evaluate("document.getElementById('grid').focus()");
     browser->press("End", Browser::kControl);
     draw();

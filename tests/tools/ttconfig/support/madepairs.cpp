@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view kSeparators = ";,|";
 
-// What is left of both texts without what they have in common at either end.
+// Both texts without their common beginning and end.
 std::pair<std::string_view, std::string_view> differing(std::string_view before, std::string_view after) {
     const auto front = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
     const auto same = static_cast<std::size_t>(front.first - before.begin());
@@ -34,7 +34,7 @@ std::string joined(const std::vector<std::string_view>& pieces, char separator) 
     return text;
 }
 
-// Numbers as people write them, and as edits do.
+// Numbers as people write them, and as edits write them.
 std::string plain(std::string text) {
     boost::algorithm::replace_all(text, "1e3", "1000");
     for (const char* before : {",", "=", ":", ";"})
@@ -115,12 +115,12 @@ std::string MadePairs::changedPieces(const Line& line, MadeChange kind) {
     return joined(pieces, separator);
 }
 
-// Of each section as often as of any other, however long it is.
+// Chooses each section with equal probability, however long it is.
 std::size_t MadePairs::anyPlace(const std::vector<Line>& lines) {
     std::map<std::string_view, std::vector<std::size_t>> places;
     for (std::size_t i = 0; i < lines.size(); ++i)
         places[lines[i].section].push_back(i);
-    // The main section has most of the keys.
+    // The main section has most of the keys, so prefer it.
     const auto main = places.find("setting");
     const bool isMain = main != places.end() && below(2) == 0;
     const auto section = isMain ? main : std::next(places.begin(), static_cast<std::ptrdiff_t>(below(places.size())));

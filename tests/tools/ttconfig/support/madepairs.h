@@ -12,7 +12,7 @@
 
 namespace tests {
 
-// What became of the line in which two settings texts differ.
+// How the line in which two settings texts differ has changed.
 enum class MadeChange { AddedLine, RemovedLine, OtherValue, OtherKey, AddedPiece, RemovedPiece, OtherPiece };
 
 std::string_view wordOf(MadeChange change);
@@ -22,14 +22,14 @@ struct MadePair {
     std::string before;
     std::string after;
     MadeChange kind;
-    std::uint32_t line;        // of the text after the change, the one that changed
-    std::size_t changedBytes;  // taken out and put in, what both have in common at either end left out
+    std::uint32_t line;        // the changed line, in the text after the change
+    std::size_t changedBytes;  // removed and inserted, without the common beginning and end
 
-    // What is taken out and what is put in.
+    // What is removed and what is inserted.
     std::string shown() const;
 };
 
-// Makes such pairs out of made settings texts: the line that changes takes what it needs from a second made text.
+// Makes such pairs from generated settings texts; the changed line takes its material from a second generated text.
 class MadePairs {
 public:
     explicit MadePairs(unsigned seed);
@@ -48,7 +48,7 @@ private:
     static std::string textOf(const std::vector<Line>& lines);
 
     std::size_t below(std::size_t count) { return random() % count; }
-    // A line of the other text with that section, and with that key where it has one; the line itself without any.
+    // A line of the other text in the same section, with the same key if there is one; the line itself otherwise.
     Line otherLike(const Line& line);
     std::size_t anyPlace(const std::vector<Line>& lines);
     std::string changedPieces(const Line& line, MadeChange kind);
@@ -59,7 +59,7 @@ private:
     std::vector<Line> second;
 };
 
-// Arguments for a call, most of them such as a made settings text names.
+// Arguments for a call, most of them named in a generated settings text.
 ttconfig::Arguments madeArguments(MadeQuestions& made, const std::string& name, const ttconfig::Call& call);
 
 }  // namespace tests

@@ -21,7 +21,7 @@ const Texts kProducts = {"P1", "P2", "p1", "A", "B", "C", ""};
 const Texts kTypes = {"TWAP", "VWAP", "POV", "twap", ""};
 const Texts kFunds = {"SH511880", "SH600000", "ALL", "", "SZ123001", "ALL"};
 
-// A few switches that both files and questions go by, so that they meet.
+// A few switches for both files and questions, so that they coincide.
 Texts fewSwitches() {
     Texts keys = {"notneedcalcenbalevoluebyenablemargin", "notqueryalgopermission", "needmaxamount", "unknown"};
     using namespace ttservice::internal;

@@ -8,8 +8,8 @@
 
 namespace tests {
 
-// Makes settings files in which keys, rows and items of every kind stand beside near misses of them: the few platforms,
-// markets, codes and products that MadeQuestions asks for come up all the time.
+// Makes settings files that mix valid keys, rows and items of every kind with near misses. They use the few platforms,
+// markets, codes and products that MadeQuestions asks about.
 class MadeSettings {
 public:
     explicit MadeSettings(unsigned seed) : random(seed) {}
@@ -21,7 +21,7 @@ private:
 
     bool oneIn(unsigned count) { return random() % count == 0; }
     const std::string& any(const std::vector<std::string>& values) { return values[random() % values.size()]; }
-    // So many pieces at most, with the separator between them.
+    // At most this many pieces, with the separator between them.
     std::string list(const std::vector<std::string>& pieces, const char* separator, unsigned most);
 
     std::string sectionText(const std::string& section);
@@ -34,7 +34,7 @@ private:
     std::mt19937 random;
 };
 
-// Makes the arguments of a question, most of them such as a made settings file names.
+// Makes the arguments of a question, most of them named in a generated settings file.
 class MadeQuestions {
 public:
     explicit MadeQuestions(unsigned seed) : random(seed) {}

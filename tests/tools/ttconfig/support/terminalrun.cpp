@@ -10,7 +10,7 @@ namespace tests {
 
 namespace {
 
-// In the child: never comes back.
+// Runs in the child and never returns.
 [[noreturn]] void becomeTool(std::vector<std::string> arguments, Terminal which, const char* terminal,
                              const std::vector<std::string>& environment) {
     const int nothing = open("/dev/null", O_RDWR);
@@ -43,7 +43,7 @@ std::string runOnTerminal(const std::vector<std::string>& arguments, Terminal wh
     const int master = posix_openpt(O_RDWR | O_NOCTTY);
     if (master < 0 || grantpt(master) != 0 || unlockpt(master) != 0) return "no terminal";
     const char* name = ptsname(master);
-    const int kept = open(name, O_RDWR | O_NOCTTY);  // what the child wrote stays readable after its end
+    const int kept = open(name, O_RDWR | O_NOCTTY);  // keeps the child's output readable after it ends
     const pid_t child = fork();
     if (child == 0) becomeTool(arguments, which, name, environment);
     std::string told;

@@ -5,11 +5,11 @@
 
 namespace tests {
 
-// Which of the tool's streams a terminal is behind; the others are /dev/null.
+// Which of the tool's streams is a terminal; the others are /dev/null.
 enum class Terminal { Output, Error };
 
-// Runs the tool with one stream on a terminal of its own, with these further variables in its environment ("A=b"; "A"
-// takes a variable away), and answers everything that the terminal was told.
+// Runs the tool with one stream on a terminal of its own and these changes to the environment: "A=b" sets a variable,
+// "A" removes one. Returns everything written to the terminal.
 std::string runOnTerminal(const std::vector<std::string>& arguments, Terminal which,
                           const std::vector<std::string>& environment = {});
 

@@ -12,7 +12,7 @@ namespace tests {
 
 namespace {
 
-// A word for the shell, whatever it holds.
+// Quotes a word for the shell, whatever it contains.
 std::string quoted(const std::string& word) {
     std::string text = "'";
     for (const char c : word)

@@ -6,9 +6,9 @@
 
 namespace tests {
 
-// What a run of the tool left behind.
+// The result of running the tool.
 struct ToolRun {
-    int exitCode = -1;  // -1 when it was ended by a signal
+    int exitCode = -1;  // -1 when a signal ended it
     std::string out;
     std::string err;
 
@@ -16,20 +16,20 @@ struct ToolRun {
     std::vector<std::string> lines() const;
 };
 
-// Runs the tool with these arguments on this input, in a process of its own.
+// Runs the tool in a child process with these arguments and this input.
 ToolRun runTool(const std::vector<std::string>& arguments, std::string_view input = {});
 
 // Runs a shell command in which $TTCONFIG is the tool, for redirections and pipes.
 ToolRun runShell(const std::string& command, std::string_view input = {});
 
-// The same where no file can grow beyond so many blocks of 512 bytes, as on a disk that is full then.
+// The same, but no file can grow beyond this many blocks of 512 bytes, as if the disk were full.
 ToolRun runOnFullDisk(int blocks, const std::string& command);
 
-// The beginning of such a command that may not write everywhere, or not all: what a build that counts coverage writes
-// at its end goes into this folder, where nobody looks, so that no half of it stays and nothing is said of it.
+// The start of such a command that cannot write everywhere, or not everything. A coverage build writes its data at
+// exit; they go into this folder, which is ignored, so that no partial data and no complaints remain.
 std::string withCountersIn(const std::string& folder);
 
-// The bytes of a file; empty when there is none.
+// The bytes of a file; empty when it does not exist.
 std::string fileText(const std::string& path);
 
 }  // namespace tests

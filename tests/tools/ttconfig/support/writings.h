@@ -8,7 +8,7 @@
 
 namespace tests {
 
-// An answer in the ways in which the tool prints it.
+// An answer in all the ways in which the tool prints it.
 inline std::vector<std::string> writings(const ttconfig::Answer& answer) {
     return {ttconfig::answerText(answer), ttconfig::answerJson(answer),
             ttconfig::answerJson(ttconfig::withoutRecordNumbers(answer))};
