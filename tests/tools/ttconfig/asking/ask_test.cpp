@@ -1,4 +1,4 @@
-// `ttconfig ask`: one question, one line.
+// `ttconfig ask`: one question, one line of answer.
 
 #include <gmock/gmock.h>
 

@@ -1,12 +1,12 @@
-// Golden sessions: every file in sessions/ is answered as the file beside it says, each by a process of its own.
+// Golden sessions: every file in sessions/ is answered as recorded beside it, each by a process of its own.
 //
 //   NAME.jsonl     the requests; lines that start with "#" are comments here and are not sent
 //   NAME.expected  the answers, with comments too
-//   NAME.options   further words of the command line, one a line; need not be there
-//   NAME.stderr    the standard error stream, to the letter; not looked at without this file
-//   NAME.log       the log file, to the letter; not looked at without this file
+//   NAME.options   further command-line words, one per line; optional
+//   NAME.stderr    the exact standard error output; not checked without this file
+//   NAME.log       the exact log file; not checked without this file
 //
-// A session starts in sessions/settings, so that files there go by their names and the market-time script is the one in
+// A session starts in sessions/settings, so files there need no path, and the market-time script is the one in
 // sessions/luaScripts.
 
 #include <gmock/gmock.h>

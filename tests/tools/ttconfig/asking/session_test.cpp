@@ -1,4 +1,4 @@
-// `ttconfig session`: one answer a line, whatever the line is.
+// `ttconfig session`: one answer per line, whatever the line is.
 
 #include <gmock/gmock.h>
 
@@ -54,7 +54,7 @@ TEST(Session, TakesLinesThatEndAsOnWindows) {
     EXPECT_EQ(session(kAnswerable + "\r\n" + kAnswerable + "\r\n").out, "{\"ok\":30}\n{\"ok\":30}\n");
 }
 
-// Every one of them is answered by an error that says this, and the request behind it by its answer.
+// Each line gets an error with this text, and the request after it gets its answer.
 TEST(Session, GoesOnAfterWhatCannotBeCarriedOut) {
     const std::pair<std::string, const char*> rows[] = {
         {"", "not JSON: "},
@@ -70,7 +70,7 @@ TEST(Session, GoesOnAfterWhatCannotBeCarriedOut) {
         {R"({"call":"\udc00\ud800"})", "not JSON: "},
         {R"({"call":"getPts","args":[1e400]})", "wanted text"},
         {R"({"call":"getPts","args":[NaN]})", "not JSON: "},
-        // what is no JSON beside a number that no double can hold is none either
+        // text that is not JSON stays invalid beside a number too large for a double
         {R"({"call":"getDelayPushTime","id":1e999-1e999})", "not JSON: column 41"},
         {R"({"call":"getDelayPushTime","id":[1e999,1e]})", "not JSON: column 42"},
         {R"({"call":"getDelayPushTime","id":[1e999,01]})", "not JSON: column 41"},
@@ -310,7 +310,7 @@ TEST(Session, RecordsKeepTheirNumbers) {
     EXPECT_EQ(nlohmann::json::parse(lines[2])["ok"]["@"].is_number_integer(), true);
 }
 
-// --- what an operation throws, on a table of the test's own
+// --- what an operation throws, with a table made for the test
 
 TEST(AnswerLine, AnExceptionOutOfTheLibraryIsAnError) {
     ttconfig::CallTable table;

@@ -1,4 +1,4 @@
-// The call table and the public headers name the same operations; overloads are told apart.
+// The call table and the public headers name the same operations; overloads are distinguished.
 
 #include "ttconfig/calls/calltable.h"
 
@@ -33,7 +33,7 @@ void add(Operations& all, const std::string& prefix, const Operations& more) {
         all[prefix + name] += overloads;
 }
 
-// A new public header is one more line here.
+// For a new public header, add a line here.
 Operations declaredCalls() {
     Operations all;
     const std::string config = "libs/traderbase/base/config/";
@@ -46,7 +46,8 @@ Operations declaredCalls() {
     add(all, "LuaConfig.", tests::publicOperations(header("base/src/luaconfig/luaconfig.h"), "LuaConfig"));
     add(all, "Configuration.",
         tests::publicOperations(header("platform/include/ttplatform/configuration.h"), "Configuration"));
-    // The way to a singleton is taken by every call; an interpreter's construction and end have names of their own.
+    // Left out: access to a singleton, which every call uses, and an interpreter's constructor and destructor, which
+    // have names of their own.
     all.erase("instance");
     all.erase("AlgorithmParamConfig.instance");
     all["LuaConfig.new"] = 1;
@@ -80,7 +81,7 @@ TEST(CallTable, HoldsNothingThatIsNoPublicOperation) {
     EXPECT_THAT(missingFrom(declaredCalls(), boundCalls()), testing::IsEmpty());
 }
 
-// What the comparison above rests on.
+// The comparison above relies on this.
 TEST(DeclaredOperations, AreReadFromThePublicPartOfAClassOnly) {
     const std::string text = R"(
         class Other;
@@ -120,7 +121,7 @@ TEST(DeclaredOperations, OfAHeaderOfFunctionsAreTheMarkedOnes) {
     EXPECT_EQ(tests::markedFunctions(text, "API"), expected);
 }
 
-// --- overloads and refusals, on a table of the test's own
+// --- overloads and refusals, with a table made for the test
 
 CallTable sampleTable() {
     CallTable table;

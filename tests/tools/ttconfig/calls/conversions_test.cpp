@@ -1,4 +1,4 @@
-// Values between C++ and JSON, and operations bound by their types alone.
+// Values between C++ and JSON, and operations bound by their types.
 
 #include <gmock/gmock.h>
 
@@ -48,7 +48,7 @@ Value taken(const Argument& value) {
     return ttconfig::FromJson<Value>::from(value, records);
 }
 
-// Why a value is not taken; empty when it is.
+// Why a value is refused; empty when it is accepted.
 template <typename Value>
 std::string refusal(const char* json) {
     try {

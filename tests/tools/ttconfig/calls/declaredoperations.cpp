@@ -7,7 +7,7 @@ namespace tests {
 
 namespace {
 
-// The text without comments, and without the lines of the preprocessor.
+// The text without comments and preprocessor lines.
 std::string plainText(const std::string& header) {
     std::string text;
     bool lineStart = true;
@@ -45,7 +45,7 @@ bool isNamePart(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
 }
 
-// The statements of a block, cut at ";" and at bodies, with "public:" and the like as statements of their own.
+// The statements of a block, split at ";" and at bodies; "public:" and the like are statements of their own.
 std::vector<std::string> statements(const std::string& block) {
     std::vector<std::string> found;
     std::string current;
@@ -64,7 +64,7 @@ std::vector<std::string> statements(const std::string& block) {
     return found;
 }
 
-// The block between the braces that open behind this place.
+// The block between the next pair of matching braces after this position.
 std::string blockBehind(const std::string& text, std::size_t at) {
     const std::size_t open = text.find('{', at);
     int depth = 0;
@@ -75,7 +75,7 @@ std::string blockBehind(const std::string& text, std::size_t at) {
     return {};
 }
 
-// The name in front of the first parenthesis; empty for what declares no operation that could be called.
+// The name before the first parenthesis; empty for a statement that declares no callable operation.
 std::string operationName(const std::string& statement) {
     const std::size_t parenthesis = statement.find('(');
     if (parenthesis == std::string::npos) return {};

@@ -5,10 +5,10 @@
 
 namespace tests {
 
-// The public operations that the text of a header declares, by name, with the number of their overloads. Constructors,
-// destructors, operators and deleted operations do not count.
+// The public operations that a header declares, by name, with the number of their overloads. Leaves out constructors,
+// destructors, operators and deleted operations.
 
-// Those of a class; rows of tables that the class includes are not seen.
+// The operations of a class, without rows of tables that the class includes.
 std::map<std::string, int> publicOperations(const std::string& header, const std::string& className);
 
 // The free functions that carry the mark.

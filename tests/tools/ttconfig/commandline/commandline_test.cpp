@@ -78,13 +78,13 @@ TEST(CommandLine, TellsItsVersionAndTheLibrarys) {
 }
 
 TEST(CommandLine, TakesAnEmptyValueBehindTheEqualSign) {
-    // A name that is empty is the name of no file; the word behind it is not taken for one.
+    // An empty name is never the name of a file, and the next word is not taken as the value.
     const ToolRun file = runTool({"ask", "--settings=", "getRefLimit"});
     EXPECT_EQ(file.exitCode, 3);
     EXPECT_THAT(file.err, HasSubstr("settings file"));
     EXPECT_EQ(runTool({"check", "--explain=", "x.ini"}).exitCode, 2);
     EXPECT_EQ(runTool({"switches", "--format="}).exitCode, 2);
-    // An option without a value, and words behind "--", are what they were.
+    // This does not apply to options without a value, nor to words after "--".
     EXPECT_EQ(runTool({"ask", "--test=", "getRefLimit"}).exitCode, 2);
     EXPECT_EQ(runTool({"ask", "getMaxPermission", "--", "--settings="}).exitCode, 0);
 }
@@ -162,7 +162,7 @@ TEST(CommandLine, AMisspeltSubcommandIsToldWhatItIsNearTo) {
         EXPECT_EQ(run.exitCode, 2) << row.meant;
         EXPECT_THAT(run.err, HasSubstr("did you mean " + std::string(row.meant) + "?"));
     }
-    // Nothing is near, what is hidden is not told, and words elsewhere are no subcommands.
+    // No suggestion: nothing is near, the name is hidden, or the word is not in place of a subcommand.
     const std::vector<std::vector<std::string>> others = {
         {"frobnicate"}, {"completion", "word"}, {"switches", "check"}};
     for (const auto& words : others)

@@ -1,4 +1,4 @@
-// The completion: what the last word may become, and the shells that ask for it.
+// Completion: what the last word can become, and the shells that ask for it.
 
 #include <gmock/gmock.h>
 
@@ -106,7 +106,7 @@ public:
         std::filesystem::create_symlink(TTCONFIG_PATH, folder.path("bin/ttconfig"));
     }
 
-    // Runs a script of a shell; what it completes it prints, a word a line.
+    // Runs a shell script, which prints the completions, one per line.
     ToolRun run(const std::string& shell, const std::string& script) const {
         folder.write("script", script);
         return tests::runShell("cd '" + folder.path("") + "' && PATH=\"$PWD/bin:$PATH\" " + shell + " script");
@@ -116,8 +116,8 @@ private:
     tests::TempFolder folder;
 };
 
-// What bash makes of this line when the cursor stands behind it. Splitting it into words is readline's work, and here
-// that of a loop with the same delimiters.
+// What bash completes for this line when the cursor is at its end. In bash, readline splits the line into words; here a
+// loop with the same delimiters does.
 std::vector<std::string> bashCompletions(const std::string& line) {
     const ShellFolder folder;
     const std::string script = R"sh(
@@ -166,7 +166,7 @@ TEST(Completion, WorksInBash) {
         std::vector<std::string> found = bashCompletions(row.line);
         if (std::string(row.line) == "ttconfig check de" ||
             std::string(row.line).find("--settings") != std::string::npos) {
-            // A file may be anywhere, so folders are named too.
+            // A file may be in any folder, so folders are offered too.
             EXPECT_THAT(found, testing::UnorderedElementsAre("desk.ini", "deeper")) << row.line;
         } else {
             EXPECT_EQ(found, row.become) << row.line;
@@ -207,7 +207,7 @@ TEST(Completion, WorksInZsh) {
     const ToolRun syntax = folder.run("zsh -f -n", tests::runTool({"completion", "zsh"}).out);
     EXPECT_EQ(syntax.exitCode, 0);
     EXPECT_EQ(syntax.err, "");
-    // The completion system's own functions say what they were told.
+    // The completion system's own functions, replaced by ones that print their arguments.
     const std::string script = R"sh(
 compdef() { print -r "compdef $*" }
 _describe() { shift; print -rl -- "${(@P)1}"; (($# > 1)) && print -r "open"; return 0 }

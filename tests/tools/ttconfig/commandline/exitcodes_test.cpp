@@ -1,4 +1,4 @@
-// The exit codes: every subcommand with every code that it can end with.
+// Exit codes: every subcommand with every code that it can end with.
 
 #include <gmock/gmock.h>
 
@@ -17,8 +17,8 @@ namespace {
 using testing::StartsWith;
 using tests::ToolRun;
 
-// The command line is run in a folder with the files that are named here; 4 is reached by an answer that cannot be
-// written, which is the one way that there is from outside.
+// The command line runs in a folder with the files named here. Code 4 needs an answer that cannot be written, the only
+// way to cause it from outside.
 struct Row {
     const char* line;
     int code;
@@ -30,7 +30,7 @@ constexpr Row kRows[] = {
     {"session --settings missing.ini", 3},
     {"session <requests >/dev/full", 4},
 
-    {"ask isNeedMaxAmountPts 13 --settings good.ini", 0},  // whatever the answer is
+    {"ask isNeedMaxAmountPts 13 --settings good.ini", 0},  // for any answer
     {"ask --test isNeedMaxAmountPts 12 --settings good.ini", 0},
     {"ask --test isNeedMaxAmountPts 13 --settings good.ini", 1},
     {"ask --test isNeedMaxAmountPts 13 --settings good.ini --format json", 1},
@@ -200,7 +200,7 @@ TEST(ExitCodes, SayHowEachSubcommandEnded) {
     }
 }
 
-// One message and no answer. (Notes of the client's own about what it loads are no messages of this kind.)
+// One message and no answer. (Notes that the client prints about what it loads do not count.)
 TEST(ExitCodes, OfUnusableFilesComeWithOneMessage) {
     const Folder folder;
     for (const Row& row : kRows) {
@@ -214,7 +214,7 @@ TEST(ExitCodes, AreTriedForEverySubcommand) {
     std::map<std::string, std::set<int>> tried;
     for (const Row& row : kRows)
         tried[subcommandOf(row.line)].insert(row.code);
-    // Who reads no file cannot fail to; the report goes to a file of its own.
+    // A subcommand that reads no file cannot fail to read one; the report is written to a file.
     const std::set<std::string> readNothing = {"keys", "completion bash", "completion zsh", "completion fish"};
     const std::set<std::string> judge = {"ask", "check", "diff", "test", "script check"};
     for (const auto& words : tests::allSubcommands()) {

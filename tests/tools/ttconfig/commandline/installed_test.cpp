@@ -1,4 +1,4 @@
-// What is installed: a program that finds its libraries, its manual page, and what the shells need.
+// What is installed: a program that finds its libraries, its manual page, and the shell completions.
 
 #include <gmock/gmock.h>
 

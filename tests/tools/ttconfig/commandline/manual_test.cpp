@@ -1,4 +1,4 @@
-// The manual page: complete, and what the man program wants.
+// The manual page: complete, and in valid form for the man program.
 
 #include <gmock/gmock.h>
 
@@ -14,7 +14,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 using tests::ToolRun;
 
-// As the page writes it.
+// The text as the page writes it.
 std::string roff(const std::string& word) {
     std::string text;
     for (const char c : word)

@@ -1,5 +1,5 @@
-// `ttconfig diff`, `platform`, `keys` and `test`, as people run them: answers/cases holds command lines, one a line,
-// and answers/answers.expected what is printed for each.
+// `ttconfig diff`, `platform`, `keys` and `test`, as people run them: answers/cases holds one command line per line,
+// answers/answers.expected what each prints.
 
 #include <gmock/gmock.h>
 
@@ -47,7 +47,7 @@ TEST(Answers, PrintWhatIsRecorded) {
         all += "$ " + line + '\n' + run.out + run.err + "exit code " + std::to_string(run.exitCode) + "\n\n";
     }
     if (all == tests::fileText(kFolder + "/answers.expected")) return;
-    // What came out, to be looked at and put in place of the record.
+    // Writes the actual output, to be reviewed and put in place of the recorded one.
     const std::string path = TT_BINARY_DIR "/answers.received";
     std::ofstream(path, std::ios::binary) << all;
     FAIL() << "differs: diff " << kFolder << "/answers.expected " << path;

@@ -1,4 +1,4 @@
-// Lines of an expectation file: what they ask, and what is wrong with them.
+// Lines of an expectation file: what they ask, and what can be wrong with them.
 
 #include "ttconfig/expectations/expectation.h"
 

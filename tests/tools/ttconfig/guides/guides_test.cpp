@@ -1,10 +1,10 @@
-// The guides and the README: their files are written, their commands are run, and the answers are those that are shown.
+// The guides and the README: writes their files, runs their commands, and compares the output with what they show.
 //
 //   ```ini NAME, ```text NAME   a file of that name in the folder where the guide's commands run
-//   ```console                  a line "$ COMMAND" is run by bash; what stands below it is what it says on standard
-//                               output, where a line "..." stands for any number of lines
+//   ```console                  a line "$ COMMAND" is run by bash; the lines below it are its standard output, where a
+//                               line "..." stands for any number of lines
 //
-// The folder has the samples as samples/, and ttconfig on the PATH.
+// The folder has the samples as samples/, and ttconfig is on the PATH.
 
 #include <gmock/gmock.h>
 
@@ -44,7 +44,7 @@ void takeCommandLine(const std::string& line, std::vector<Command>& commands) {
 Guide guideOf(const fs::path& file) {
     Guide guide;
     std::istringstream text(tests::fileText(file.string()));
-    std::string block;  // what its first line says behind the ```
+    std::string block;  // the text after the opening ```
     bool inside = false;
     for (std::string line; std::getline(text, line);) {
         if (line.rfind("```", 0) == 0) {
@@ -69,13 +69,13 @@ std::vector<std::string> linesOf(const std::string& text) {
     return lines;
 }
 
-// Whether the output is the one that is shown, in which a line "..." stands for any lines.
+// Whether the output matches what is shown; a line "..." stands for any lines.
 bool isShown(const std::string& output, const std::string& shown) {
     const std::vector<std::string> is = linesOf(output);
     const std::vector<std::string> should = linesOf(shown);
     std::size_t at = 0;
     std::size_t in = 0;
-    std::size_t gap = should.size();  // the last "..." so far, and what it stands for ends before "behind"
+    std::size_t gap = should.size();  // the last "..." so far; it stands for the lines before "behind"
     std::size_t behind = 0;
     while (at < is.size()) {
         if (in < should.size() && should[in] == "...") {

@@ -1,4 +1,4 @@
-// The ready pre-commit hook and pipeline step, in a repository of their own.
+// The ready-made pre-commit hook and pipeline step, in a separate repository.
 
 #include <gmock/gmock.h>
 
@@ -19,7 +19,7 @@ const std::string kPipeline = std::string(TT_SOURCE_DIR) + "/docs/guides/pipelin
 constexpr const char* kClean = "[setting]\nneedmaxamount=12,15\n";
 constexpr const char* kMistaken = "[setting]\nneedmaxamonut=12\n";
 
-// A repository with the hook; a person's own configuration of git has no say in it.
+// A repository with the hook, independent of the user's git configuration.
 class Repository {
 public:
     Repository() {
@@ -81,7 +81,7 @@ TEST(PreCommitHook, RefusesWhatIsNotAsExpected) {
     const Repository repository;
     repository.write("desk.ini", kClean);
     ASSERT_EQ(repository.commit().exitCode, 0);
-    // The expectations alone change, then the settings alone.
+    // First only the expectations change, then only the settings.
     repository.write("desk.expect", "isNeedMaxAmountPts 16 = true\n");
     EXPECT_NE(repository.commit().exitCode, 0);
     repository.write("desk.expect", "isNeedMaxAmountPts 15 = true\n");

@@ -1,4 +1,4 @@
-// `ttconfig limits`: what an order-entry screen asks of an instrument, and what decided it.
+// `ttconfig limits`: what an order-entry screen needs to know about an instrument, and what decided it.
 
 #include <gmock/gmock.h>
 
@@ -36,7 +36,7 @@ SGT-00005=1,2,3,4,5,6,7,8,9,10,11,12,13,14
 HGT-00700=300,张
 )";
 
-// Runs the subcommand on these settings and the sample platform.
+// Runs the subcommand with these settings and the sample platform.
 ToolRun runLimits(std::vector<std::string> words, const std::string& settings = kSettings) {
     const tests::TempFolder folder;
     words.insert(words.begin(), {"limits", "--settings", folder.write("settings.ini", settings), "--platform",
@@ -108,7 +108,7 @@ TEST(Limits, AreOneJsonDocumentWithTheSameFacts) {
     })"));
 }
 
-// The line of a reason; 0 for a default.
+// The line that a reason names; 0 for a default.
 json lineOf(const json& limits, const char* fact) {
     const json& reason = limits.at(fact).at("reason");
     return reason.contains("line") ? reason.at("line") : json(0);

@@ -1,4 +1,4 @@
-// `ttconfig switches` and `ttconfig keys`: every row of the tables, in every format, and the reference pages.
+// `ttconfig switches` and `ttconfig keys`: every row of the tables in every format, and the reference pages.
 
 #include <gmock/gmock.h>
 

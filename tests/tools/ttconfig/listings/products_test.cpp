@@ -1,4 +1,4 @@
-// ttconfig products, and the calls of the product catalogues in a session.
+// ttconfig products, and a session's calls of the product catalogues.
 
 #include <gmock/gmock.h>
 
@@ -45,7 +45,7 @@ json productsOf(const std::string& settings) {
     return json::parse(run.out);
 }
 
-// The rows of a table, each as the list of its values in the order of these columns.
+// The rows of a table, each as its values in the order of these columns.
 json rowsOf(const json& table, const std::vector<std::string>& columns) {
     json rows = json::array();
     for (const json& row : table) {

@@ -102,7 +102,7 @@ TEST(Summary, ShowsValuesByPlatformAsAFirstLoadTakesThem) {
     }
 }
 
-// The summary explains the value as the store answers it.
+// The summary shows a value as the store answers it.
 TEST(Summary, AgreesWithTheStoreOnValuesByPlatform) {
     const tests::TempFolder folder;
     const std::string file = folder.write("s.ini", kSettings);

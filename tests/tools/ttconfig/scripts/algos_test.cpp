@@ -1,4 +1,4 @@
-// ttconfig algos, and the calls of scripts and catalogue in a session.
+// ttconfig algos, and a session's calls of scripts and the catalogue.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

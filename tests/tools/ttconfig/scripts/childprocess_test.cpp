@@ -79,7 +79,7 @@ TEST(ChildProcess, TellsHowItEnded) {
     EXPECT_EQ(killed.end.number, SIGKILL);
     const ChildRun thrown = runFor(60s, [](const SendLine&) { throw std::runtime_error("x"); });
     EXPECT_EQ(thrown.end.how, How::Exited);
-    const ChildRun left = runFor(60s, [](const SendLine&) { std::exit(0); });  // even so it did not finish
+    const ChildRun left = runFor(60s, [](const SendLine&) { std::exit(0); });  // exit code 0, yet not finished
     EXPECT_EQ(left.end.how, How::Exited);
     EXPECT_EQ(left.end.number, 0);
 }
@@ -102,7 +102,7 @@ TEST(ChildProcess, IsEndedWhenItsTimeIsOver) {
     EXPECT_THAT(talking.lines, Each("more"));
 }
 
-// A shell command, whatever becomes of it.
+// A shell command whose outcome does not matter.
 void run(const std::string& command) {
     [[maybe_unused]] const int status = std::system(command.c_str());
 }

@@ -28,7 +28,7 @@ local texts = {
 function getMarketTradeDuration(market) return texts[market] end
 )";
 
-// A folder in which the client's script is at its place, and another script besides.
+// A folder with the client's script in its place, and another script.
 class Client {
 public:
     Client() {

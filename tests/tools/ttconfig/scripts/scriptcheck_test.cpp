@@ -41,7 +41,7 @@ public:
         return runTool(options);
     }
 
-    // The findings without the path in front.
+    // The findings without the leading path.
     std::vector<std::string> findings() const {
         const ToolRun run = check();
         EXPECT_EQ(run.exitCode, 1) << run.err;
@@ -181,7 +181,7 @@ TEST(ScriptCheck, SurvivesAScriptThatEndsTheProcess) {
     EXPECT_THAT(ScriptFile(std::string(kGoodTimes) + "function getMarkets() os.exit(7) end").findings(),
                 ElementsAre(" getMarkets: ends the process, with exit code 7"));
     if (tests::kUnderSanitizer) GTEST_SKIP() << "a sanitizer ends the process in its own way";
-    // a pattern that the interpreter follows until its stack is used up
+    // a pattern on which the interpreter recurses until its stack overflows
     EXPECT_THAT(ScriptFile("string.find(string.rep('a', 300000), string.rep('a?', 300000))").findings(),
                 ElementsAre(StartsWith(" running the script: brings the process down: ")));
 }
@@ -214,7 +214,7 @@ TEST(ScriptCheck, FindsTheFileFromTheDirectoryThatIsEntered) {
     EXPECT_EQ(run.out, "s.lua: no findings in 2 markets\n");
 }
 
-// The page for script authors: its examples do what it says, and it names every function.
+// The page for script authors: its examples work as described, and it names every function.
 TEST(ScriptPage, HasExamplesThatAreClean) {
     const std::string page = tests::fileText(std::string(TT_SOURCE_DIR) + "/docs/scripts.md");
     int examples = 0;

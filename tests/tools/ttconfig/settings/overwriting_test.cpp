@@ -1,4 +1,4 @@
-// Nothing is ever written over a file that is read: by its name, another name, a symbolic or a hard link.
+// No output ever overwrites a file that is read, whether by its name, another name, a symbolic link or a hard link.
 
 #include <gmock/gmock.h>
 
@@ -21,7 +21,7 @@ using tests::ToolRun;
 
 constexpr const char* kScript = "function getAllMarkets() return {} end\n";
 
-// A file of each kind that is read, all of them in a folder that stands beside luaScripts.
+// A file of each kind that is read, all in a folder beside luaScripts.
 class Inputs {
 public:
     Inputs() {
@@ -50,7 +50,7 @@ private:
     std::vector<std::pair<std::string, std::string>> before;
 };
 
-// Names by which the file can be reached.
+// Names that lead to the file.
 std::vector<std::string> namesOf(const std::string& path) {
     const fs::path folder = fs::path(path).parent_path();
     const fs::path symbolic = path + ".symbolic";
@@ -112,12 +112,12 @@ TEST(ReportPage, IsNeverWrittenOverAnInput) {
     }
 }
 
-// What writes files at all is known here: whoever adds an option that does has to think of its inputs.
+// This test lists every option that writes a file: to add one, think of the inputs it must not overwrite.
 TEST(Options, ThatNameAFileToWriteAreTheseTwo) {
     std::vector<std::string> found;
     for (const auto& subcommand : tests::allSubcommands()) {
         for (const std::string& option : tests::optionsOf(subcommand)) {
-            if (option == "-h" || option == "--help") continue;  // no value: the next word is not theirs
+            if (option == "-h" || option == "--help") continue;  // takes no value
             const bool known = option == "-o" || option == "--output" || option == "--log-file";
             std::vector<std::string> words = subcommand;
             words.insert(words.end(), {option, ""});

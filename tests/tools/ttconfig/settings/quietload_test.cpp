@@ -1,4 +1,4 @@
-// What a load writes to the standard error stream, kept back or passed on.
+// What a load writes to standard error, held back or passed on.
 
 #include "ttconfig/settings/quietload.h"
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-// What comes through while the texts are written one after the other.
+// What gets through when the texts are written one after the other.
 std::string passedOn(const std::vector<std::string>& texts) {
     const std::ostringstream screen;
     std::streambuf* const before = std::cerr.rdbuf(screen.rdbuf());

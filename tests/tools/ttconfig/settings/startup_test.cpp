@@ -1,4 +1,4 @@
-// What the shared options name must be usable: one clear message and exit code 3 otherwise.
+// The files that the shared options name must be usable; otherwise there is one clear message and exit code 3.
 
 #include <gmock/gmock.h>
 
@@ -23,7 +23,7 @@ using testing::StartsWith;
 using tests::runTool;
 using tests::ToolRun;
 
-// One line on standard error that says this, exit code 3, and no answer.
+// Expects this text in one line on standard error, exit code 3, and no answer.
 void expectRefused(const std::vector<std::string>& arguments, const std::string& named, const std::string& said) {
     SCOPED_TRACE(said);
     const ToolRun run = runTool(arguments, R"({"call":"getRefLimit"})"

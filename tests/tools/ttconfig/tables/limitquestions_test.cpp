@@ -1,4 +1,4 @@
-// Which rows of a limit table a question reaches, held against the category rules of the library: an instrument of each
+// Which rows of a limit table a question reaches, compared with the library's category rules: one instrument of each
 // type, on each market, at each kind of price.
 
 #include <gmock/gmock.h>
@@ -39,7 +39,7 @@ void installTypes(int stock, int second, int base) {
     standin::PlatformData::install(std::move(data));
 }
 
-// Calls look() with instruments of every kind installed.
+// Calls look() with each kind of instrument installed.
 template <typename Look>
 void withEveryKind(const Look& look) {
     for (const int stock : {0, 100003, 100024, 100016, 100103, 100004, 100013, 126, 100017, 100021, 124, 100104}) {
@@ -90,7 +90,7 @@ TEST(LimitQuestions, KnowTheCategoriesThatTheRulesComeTo) {
     EXPECT_EQ(asSet(ttconfig::categoryWords()), all);
 }
 
-// What check says of a row: the same, but that options without a type go by the price alone.
+// What check says about a row agrees, except that options without a type depend on the price alone.
 TEST(LimitQuestions, SayWhyARowIsUnreachableAndOnlyThen) {
     installTypes(0, 0, 0);
     Asked untyped;
@@ -134,7 +134,7 @@ TEST(LimitQuestions, KnowWordsThatAreNeitherCategoriesNorCodes) {
     EXPECT_EQ(ttconfig::categoryMeant("SOMETHINGELSE"), "");
 }
 
-// Four prices stand for all of them.
+// Four prices represent all of them.
 TEST(LimitQuestions, KnowTheWordsOfACodeWhateverItsPriceIs) {
     withEveryKind([] {
         for (const std::string& market : kMarkets) {
@@ -159,7 +159,7 @@ TEST(LimitItems, AreTheRowsThatCountInOrder) {
     std::vector<std::string> written;
     for (const auto& row : rows)
         written.push_back(std::string(row.item().text) + '=' + std::string(row.entry->value));
-    // Of the repeated key SH-1 the first counts, and that has too many fields.
+    // The first of the repeated key SH-1 counts, and it has too many fields.
     EXPECT_THAT(written, testing::ElementsAre("sh-9=4,u", "SH=6,u", "SZ-2=5,u"));
     ASSERT_NE(ttconfig::findLimitItem(rows, "SZ", "2"), nullptr);
     EXPECT_EQ(ttconfig::findLimitItem(rows, "SZ", "2")->place(), (ttconfig::Place{8, 1}));

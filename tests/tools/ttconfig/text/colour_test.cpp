@@ -1,4 +1,4 @@
-// Colour: on a terminal only, unless --color, NO_COLOR or TERM say otherwise.
+// Colour: used on a terminal only, unless --color, NO_COLOR or TERM say otherwise.
 
 #include "ttconfig/text/colour.h"
 
@@ -42,7 +42,7 @@ TEST(Colours, EndBehindThePieceTheyBeginAt) {
     }
 }
 
-// Something is found in it, so its answer has words to colour.
+// It causes a finding, so the answer has words to colour.
 struct MistakenSettings {
     tests::TempFolder folder;
     std::string path = folder.write("s.ini", "[setting]\nnosuchkeyatall=12\n");
@@ -62,7 +62,7 @@ TEST(Colour, IsRefusedByTheEnvironment) {
         bool coloured;
     } rows[] = {{{"NO_COLOR=1", "TERM=xterm"}, false},
                 {{"NO_COLOR=no", "TERM=xterm"}, false},
-                {{"NO_COLOR=", "TERM=xterm"}, true},  // an empty one counts for nothing
+                {{"NO_COLOR=", "TERM=xterm"}, true},  // an empty value is ignored
                 {{"NO_COLOR", "TERM=dumb"}, false}};
     for (const auto& row : rows) {
         const std::string told = runOnTerminal({"check", settings.path}, Terminal::Output, row.environment);

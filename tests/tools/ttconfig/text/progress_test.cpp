@@ -1,4 +1,4 @@
-// Progress: a line on a terminal, taken away in the end; nothing anywhere else.
+// Progress: a line on a terminal that disappears at the end, and no output anywhere else.
 
 #include "ttconfig/text/progress.h"
 
@@ -25,7 +25,7 @@ using ttconfig::Progress;
 
 constexpr const char* kTakenAway = "\r\x1b[K";
 
-// A terminal in place of the standard error stream, for as long as it lives.
+// Replaces standard error with a terminal while it lives.
 class OwnTerminal {
 public:
     OwnTerminal() : saved(dup(STDERR_FILENO)), master(posix_openpt(O_RDWR | O_NOCTTY)) {
