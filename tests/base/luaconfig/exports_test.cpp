@@ -1,4 +1,5 @@
-// Links the shared library as a client does: what is used here is exported, and an instance is built and ended outside.
+// Links the shared library as a client does: everything used here must be exported, and clients can create and destroy
+// an instance.
 
 #include <gtest/gtest.h>
 

@@ -39,7 +39,7 @@ void expectLine(const LogLine& line, const std::string& function, const std::str
     EXPECT_EQ(line.message, message);
 }
 
-// One line was caught, and it is this one.
+// Expects exactly this one log line.
 void expectOneLine(const LogCapture& log, const std::string& function, const std::string& message) {
     const std::vector<LogLine> lines = log.lines();
     ASSERT_EQ(lines.size(), 1U) << testing::PrintToString(log.messages());
@@ -106,7 +106,7 @@ TEST(LuaConfig, AnswersNumbersInDecimal) {
         Script script(std::string("function number() return ") + number + " end function text() return tostring(" +
                       number + ") end");
         EXPECT_EQ(script->getConfig("number"), text);
-        EXPECT_EQ(script->getConfig("number"), script->getConfig("text"));  // as the interpreter itself writes it
+        EXPECT_EQ(script->getConfig("number"), script->getConfig("text"));  // formatted by the interpreter
     }
 }
 
@@ -128,7 +128,7 @@ TEST(LuaConfig, AnswersTheTextBeforeTheFirstNul) {
     )");
     EXPECT_EQ(script->getConfig("half"), "before");
     EXPECT_EQ(script->getConfig("none"), "");
-    EXPECT_EQ(script->getConfig("length", std::string("ab\0cd", 5)), "2");  // and so do arguments
+    EXPECT_EQ(script->getConfig("length", std::string("ab\0cd", 5)), "2");  // arguments are passed whole
 }
 
 TEST(LuaConfig, KeepsEveryOtherByte) {
@@ -237,7 +237,7 @@ TEST(LuaConfig, LogsAScriptThatCannotBeRead) {
     EXPECT_EQ(LuaConfigPeer::results(config), 0);
 }
 
-// Nobody ever writes to this pipe.
+// No process ever writes to this pipe.
 TEST(LuaConfig, DoesNotWaitForAPipe) {
     const tests::TempFolder folder;
     const std::string path = folder.path("pipe");
@@ -267,7 +267,7 @@ TEST(LuaConfig, LogsAScriptWithASyntaxError) {
     const LogCapture log;
     Script script("function good() return 'ok' end\nfunction bad( return 'x' end\n");
     expectOneLine(log, "init", script.where() + ":2: <name> or '...' expected near 'return'");
-    EXPECT_EQ(script->getConfig("good"), "");  // nothing of it was run
+    EXPECT_EQ(script->getConfig("good"), "");  // no part of it ran
     EXPECT_EQ(script->getConfig("printLog", "x"), "");
     EXPECT_EQ(LuaConfigPeer::results(*script), 0);
 }

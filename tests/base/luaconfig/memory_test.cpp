@@ -1,4 +1,4 @@
-// An interpreter that runs out of memory, at every single point where it could.
+// An interpreter that runs out of memory at every possible point.
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -24,10 +24,10 @@ using testing::ElementsAre;
 
 namespace {
 
-// How many more times an interpreter gets memory before there is no more; -1: for ever.
+// The number of allocations that still succeed in an interpreter; -1 means no limit.
 long budget = -1;
 
-// How many bytes an interpreter holds, and how many it may.
+// The bytes that an interpreter holds, and its limit.
 std::size_t held = 0;
 std::size_t mostHeld = std::numeric_limits<std::size_t>::max();
 
@@ -45,8 +45,8 @@ void* limited(void*, void* block, std::size_t before, std::size_t wanted) {
     return std::realloc(block, wanted);
 }
 
-// Loads the script with memory for no request, for one, for two and so on until that is enough. Answers 0, or the
-// number of the first check that failed.
+// Loads the script with memory for no allocation, for one, for two and so on until it succeeds. Returns 0, or the
+// number of the first failed check.
 int loadUntilItSucceeds(const std::string& path) {
     for (long points = 0;; ++points) {
         const LogCapture log;
@@ -61,17 +61,17 @@ int loadUntilItSucceeds(const std::string& path) {
         budget = -1;
         if (interpreter != (LuaConfigPeer::interpreter(config) != nullptr)) return 6;
         const std::string answer = config.getConfig("ask", "!");
-        if (log.messages().empty()) {  // it was enough
+        if (log.messages().empty()) {  // the load succeeded
             if (answer.size() != 101) return 1;
             if (LuaConfigPeer::results(config) != 3) return 2;
-            return points > 300 ? 0 : 3;  // so many requests there are, and each was refused once
+            return points > 300 ? 0 : 3;  // the number of allocations, each of which has failed once
         }
         if (log.messages()[0] != "not enough memory" || log.lines()[0].function != "init") return 4;
         if (!answer.empty() && answer.size() != 101) return 5;
     }
 }
 
-// Which of the process's standard streams are open.
+// Which standard streams of the process are open.
 std::vector<bool> openStreams() {
     return {fcntl(0, F_GETFD) != -1, fcntl(1, F_GETFD) != -1, fcntl(2, F_GETFD) != -1};
 }
@@ -88,8 +88,8 @@ bool isOutOfMemory(const Work& work) {
 
 }  // namespace
 
-// Stands in for the one in the interpreter's library. There is no panic function: an error that nothing catches would
-// end the process, and the test with it.
+// Replaces the function of the interpreter's library. Sets no panic function: an uncaught error would end the process,
+// and with it the test.
 extern "C" lua_State* luaL_newstate() {
     return lua_newstate(limited, nullptr);
 }
@@ -106,7 +106,7 @@ TEST(LuaConfig, SurvivesAnInterpreterThatCannotBeMade) {
     EXPECT_EQ(log.lines().size(), 1U);
 }
 
-// Lua's io library, cut short while it takes over the standard streams, would close them in the end.
+// If creating the handles for the standard streams fails halfway, Lua's io library would close the streams at the end.
 TEST(LuaConfig, SurvivesMemoryThatRunsOutWhileTheScriptIsLoaded) {
     const tests::TempFolder folder;
     const std::string path = folder.write(
@@ -116,7 +116,7 @@ TEST(LuaConfig, SurvivesMemoryThatRunsOutWhileTheScriptIsLoaded) {
     EXPECT_EQ(openStreams(), streams);
 }
 
-// A table that would be filled by the answer must not be filled by none.
+// A lost answer must not be used to fill a table.
 TEST(LuaConfig, TellsTablesOfMemoryThatRanOutWhileTheScriptWasLoaded) {
     const tests::TempFolder folder;
     const std::string path = folder.write("script.lua", "function ask(t) return 'the answer to ' .. t end");
@@ -159,7 +159,7 @@ TEST(LuaConfig, TellsTablesOfMemoryThatRunsOutDuringACall) {
     EXPECT_EQ(TableScript::getConfig(config, "missing"), "");
 }
 
-// There is no process without memory then, and nothing that a client could do about it but mend the script.
+// The process itself has memory then, and the only remedy is to fix the script.
 TEST(LuaConfig, TakesAScriptThatTakesAllMemoryForOneThatFails) {
     const tests::TempFolder folder;
     const std::string eat = "local all = {} for i = 1, 1e9 do all[i] = string.rep('x', 100000) .. i end";

@@ -1,4 +1,4 @@
-// Scripts that do their worst: each ends as a line in the log and an empty answer, never as the end of the process.
+// Scripts that misbehave: each gives a log line and an empty answer, and never ends the process.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -30,7 +30,7 @@ using tests::Script;
 
 namespace {
 
-// Calls back on every line of the standard logger, and so from inside a script's printLog.
+// Calls back on every line of the standard logger, and so also from inside a script's printLog.
 class Listener : public log4cxx::AppenderSkeleton {
 public:
     using Callback = std::function<void(const std::string& message)>;
@@ -38,7 +38,7 @@ public:
 
     void close() override {}
     bool requiresLayout() const override { return false; }
-    // Not through the base class: that one holds a lock of its own and passes over lines that come from inside a line.
+    // Bypasses the base class, which holds a lock and drops lines logged from inside another line.
     void doAppend(const log4cxx::spi::LoggingEventPtr& event, log4cxx::helpers::Pool&) override {
         onLine(event->getRenderedMessage());
     }
@@ -93,7 +93,7 @@ TEST(LuaConfig, AnswersFromTheGlobalsMetatable) {
     EXPECT_EQ(script->getConfig("anything"), "made anything");
 }
 
-// Scripts like to guard their globals against new names; printLog is none that they could have foreseen.
+// Scripts may protect their globals against new names, but must still get printLog.
 TEST(LuaConfig, RegistersPrintLogPastGuardedGlobals) {
     for (const char* guard : {"__newindex = function(_, name) error('no new ' .. name, 0) end",
                               "__index = function(_, name) error('no ' .. name, 0) end", "__newindex = function() end",
@@ -153,7 +153,7 @@ TEST(LuaConfig, EndsRunawayRecursionWithAnError) {
         ASSERT_THAT(log.messages(), SizeIs(1)) << source;
         EXPECT_THAT(log.messages()[0], HasSubstr(message)) << source;
         EXPECT_EQ(script->getConfig("good"), "ok") << source;
-        Script failing(source);  // and the same at the top level
+        Script failing(source);  // the same at the top level
         EXPECT_THAT(log.messages(), SizeIs(2)) << source;
         EXPECT_EQ(LuaConfigPeer::results(*failing), 0) << source;
     }
@@ -264,7 +264,7 @@ TEST(LuaConfig, EndsCallsThatComeBackForEver) {
         ++calls;
         script->getConfig("ask");
     });
-    EXPECT_EQ(script->getConfig("ask"), "ok");  // the innermost one fails, all others answer
+    EXPECT_EQ(script->getConfig("ask"), "ok");  // the innermost call fails, all others return
     EXPECT_GT(calls, 10);
     EXPECT_LT(calls, 250);
     EXPECT_EQ(LuaConfigPeer::results(*script), 0);
@@ -286,7 +286,7 @@ TEST(LuaConfig, BearsAnInitFromInsideACall) {
         EXPECT_EQ(lua_gettop(before), 0);
         EXPECT_EQ(script->getConfig("ask"), "new");
         EXPECT_EQ(LuaConfigPeer::results(*script), 0);
-        lua_close(before);  // given up, unclosed
+        lua_close(before);  // init() abandoned it without closing it
     }
 }
 

@@ -8,7 +8,7 @@
 
 namespace luabase {
 
-// The tests' way to an instance's interpreter.
+// Gives tests access to an instance's interpreter.
 struct LuaConfigPeer {
     static lua_State* interpreter(const LuaConfig& config) { return config.state; }
     static int results(const LuaConfig& config) { return lua_gettop(config.state); }
@@ -18,7 +18,7 @@ struct LuaConfigPeer {
 
 namespace tests {
 
-// A script on disk, loaded into an instance of its own.
+// A script file, loaded into an instance of its own.
 class Script {
 public:
     explicit Script(std::string_view source) : path(folder.write("script.lua", source)) { config.init(path); }

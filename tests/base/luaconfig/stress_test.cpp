@@ -20,10 +20,10 @@ using tests::Script;
 
 namespace {
 
-// Under a sanitizer a twentieth of the rounds: each takes that much longer.
+// Under a sanitizer, each round takes about twenty times as long.
 constexpr int kShare = tests::kUnderSanitizer ? 20 : 1;
 
-// Memory that the process has in use, in bytes; 0 where the system does not tell or a sanitizer keeps it back.
+// The memory in use by the process, in bytes; 0 if the system does not report it or a sanitizer delays freeing it.
 std::size_t memoryInUse() {
     std::size_t pages = 0;
     std::size_t resident = 0;
@@ -68,7 +68,7 @@ TEST(LuaConfigStress, CallsLeaveNothingBehind) {
         function fails(text) error(text) end
         function count() return calls end
     )");
-    // Constant answers alone first: nothing in the script itself gives the collector a turn then.
+    // Constant answers first: they allocate nothing in the script, so they do not trigger the garbage collector.
     expectNoGrowth(100000 / kShare, [&] { ASSERT_EQ(script->getConfig("constant"), "always the same"); });
     expectNoGrowth(100000 / kShare, [&] { ASSERT_FALSE(script->getConfig("fresh", "text ").empty()); });
     expectNoGrowth(100000 / kShare, [&] { ASSERT_EQ(script->getConfig("missing"), ""); });
