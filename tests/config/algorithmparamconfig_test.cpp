@@ -136,7 +136,7 @@ TEST(AlgorithmParamConfig, IsBuiltOnceWhenManyThreadsAskFirst) {
     }
 }
 
-TEST(AlgorithmParamConfig, IsBornEmptyButForTheMarketTimes) {
+TEST(AlgorithmParamConfig, StartsEmptyExceptForTheMarketTimes) {
     const ClientFolder folder(R"(
         function getMarkets() return '{"SSE": 1, "CFFEX": 2}' end
         function getMarketTradeDuration(market) return "times of " .. market end
@@ -452,7 +452,7 @@ TEST(AlgorithmParamConfig, FindsTheEarliestRecordOfAName) {
     EXPECT_EQ(catalogue.getAlgoParam(std::string("one\0", 4)), nullptr);
 }
 
-TEST(AlgorithmParamConfig, TakesRecordsOfTheClientsOwn) {
+TEST(AlgorithmParamConfig, AcceptsTheClientsOwnRecords) {
     const ClientFolder folder;
     Catalogue catalogue(*Catalogue::instance());
     const auto own = boost::make_shared<CAlgorithmsParams>();
@@ -516,7 +516,7 @@ TEST(AlgorithmParamConfig, LogsNothingOfItsOwnForAMissingMarketScript) {
     EXPECT_EQ(log.messages()[1], "attempt to call a nil value");
 }
 
-TEST(AlgorithmParamConfig, LogsAMarketListThatIsNoObject) {
+TEST(AlgorithmParamConfig, LogsAMarketListThatIsNotAnObject) {
     for (const char* list : {"not JSON", "[\"SSE\"]", "{\"SSE\": ", "5"}) {
         const ClientFolder folder(std::string("function getMarkets() return '") + list + "' end");
         Catalogue catalogue(*Catalogue::instance());

@@ -58,7 +58,7 @@ ContractInfo info(int intValue, double doubleValue, std::int64_t longValue, std:
 
 }  // namespace
 
-TEST(ContractInfo, IsBornEmpty) {
+TEST(ContractInfo, StartsEmpty) {
     expectFields(ContractInfo(), info(0, 0.0, 0, "", "", false));
     static_assert(std::is_same_v<decltype(ContractInfo::intValue), int> && sizeof(int) == 4);
     static_assert(std::is_same_v<decltype(ContractInfo::longValue), std::int64_t>);

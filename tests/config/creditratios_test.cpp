@@ -382,7 +382,7 @@ TEST(BailRatio, NoLoadAsksForItsKeyBeyondTheSwitchTable) {
     standin::setQueryHook(nullptr);
 }
 
-TEST(BailRatio, WereTheReaderRun) {
+TEST(BailRatio, ReaderWouldStoreValuesIfItRan) {
     LoadedStore store;
     EXPECT_EQ(readBailRatio(store, ""), "");
     EXPECT_EQ(store->getFinEnableBailRatio(99), 0.6);

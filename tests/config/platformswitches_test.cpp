@@ -234,7 +234,7 @@ TEST(PlatformSwitches, AskingAllocatesNothing) {
     EXPECT_EQ(counted.made(), 0) << answer;
 }
 
-TEST(PlatformSwitches, AskersSeeOldOrNewListsWhileTheyAreReplaced) {
+TEST(PlatformSwitches, CallersSeeOldOrNewListsWhileTheyAreReplaced) {
     const auto store = ConfigCollector::instance();
     store->setPts({{"needmaxamount", {1, 2, 3}}, {"nolockposition", {1}}});
     std::atomic<bool> stop{false};

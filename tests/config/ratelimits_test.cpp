@@ -154,7 +154,7 @@ TEST(StockRates, EveryMarketWithoutTypesGoesByDef) {
     }
 }
 
-TEST(StockRates, MarketHkIsNoOtherMarketHere) {
+TEST(StockRates, MarketHkStandsForNoOtherMarketHere) {
     LoadedStore store(stock("HGT-1,SGT-1=3,0,0,0,0,0,0\n"));
     EXPECT_EQ(store->getRateLimitPtr("HK", "1")->rate1, 0);
 }

@@ -41,7 +41,7 @@ TEST(SampleSettings, UseManySwitchesOverManyPlatforms) {
     EXPECT_TRUE(store->isNeedMaxAmountPts(12));
 }
 
-TEST(SampleSettings, HoldEveryKeyThatAnswersSomethingAndNoOther) {
+TEST(SampleSettings, HoldExactlyTheKeysThatAnswerQuestions) {
     standin::SettingsText text;
     ASSERT_EQ(standin::SettingsText::load(kSample, text), standin::FileProblem::kNone);
     for (const internal::SettingKey& row : internal::kSettingKeys) {
@@ -51,7 +51,7 @@ TEST(SampleSettings, HoldEveryKeyThatAnswersSomethingAndNoOther) {
     }
 }
 
-TEST(SampleSettings, HoldNothingThatNobodyReads) {
+TEST(SampleSettings, HoldNothingUnread) {
     standin::SettingsText text;
     ASSERT_EQ(standin::SettingsText::load(kSample, text), standin::FileProblem::kNone);
     EXPECT_TRUE(text.ignoredLines().empty());
@@ -68,7 +68,7 @@ TEST(SampleSettings, HoldNothingThatNobodyReads) {
     }
 }
 
-TEST(SampleSettings, CostOneComplaintForEachValueThatIsNoListOfPlatforms) {
+TEST(SampleSettings, CauseOneComplaintPerValueThatIsNotAPlatformList) {
     standin::SettingsText text;
     ASSERT_EQ(standin::SettingsText::load(kSample, text), standin::FileProblem::kNone);
     std::string expected;

@@ -79,7 +79,7 @@ TEST(SubscriptionFees, TheUpperCaseFormGoesToTheKeyThatComesFirst) {
     EXPECT_EQ(store->getSubFee("ag"), 1.0);
 }
 
-TEST(SubscriptionFees, ReadAsZeroWhenTheyAreNoNumber) {
+TEST(SubscriptionFees, ReadAsZeroWhenTheyAreNotNumbers) {
     LoadedStore store(fees("a=abc\nb=\nc=1.5x\nd=1,5\ne=-0.5\nf=2e3\n"));
     for (const char* none : {"a", "b", "c", "d", "A"})
         EXPECT_EQ(store->getSubFee(none), 0.0) << none;
@@ -96,7 +96,7 @@ TEST(SubscriptionFees, TakeUpperCaseFromTheGlobalLocale) {
     EXPECT_EQ(store->getSubFee("XA"), 0.0);
 }
 
-TEST(SubscriptionFees, LeaveBytesThatAreNoLettersAlone) {
+TEST(SubscriptionFees, LeaveBytesThatAreNotLettersAlone) {
     LoadedStore store(fees("\xE8\x82\xA1z=1.5\n"));
     EXPECT_EQ(store->getSubFee("\xE8\x82\xA1Z"), 1.5);
 }
@@ -138,7 +138,7 @@ TEST(Combinations, AProductOfTwoGroupsKeepsTheFirstAnswer) {
     EXPECT_EQ(ConfigCollectorPeer::combinations(*store).groups, (Groups{{"A", "B"}, {"B", "C"}}));
 }
 
-TEST(Combinations, OfSeveralExchangesStandInFileOrder) {
+TEST(Combinations, OfSeveralExchangesAreInFileOrder) {
     LoadedStore store(combinations("SHFE=z,y\nCZCE=A,y\n"));
     EXPECT_EQ(store->getSingleMarginProductName("y"), "z");
     EXPECT_EQ(ConfigCollectorPeer::combinations(*store).groups, (Groups{{"y", "z"}, {"A", "y"}}));
@@ -153,7 +153,7 @@ TEST(Combinations, EmptyGroupsAndEmptyProductsAreTakenAsTheyAre) {
     EXPECT_EQ(ConfigCollectorPeer::combinations(*store).products, (Texts{"A", "", "B", "", "", ""}));
 }
 
-TEST(Combinations, AreOnlyAddedToByAReload) {
+TEST(Combinations, AReloadOnlyAddsToThem) {
     LoadedStore store(combinations("CZCE=A,B\n"));
     store.load(combinations("CZCE=C,B,D\n"));
     EXPECT_EQ(store->getSingleMarginProductName("B"), "A");

@@ -63,7 +63,7 @@ TEST(FileBytes, PipesAndDevicesAreNotOpened) {
     EXPECT_EQ(problemOf("/dev/zero"), FileProblem::kNotRegular);
 }
 
-TEST(FileBytes, FileThatTellsNoSizeIsReadToItsEnd) {
+TEST(FileBytes, FileWithoutAKnownSizeIsReadToItsEnd) {
     const std::string path = "/proc/self/status";
     if (!std::filesystem::exists(path)) GTEST_SKIP() << "no " << path << " here";
     ASSERT_EQ(std::filesystem::file_size(path), 0u);
@@ -72,7 +72,7 @@ TEST(FileBytes, FileThatTellsNoSizeIsReadToItsEnd) {
     EXPECT_GT(bytes.size(), 100u);
 }
 
-TEST(FileBytes, FileWhoseBytesCannotBeHadIsUnreadable) {
+TEST(FileBytes, FileWhoseBytesCannotBeReadIsUnreadable) {
     const std::string path = "/proc/self/mem";  // opens, but nothing is mapped at its first bytes
     if (!std::filesystem::is_regular_file(path)) GTEST_SKIP() << "no " << path << " here";
     EXPECT_EQ(problemOf(path), FileProblem::kUnreadable);

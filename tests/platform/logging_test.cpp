@@ -93,7 +93,7 @@ TEST(Logging, MessagesAreUtf8WhateverTheLocale) {
     stopLogging();
 }
 
-TEST(Logging, BytesThatAreNoUtf8DoNotCostTheLine) {
+TEST(Logging, LinesWithInvalidUtf8AreKept) {
     const tests::TempFolder folder;
     const std::string path = folder.path("log.txt");
     std::string error;

@@ -153,7 +153,7 @@ protected:
     std::string do_grouping() const override { return "\3"; }
 };
 
-TEST(ReadDecimal, LooksAtNoLocale) {
+TEST(ReadDecimal, IgnoresTheLocale) {
     const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaForPoint));
     double number = 0;
     int whole = 0;
@@ -165,7 +165,7 @@ TEST(ReadDecimal, LooksAtNoLocale) {
     std::locale::global(before);
 }
 
-TEST(ReadDecimal, LooksAtNoLocaleOfTheCLibraryEither) {
+TEST(ReadDecimal, IgnoresTheLocaleOfTheCLibraryToo) {
     const char* found = nullptr;
     for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8", "German_Germany.1252"}) {
         if (found == nullptr) found = std::setlocale(LC_ALL, name);

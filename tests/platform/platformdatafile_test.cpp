@@ -224,7 +224,7 @@ TEST(PlatformDataFile, MessagesHaveNoControlCharacterThatATerminalObeys) {
     EXPECT_EQ(shownInMessage("a\x1B\x7F\xC2\x9B\xC2\xA0\xC2"), "a\\u001B\\u007F\\u009B\xC2\xA0\xC2");
 }
 
-TEST(PlatformDataFile, WhatIsNoUtf8IsCutAsWell) {
+TEST(PlatformDataFile, InvalidUtf8IsCutToo) {
     EXPECT_LT(shownInMessage(std::string(1000, '\x80')).size(), 200U);
 }
 

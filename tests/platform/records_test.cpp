@@ -206,7 +206,7 @@ protected:
     char do_decimal_point() const override { return ','; }
 };
 
-TEST(ContentJson, LooksAtNoLocale) {
+TEST(ContentJson, IgnoresTheLocale) {
     const CAlgorithmsParams record = filledFrom("{\"x\":1.5}");
     const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaForPoint));
     CStkExchangeRateLimit stock;

@@ -182,7 +182,7 @@ TEST(QueryHook, SeesEveryQuestionInOrderUntilItIsTakenAway) {
                     "Configuration::read 0 s k", "Configuration::readInt 0 s i", "Configuration::readDouble 0 s d"));
 }
 
-TEST(QueryHook, WhatItThrowsReachesTheAsker) {
+TEST(QueryHook, WhatItThrowsReachesTheCaller) {
     standin::setQueryHook([](const standin::Query& query) {
         if (query.operation == "ttservice::testAuth") throw std::runtime_error("no rights service");
     });

@@ -69,7 +69,7 @@ private:
 // takes for line ends; keys before the first header and the header "[]", which it puts into one section; and a "[" line
 // without "]" when other lines follow, which only the reader here ignores. The last case is compared below with the
 // slow rules alone. SimpleIni keeps the first of repeated keys only in its multi-key mode.
-TEST(SettingsOracle, AgreesWithSimpleIniWhereBothReadersTakeAFileAlike) {
+TEST(SettingsOracle, AgreesWithSimpleIniWhereBothReadAFileAlike) {
     static const std::string kNames[] = {"setting", "Setting", "a b", "StkExchangeOrderLimit", "股", "x;y", "#"};
     static const std::string kKeys[] = {"k", "K", "key", "a b", "SH-600000,SZ-000001", "x;", "x#y", "k[0]", "]", "股"};
     static const std::string kValues[] = {"", "1", "12:1;15:0;1", "a = b", "\"q\"", "x ; y", "1000000,股", "\\", "[v]"};
@@ -96,7 +96,7 @@ TEST(SettingsOracle, AgreesWithSimpleIniWhereBothReadersTakeAFileAlike) {
     }
 }
 
-TEST(SettingsOracle, AgreesWithTheRulesInPlainWordsOnAnyBytes) {
+TEST(SettingsOracle, AgreesWithTheSlowRulesOnAnyBytes) {
     static const std::string kPieces[] = {"[",  "]",    "=",  ";", "#",     " ",     "\t",    "\r",  "\n",
                                           "\n", "\r\n", "a",  "b", "[a]\n", "[b]\n", "a=1\n", "\0"s, "\xEF\xBB\xBF",
                                           "股", "\xff", "\"", "\\"};

@@ -48,7 +48,7 @@ std::vector<std::string> ignoredOf(const SettingsText& text) {
     return all;
 }
 
-TEST(SettingsText, ValueIsWhatStandsBehindTheFirstEqualSign) {
+TEST(SettingsText, ValueIsEverythingAfterTheFirstEqualSign) {
     const std::pair<std::string, std::string> rows[] = {
         {"[s]\nk=v\n", "v"},
         {"[s]\nk=v", "v"},
@@ -113,7 +113,7 @@ TEST(SettingsText, LinesEndWithLineFeedOrCarriageReturnLineFeed) {
     EXPECT_THAT(ignoredOf(text), IsEmpty());
 }
 
-TEST(SettingsText, CarriageReturnAloneIsAnOrdinaryByteAlsoAtTheVeryEnd) {
+TEST(SettingsText, CarriageReturnAloneIsAnOrdinaryByteEvenAtTheVeryEnd) {
     EXPECT_EQ(valueIn("[s]\nk=a\rb\n"), "a\rb");
     EXPECT_EQ(valueIn("[s]\nk=a\r\r\n"), "a\r");
     EXPECT_EQ(valueIn("[s]\nk=a\r"), "a\r");
@@ -130,7 +130,7 @@ TEST(SettingsText, ByteOrderMarkIsSkippedAtTheStartOfTheTextOnly) {
     EXPECT_EQ(SettingsText("\xEF\xBB\xBF").bytes(), "");
 }
 
-TEST(SettingsText, KeysInFrontOfTheFirstHeaderBelongToNoSection) {
+TEST(SettingsText, KeysBeforeTheFirstHeaderBelongToNoSection) {
     const SettingsText text("k=0\nl=0\nk=1\n[s]\nk=2\n");
     EXPECT_EQ(valueOf(text, "s", "k"), "2");
     EXPECT_EQ(valueOf(text, "", "k"), "(none)");
@@ -169,7 +169,7 @@ TEST(SettingsText, FirstValueOfARepeatedKeyCounts) {
     EXPECT_EQ(valueOf(SettingsText("[s]\nk=\nk=1\n"), "s", "k"), "");
 }
 
-TEST(SettingsText, LinesThatSayNothingAreKeptWithTheirPlaceAndReason) {
+TEST(SettingsText, MeaninglessLinesAreKeptWithTheirPlaceAndReason) {
     const SettingsText text(
         "word\n[s]\n  two words \nk=1\n=v\n \t = v\n[open\n [open k=2\n=\nl=3\n[t] rest ; x\n[u]]\n");
     EXPECT_THAT(ignoredOf(text),
@@ -187,7 +187,7 @@ TEST(SettingsText, HeaderNameEndsAtTheFirstClosingBracketAndTheRestOfTheLineIsIg
     EXPECT_EQ(valueOf(text, "[c", "k"), "4");
 }
 
-TEST(SettingsText, BracketBehindTheFirstNonBlankIsPartOfTheKey) {
+TEST(SettingsText, BracketAfterTheFirstNonBlankIsPartOfTheKey) {
     EXPECT_EQ(valueOf(SettingsText("[s]\nk[0]=1\n"), "s", "k[0]"), "1");
     EXPECT_EQ(valueOf(SettingsText("[s]\n]=1\n"), "s", "]"), "1");
 }

@@ -218,13 +218,13 @@ long refuseEachRequestOfEachCall(bool withLog) {
 
 }  // namespace
 
-TEST(AllocationFaults, ACallAnswersRightOrNotAtAllAndLeavesEveryTableOldOrNew) {
+TEST(AllocationFaults, ACallAnswersCorrectlyOrNotAtAllAndLeavesEveryTableOldOrNew) {
     const long points = refuseEachRequestOfEachCall(false);
     EXPECT_GT(points, 300);
     std::cout << points << " requests of " << std::size(kCalls) << " calls refused\n";
 }
 
-TEST(AllocationFaults, ACallIsAnsweredAsWellWhenItsLinesCannotBeWritten) {
+TEST(AllocationFaults, ACallIsStillAnsweredWhenItsLogLinesCannotBeWritten) {
     const long points = refuseEachRequestOfEachCall(true);
     EXPECT_GT(points, 400);
     std::cout << points << " requests of " << std::size(kCalls) << " calls that write to the log refused\n";

@@ -176,7 +176,7 @@ TEST(ScriptFaults, AnAnswerEndsAtItsFirstNul) {
 }
 
 // The answer quotes the very words with which the parser reports a lack of memory.
-TEST(ScriptFaults, AnAnswerThatSpeaksOfMemoryIsATextLikeOthers) {
+TEST(ScriptFaults, AnAnswerThatMentionsMemoryIsAnOrdinaryText) {
     const Client client;
     const LogCapture log;
     for (const char* text :
@@ -229,7 +229,7 @@ struct Vendors {
 
 }  // namespace
 
-TEST(ScriptFaults, VendorAnswersThatAreNoDescriptionLeaveOutTheirRecordAlone) {
+TEST(ScriptFaults, VendorAnswersThatAreNotDescriptionsLoseOnlyTheirRecord) {
     const Client client;
     const std::pair<std::string, std::size_t> rows[] = {
         {"string.rep('{\"content\":', 1000000)", 11000000U},
@@ -251,7 +251,7 @@ TEST(ScriptFaults, VendorAnswersThatAreNoDescriptionLeaveOutTheirRecordAlone) {
     }
 }
 
-TEST(ScriptFaults, VendorErrorsOfEveryTypeLeaveOutTheirRecordAlone) {
+TEST(ScriptFaults, VendorErrorsOfEveryTypeLoseOnlyTheirRecord) {
     const Client client;
     for (const char* object : kErrorObjects) {
         const LogCapture log;

@@ -233,7 +233,7 @@ TEST(ScriptMemory, AScriptAnswersRightOrNothing) {
 }
 
 // The JSON library leaks a buffer that it cannot enlarge, so this test does not look for leaks.
-TEST(ScriptMemory, AJsonTextIsReadOrThereIsNoMemory) {
+TEST(ScriptMemory, AJsonTextIsReadOrReportsLackOfMemory) {
     std::string text = R"({"first":1)";
     for (int i = 0; i < 50; ++i)
         text += ",\"a name that is long " + std::to_string(i) + R"(":["a value that is long",2.5,{"x":null}])";

@@ -65,7 +65,7 @@ std::string answerOf(const SwitchLists& lists) {
 }  // namespace
 
 // The first open checks whether the file is usable, the second loads it.
-TEST(ToolFaults, AnswersFromWhatWasThereOfAFileThatIsTruncatedWhileItIsRead) {
+TEST(ToolFaults, AnswersFromTheReadPartOfAFileTruncatedDuringTheRead) {
     const TempFolder folder;
     const std::vector<int> list(8, 7);
     const std::string text = tests::pagesOfSwitches(kSwitches, list);

@@ -50,7 +50,7 @@ void expectRefused(const std::string& path, const std::string& why) {
 
 }  // namespace
 
-TEST(ToolFaults, RefusesWhatIsNoSettingsFile) {
+TEST(ToolFaults, RefusesFilesThatAreNotSettings) {
     const TempFolder folder;
     expectRefused(folder.path("missing.ini"), "does not exist");
     expectRefused(folder.path(""), "is a directory");
@@ -112,7 +112,7 @@ TEST(ToolFaults, LogsIntoAPipeThatIsRead) {
     EXPECT_THAT(run.out, HasSubstr("setUseOrderIdFunction"));
 }
 
-TEST(ToolFaults, RefusesAFileThatItMayNotRead) {
+TEST(ToolFaults, RefusesAFileWithoutReadPermission) {
     // Root may read everything.
     const TempFolder folder;
     fs::permissions(folder.path(""), fs::perms::all);
@@ -131,7 +131,7 @@ TEST(ToolFaults, RefusesAGigabyteAtOnce) {
     expectRefused(path, "is larger than 256 MiB");
 }
 
-TEST(ToolFaults, BearsALineOfAHundredMegabytes) {
+TEST(ToolFaults, TakesALineOfAHundredMegabytes) {
     const TempFolder folder;
     const std::string path = folder.path("settings.ini");
     {
@@ -186,7 +186,7 @@ TEST(ToolFaults, SaysSoWhenTheLogCannotBeWritten) {
 }
 
 // A page is large, so the file system fills up while it is written. No partial page may be left behind.
-TEST(ToolFaults, LeavesNoHalfPage) {
+TEST(ToolFaults, LeavesNoPartialPage) {
     const TempFolder folder;
     const ToolRun run = runOnFullDisk(20, "exec timeout 60 \"$TTCONFIG\" report --settings '" TT_SOURCE_DIR
                                           "/samples/settings.ini' --output '" +
@@ -209,7 +209,7 @@ TEST(ToolFaults, SaysSoWhenStandardOutputIsClosed) {
 }
 
 // A file system that is full after one block.
-TEST(ToolFaults, SaysSoWhenTheDiskFillsUpMeanwhile) {
+TEST(ToolFaults, SaysSoWhenTheDiskFillsUpDuringWriting) {
     const TempFolder folder;
     const ToolRun run =
         runOnFullDisk(1, "exec timeout 60 \"$TTCONFIG\" switches --format markdown >'" + folder.path("out") + "'");

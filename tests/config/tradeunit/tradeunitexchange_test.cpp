@@ -86,7 +86,7 @@ TEST(StockTradeUnit, EveryRuleHasCases) {
     tests::expectCasesForEveryRule(cases(), ttservice::internal::kTradeUnitRules);
 }
 
-TEST(StockTradeUnit, NothingKnownIs1OutsideTheStockExchanges) {
+TEST(StockTradeUnit, UnknownInstrumentIs1OutsideTheStockExchanges) {
     EXPECT_EQ(ttservice::getStockTradeUnit("XX", "1"), 1);
     EXPECT_EQ(ttservice::getStockTradeUnit("", ""), 1);
     EXPECT_EQ(ttservice::getStockTradeUnit("SH", "1"), 100);

@@ -299,7 +299,7 @@ TEST(TradeMinUnit, WithoutAnOperationItIsThatOfMinus1) {
     }
 }
 
-TEST(TradeMinUnit, NothingKnownIs1OutsideTheStockExchangesAndTheirNeighbours) {
+TEST(TradeMinUnit, UnknownInstrumentIs1OutsideTheStockExchangesAndTheirNeighbours) {
     EXPECT_EQ(ttservice::getTradeMinUnit("XX", "1"), 1);
     EXPECT_EQ(ttservice::getTradeMinUnit("", ""), 1);
     EXPECT_EQ(ttservice::getTradeMinUnit("SZ", "1"), 100);

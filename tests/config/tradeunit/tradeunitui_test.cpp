@@ -259,7 +259,7 @@ TEST(UiMinUnit, WithoutAnOperationItIsThatOfMinus1) {
     }
 }
 
-TEST(UiMinUnit, NothingKnownIs1ExceptWithTheFlagOnTheStockExchangesAndTheirNeighbours) {
+TEST(UiMinUnit, UnknownInstrumentIs1ExceptWithTheFlagOnTheStockExchangesAndTheirNeighbours) {
     for (const char* market : {"XX", "", "SH", "SZ", "SSE", "SZSE", "BJ", "NEEQ", "HK", "NYSE"})
         EXPECT_EQ(ttservice::getUiMinUnit(market, "1", false), 1) << market;
     for (const char* market : {"XX", "", "HK", "NYSE", "HGT"})

@@ -153,7 +153,7 @@ TEST(StockUnit, EveryRuleHasCases) {
     tests::expectCasesForEveryRule(cases(), ttservice::internal::kStockUnitRules);
 }
 
-TEST(StockUnit, NothingKnownIsShares) {
+TEST(StockUnit, UnknownInstrumentIsInShares) {
     EXPECT_EQ(ttservice::getStockUnit("XX", "123"), kShareWord);
     EXPECT_EQ(ttservice::getStockUnit("", ""), kShareWord);
 }

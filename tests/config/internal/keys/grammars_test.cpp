@@ -66,7 +66,7 @@ TEST(PlatformList, KeepsTheOrderAndRepeatedIds) {
     EXPECT_EQ(caught.text(), "");
 }
 
-TEST(PlatformList, PassesOverABadPieceWithOneLine) {
+TEST(PlatformList, SkipsABadPieceWithOneLine) {
     const std::vector<std::pair<std::string, std::vector<int>>> rows = {
         {"12, 15", {12}}, {"12 ,15", {15}}, {"abc", {}}, {"12:1;15:0", {}}, {"2147483648,7", {7}}, {"1.5,3", {3}},
     };
@@ -101,7 +101,7 @@ TEST(PlatformList, PiecesPointIntoTheValue) {
     EXPECT_EQ(offsets, (std::vector<std::size_t>{0, 4}));
 }
 
-TEST(PlatformList, CostsALineForEachBadPiece) {
+TEST(PlatformList, WritesALineForEachBadPiece) {
     EXPECT_EQ(tests::kBadValueLine, std::string("get bson value error, ") + boost::bad_lexical_cast().what() + '\n');
     for (const int bad : {1, 63, 64, 65, 1000}) {
         std::string text = "12";
@@ -186,7 +186,7 @@ TEST(PerPlatformList, AnEmptyItemSetsTheBuiltInDefault) {
     }
 }
 
-TEST(PerPlatformList, WithEveryEmptyItemKeptOneInTheMiddleCountsAsWell) {
+TEST(PerPlatformList, AnEmptyItemInTheMiddleCountsWhenEmptyItemsAreKept) {
     PerPlatformTable<double> table;
     readPerPlatformListKeepEmpty("0.7;;1:0.5", 0.6, table);
     EXPECT_EQ(table.at(1), 0.5);

@@ -30,7 +30,7 @@ TEST(CreditLists, TheFirstColonEndsThePlatform) {
     EXPECT_EQ(entry.payload, "600000:1,600001");
 }
 
-TEST(CreditLists, AnEntryWithoutColonIsNone) {
+TEST(CreditLists, AnEntryWithoutColonIsNotAnEntry) {
     for (const char* text : {"", "12", "0.5,0.6", "a"}) {
         EXPECT_EQ(collateralSaleEntry(text).kind, CreditEntryKind::NoPlatform) << text;
         EXPECT_EQ(concentrationEntry(text).kind, CreditEntryKind::NoPlatform) << text;

@@ -24,7 +24,7 @@ bool isPartOf(std::string_view piece, std::string_view text) {
 
 }  // namespace
 
-TEST(EntryOutcomes, EachIsToldInWordsOfItsOwn) {
+TEST(EntryOutcomes, EachHasWordsOfItsOwn) {
     std::vector<std::string_view> told;
     for (const EntryOutcome outcome : kOutcomes) {
         const std::string_view words = describe(outcome);

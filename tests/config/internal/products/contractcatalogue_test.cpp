@@ -33,7 +33,7 @@ TEST(ContractCatalogue, GrowsByWhatEachTextSays) {
     EXPECT_TRUE(catalogue.creditProductByType.empty());
 }
 
-TEST(ContractCatalogue, TellsWhatBecomesOfATypesEntry) {
+TEST(ContractCatalogue, TellsTheOutcomeOfATypeEntry) {
     ContractCatalogue catalogue;
     enterContracts("S:a,1,2,3,0;C:a,1,2,3,1", catalogue);
     struct Row {

@@ -185,7 +185,7 @@ TEST(JsonObject, ReadsNumbersTooSmallForADoubleAsZero) {
     }
 }
 
-TEST(JsonObject, LooksAtNothingBehindTheObject) {
+TEST(JsonObject, IgnoresEverythingAfterTheObject) {
     for (const std::string& behind :
          {std::string(101, '['), std::string("\"a\\u0000\":1"), std::string("}]{ 1e999 garbage")}) {
         const auto object = readJsonObject("{\"93000\":50} " + behind);
@@ -311,7 +311,7 @@ TEST(JsonObject, RefusesNamesWithANul) {
         EXPECT_NO_THROW(parseJson(text)) << text;
 }
 
-TEST(JsonObject, RaisesExceptionsOfTheStandardKind) {
+TEST(JsonObject, ThrowsStandardExceptions) {
     for (const char* text : {"{", "x", "{\"a\":tru}", "[1,", "{\"a\":1e999}"})
         EXPECT_THROW(parseJson(text), std::exception) << text;
 }

@@ -58,7 +58,7 @@ TEST(TradingSessions, BeginAnewWhenOpenedTwice) {
     EXPECT_EQ(sessionsOf(R"({"90000": 50, "93000": 50, "100000": 49})"), (TradingSessions{{34200, 36000}}));
 }
 
-TEST(TradingSessions, PassOverOtherCodes) {
+TEST(TradingSessions, IgnoreOtherCodes) {
     for (const char* code : {"0", "12", "48", "51", "53", "55", "-50", "100"}) {
         EXPECT_EQ(sessionsOf(std::string(R"({"90000": 50, "93000": )") + code + R"(, "100000": 49})"),
                   (TradingSessions{{32400, 36000}}))
@@ -174,7 +174,7 @@ TEST(TradingSessions, LogTheirPointsWithTheEveningFirst) {
     }
 }
 
-TEST(TradingSessions, LogMarketsOfTwoPointsAndMoreAlone) {
+TEST(TradingSessions, LogOnlyMarketsWithTwoPointsOrMore) {
     const LogCapture log;
     standin::setFileLogEnabled(535, true);
     buildTradingSessions({{"NONE", "{}"}, {"ONE", R"({"93000": 50})"}, {"BROKEN", "{"}});
@@ -185,7 +185,7 @@ TEST(TradingSessions, LogMarketsOfTwoPointsAndMoreAlone) {
                 ElementsAre("points market TWICE", "points = 34200  status 49", "points = 34200  status 49"));
 }
 
-TEST(TradingSessions, LogNothingThatNobodyWants) {
+TEST(TradingSessions, LogNothingWhenTheChannelOrLevelIsOff) {
     const LogCapture log;
     const std::map<std::string, std::string> texts = {{"M", R"({"93000": 50, "150000": 49})"}};
     standin::setEveryFileLogEnabled(true);

@@ -8,7 +8,7 @@
 
 using ttservice::internal::ReadMostlyMutex;
 
-TEST(ReadMostlyMutex, AWriterIsAlone) {
+TEST(ReadMostlyMutex, AWriterHasExclusiveAccess) {
     ReadMostlyMutex mutex;
     // Plain numbers on purpose: a reader that meets a writer sees them differ, and the thread sanitizer reports the
     // race.

@@ -34,7 +34,7 @@ Pieces squeezed(const std::string& text) {
 
 }  // namespace
 
-TEST(Splitting, DiffersInWhatBecomesOfEmptyPieces) {
+TEST(Splitting, DiffersInTheTreatmentOfEmptyPieces) {
     struct Row {
         std::string text;
         Pieces kept, dropped, squeezed;

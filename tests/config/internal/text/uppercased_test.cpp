@@ -8,7 +8,7 @@
 
 using ttservice::internal::UpperCased;
 
-TEST(UpperCased, SaysWhatThePlatformSays) {
+TEST(UpperCased, AgreesWithThePlatform) {
     std::vector<std::string> texts = {
         "", "SH", "sh", "Sh", "688001", "600000.sh", "股", "股a", std::string("a\0b", 3), "[]`{}@"};
     for (int c = 0; c < 256; ++c)
@@ -17,7 +17,7 @@ TEST(UpperCased, SaysWhatThePlatformSays) {
         EXPECT_EQ(UpperCased(text).text(), utils::toUpper(text)) << text;
 }
 
-TEST(UpperCased, DoesNotCopyWhatIsInUpperCase) {
+TEST(UpperCased, DoesNotCopyUpperCaseText) {
     for (const std::string text : {"", "SH", "A LONG NAME THAT STANDS ON THE HEAP, 600000"})
         EXPECT_EQ(&UpperCased(text).text(), &text);
 }

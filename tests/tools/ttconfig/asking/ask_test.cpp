@@ -85,7 +85,7 @@ TEST_F(Ask, TakesArgumentsByTheTypeThatIsWanted) {
     }
 }
 
-TEST_F(Ask, RefusesWhatThereIsNotWithExitCode2) {
+TEST_F(Ask, RefusesUnknownCallsWithExitCode2) {
     const std::pair<std::vector<std::string>, const char*> rows[] = {
         {{"isNeedMaxAmount", "12"}, "unknown call \"isNeedMaxAmount\"; did you mean isNeedMaxAmountPts?"},
         {{"isNeedMaxAmountPts"}, "isNeedMaxAmountPts(int): 0 arguments given"},

@@ -55,7 +55,7 @@ TEST(Session, TakesLinesThatEndAsOnWindows) {
 }
 
 // Each line gets an error with this text, and the request after it gets its answer.
-TEST(Session, GoesOnAfterWhatCannotBeCarriedOut) {
+TEST(Session, GoesOnAfterRefusedRequests) {
     const std::pair<std::string, const char*> rows[] = {
         {"", "not JSON: "},
         {"   ", "not JSON: "},
@@ -152,7 +152,7 @@ TEST(Session, EchoesTheIdInAnswersAndInErrors) {
     }
 }
 
-TEST(Session, ANumberBeyondAllBoundsIsNoArgumentAndCostsNoId) {
+TEST(Session, ANumberTooLargeIsNoArgumentButKeepsTheId) {
     const ToolRun run = session(R"({"call":"isNeedMaxAmountPts","id":"q","args":[-1e400]})"
                                 "\n"
                                 R"({"call":"getMaxPermission","id":"1e400 \" 1e400","args":["1e400"],"other":1E+999})");
@@ -191,7 +191,7 @@ TEST(Session, TakesVeryLongLines) {
     EXPECT_LT(lines[3].size(), 600U);
 }
 
-TEST(Session, ManyMembersAndArgumentsTakeNoQuadraticTime) {
+TEST(Session, ManyMembersAndArgumentsDoNotTakeQuadraticTime) {
     std::string members;
     std::string numbers;
     for (int i = 0; i < 200000; ++i) {
@@ -214,7 +214,7 @@ TEST(Session, TextsKeepNulAndLoseNothing) {
     EXPECT_THAT(run.lines(), ElementsAre("{\"ok\":null}", R"({"ok":"a\u0000é😀\"\\"})"));
 }
 
-TEST(Session, BytesOfAFileThatAreNoUtf8AreReplaced) {
+TEST(Session, InvalidUtf8OfAFileIsReplaced) {
     const tests::TempFolder folder;
     const std::string file = folder.write("s.ini", "[HgtSgtPriceDiff]\nprice_diff=a\xFF\xE8\x82z\n");
     const ToolRun run = runTool({"session", "--settings", file}, R"({"call":"getHgtSgtPriceDiff"})");
@@ -271,7 +271,7 @@ TEST(Session, EveryAnswerIsWrittenAtOnce) {
     EXPECT_EQ(run.out, "{\"ok\":30}\n");
 }
 
-TEST(Session, EndsQuietlyWhenNobodyReads) {
+TEST(Session, EndsQuietlyWhenTheReaderHasGone) {
     std::string input;
     for (int i = 0; i < 20000; ++i)
         input += kAnswerable + '\n';
@@ -312,7 +312,7 @@ TEST(Session, RecordsKeepTheirNumbers) {
 
 // --- what an operation throws, with a table made for the test
 
-TEST(AnswerLine, AnExceptionOutOfTheLibraryIsAnError) {
+TEST(AnswerLine, AnExceptionFromTheLibraryIsAnError) {
     ttconfig::CallTable table;
     table.add("breaks", ttconfig::stateCall([](ttconfig::CallState&) -> int { throw std::runtime_error("it broke"); }));
     table.add("odd", ttconfig::stateCall([](ttconfig::CallState&) -> int { throw 7; }));

@@ -77,7 +77,7 @@ TEST(CallTable, HoldsEveryPublicOperationWithAllItsOverloads) {
     EXPECT_THAT(missingFrom(boundCalls(), declaredCalls()), testing::IsEmpty());
 }
 
-TEST(CallTable, HoldsNothingThatIsNoPublicOperation) {
+TEST(CallTable, HoldsOnlyPublicOperations) {
     EXPECT_THAT(missingFrom(declaredCalls(), boundCalls()), testing::IsEmpty());
 }
 

@@ -138,7 +138,7 @@ TEST(Answers, AMapsIntKeysAreDecimalAndKeepTheirOrder) {
               "{\"-5\":false,\"2\":true,\"10\":true}");
 }
 
-TEST(Answers, BytesThatAreNoUtf8AreReplaced) {
+TEST(Answers, InvalidUtf8IsReplaced) {
     EXPECT_EQ(answered(std::string("a\xFF"
                                    "b")),
               "\"a\xEF\xBF\xBD"

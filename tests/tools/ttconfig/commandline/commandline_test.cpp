@@ -62,14 +62,14 @@ TEST(CommandLine, TheHelpOfATopicShowsWhatIsBelowIt) {
     }
 }
 
-TEST(CommandLine, WhatIsHiddenHasHelpAndIsInNoList) {
+TEST(CommandLine, HiddenSubcommandsHaveHelpButAreNotListed) {
     EXPECT_THAT(runTool({"manual", "--help"}).out, HasSubstr("Example"));
     EXPECT_THAT(runTool({"completion", "words", "--help"}).out, HasSubstr("Example"));
     EXPECT_THAT(runTool({"--help"}).out, testing::Not(HasSubstr("\n  manual")));
     EXPECT_THAT(runTool({"completion", "--help"}).out, testing::Not(HasSubstr("\n  words")));
 }
 
-TEST(CommandLine, TellsItsVersionAndTheLibrarys) {
+TEST(CommandLine, ShowsItsVersionAndTheLibrarys) {
     const ToolRun run = runTool({"--version"});
     EXPECT_THAT(run.out, MatchesRegex("ttconfig [0-9]+\\.[0-9]+\\.[0-9]+\n"
                                       "traderbaseconfig [0-9]+\\.[0-9]+\\.[0-9]+\n"));
@@ -89,7 +89,7 @@ TEST(CommandLine, TakesAnEmptyValueBehindTheEqualSign) {
     EXPECT_EQ(runTool({"ask", "getMaxPermission", "--", "--settings="}).exitCode, 0);
 }
 
-TEST(CommandLine, TellsTheExitCodes) {
+TEST(CommandLine, ListsTheExitCodes) {
     const std::string help = runTool({"--help"}).out;
     for (const char* code : {"0", "1", "2", "3", "4"})
         EXPECT_THAT(help, HasSubstr(std::string("\n  ") + code + "  "));
@@ -148,7 +148,7 @@ TEST(CommandLine, UsageErrorsHaveExitCode2AndNoAnswer) {
     }
 }
 
-TEST(CommandLine, AMisspeltSubcommandIsToldWhatItIsNearTo) {
+TEST(CommandLine, AMisspeltSubcommandGetsASuggestion) {
     const struct {
         std::vector<std::string> words;
         const char* meant;

@@ -23,7 +23,7 @@ using testing::Not;
 using tests::completionsOf;
 using tests::ToolRun;
 
-TEST(Completion, KnowsWhatStandsWhere) {
+TEST(Completion, KnowsWhichWordFitsWhere) {
     const struct {
         std::vector<std::string> words;
         std::vector<std::string> become;
@@ -83,13 +83,13 @@ TEST(Completion, KnowsEveryOperationKeySectionAndSwitch) {
     EXPECT_THAT(keys, Not(Contains("*")));
 }
 
-TEST(Completion, TellsWhatWordsMean) {
+TEST(Completion, ShowsWhatWordsMean) {
     EXPECT_EQ(tests::runTool({"completion", "words", "--", "swit"}).out, "switches\tList the platform switches\n");
     EXPECT_THAT(tests::runTool({"completion", "words", "--", "ask", "isNeedMaxA"}).out,
                 testing::MatchesRegex("isNeedMaxAmountPts\t.*\\.\n"));
 }
 
-TEST(Completion, OfNothingIsNothing) {
+TEST(Completion, OfNoWordsIsEmpty) {
     const ToolRun run = tests::runTool({"completion", "words"});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.out, "");

@@ -55,14 +55,14 @@ TEST(Manual, HasEveryRuleOfCheckAndEveryExitCode) {
         EXPECT_THAT(page, HasSubstr(std::string("\n.B ") + code + '\n'));
 }
 
-TEST(Manual, HasNothingThatTheManProgramWarnsOf) {
+TEST(Manual, CausesNoWarningOfTheManProgram) {
     if (tests::runShell("command -v groff").exitCode != 0) GTEST_SKIP() << "groff is not installed";
     const ToolRun run = tests::runShell("\"$TTCONFIG\" manual | groff -man -Tutf8 -ww -z");
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.err, "");
 }
 
-TEST(Manual, HasNoHelpTextThatIsTakenForARequest) {
+TEST(Manual, HasNoHelpTextThatManReadsAsARequest) {
     const std::vector<std::string> lines = tests::runTool({"manual"}).lines();
     for (const std::string& line : lines) {
         if (line.empty() || (line[0] != '.' && line[0] != '\'')) continue;

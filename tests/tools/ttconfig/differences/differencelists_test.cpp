@@ -65,7 +65,7 @@ std::string switchKey(const std::string& question) {
     return question.substr(start, question.size() - start - 2);
 }
 
-TEST(DifferenceLists, TellsEveryPlatformThatAListGainsOrLoses) {
+TEST(DifferenceLists, ReportsEveryPlatformThatAListGainsOrLoses) {
     const tests::TempFolder folder;
     std::size_t changes = 0;
     for (unsigned seed = 3000; seed < 3150; ++seed) {
@@ -114,7 +114,7 @@ std::vector<int> unitsOf(const boost::shared_ptr<ConfigCollector>& /*current*/) 
     return units;
 }
 
-TEST(DifferenceUnits, TellsUnitsWheneverAUnitDiffers) {
+TEST(DifferenceUnits, ReportsUnitsWheneverAUnitDiffers) {
     const tests::TempFolder folder;
     int changes = 0;
     for (unsigned seed = 4000; seed < 4150; ++seed) {

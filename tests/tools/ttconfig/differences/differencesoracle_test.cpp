@@ -173,7 +173,7 @@ bool isAskedWithPlatform(const std::string& question, const std::string& platfor
 
 constexpr unsigned kLimitedPairs = 60 / tests::kTriedOneIn;
 
-TEST(DifferencesOracle, TellsExactlyTheQuestionsThatTheLibraryAnswersInAnotherWay) {
+TEST(DifferencesOracle, ReportsExactlyTheQuestionsWhoseAnswersDiffer) {
     const tests::TempFolder folder;
     const auto platformKinds = platformsOfKinds();
     std::size_t questions = 0;
@@ -201,7 +201,7 @@ TEST(DifferencesOracle, TellsExactlyTheQuestionsThatTheLibraryAnswersInAnotherWa
     RecordProperty("changes", static_cast<int>(changes));
 }
 
-TEST(DifferencesOracle, LimitedToPlatformsTellsTheirQuestionsAndNothingElse) {
+TEST(DifferencesOracle, LimitedToPlatformsReportsOnlyTheirQuestions) {
     const tests::TempFolder folder;
     const auto platformKinds = platformsOfKinds();
     for (unsigned seed = 1000; seed < 1000 + kLimitedPairs && !HasFailure(); ++seed) {

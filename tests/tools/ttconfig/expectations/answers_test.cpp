@@ -55,7 +55,7 @@ TEST(Answers, PrintWhatIsRecorded) {
 
 // --- diff
 
-TEST(Diff, OneLineTellsTheSwitchBothPlacesAndBothAnswers) {
+TEST(Diff, OneLineNamesTheSwitchBothPlacesAndBothAnswers) {
     EXPECT_THAT(inFolder("diff old.ini new.ini").lines(),
                 testing::Contains("platform 12: isNeedMaxAmountPts off → on (old:3, new:2)"));
 }
@@ -110,7 +110,7 @@ TEST(Diff, JsonHasAMemberForEachPartOfTheLine) {
     EXPECT_TRUE(same["changes"].empty());
 }
 
-TEST(Diff, WithPlatformDataTellsWhatACodeIsAnsweredByItsCategory) {
+TEST(Diff, WithPlatformDataShowsTheAnswerThatACodeGetsFromItsCategory) {
     std::vector<std::string> lines = inFolder("diff old.ini new.ini").lines();
     const auto line = std::find(lines.begin(), lines.end(), "SH-688001: getOrderLimit by category → 5000,股 (new:22)");
     ASSERT_NE(line, lines.end());
@@ -192,7 +192,7 @@ TEST(Platform, TellsEverySwitchOfTheSamplesThatListsIt) {
     EXPECT_TRUE(isThere) << "a switch that is true for those not listed is special when it is off";
 }
 
-TEST(Platform, ValuesThatAreThoseOfTheOthersAreNotSpecial) {
+TEST(Platform, ValuesSharedWithAllOthersAreNotSpecial) {
     const tests::TempFolder folder;
     const std::string file = folder.write("s.ini", "[setting]\nrenewalpts=12:5;15:6;5\nsetavailable=12:7;7\n");
     const json all = json::parse(runTool({"platform", "12", "15", "--settings", file, "--format", "json"}).out);
@@ -228,7 +228,7 @@ TEST(Expectations, OfTheSampleHoldForTheSampleSettings) {
     EXPECT_THAT(run.out, HasSubstr("expectations are met"));
 }
 
-TEST(Expectations, AFailureTellsPlaceBothAnswersAndTheReason) {
+TEST(Expectations, AFailureShowsThePlaceBothAnswersAndTheReason) {
     const ToolRun run = inFolder("test failing.expect --settings new.ini");
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_THAT(run.out, HasSubstr("failing.expect:1:1: expected false, got true\n"));
@@ -237,7 +237,7 @@ TEST(Expectations, AFailureTellsPlaceBothAnswersAndTheReason) {
     EXPECT_THAT(run.lines().back(), HasSubstr("3 of 4 expectations not met"));
 }
 
-TEST(Expectations, MalformedLinesHaveExitCode2AndAllAreTold) {
+TEST(Expectations, MalformedLinesHaveExitCode2AndAreAllReported) {
     const ToolRun run = inFolder("test malformed.expect --settings new.ini");
     EXPECT_EQ(run.exitCode, 2);
     EXPECT_EQ(run.out, "");

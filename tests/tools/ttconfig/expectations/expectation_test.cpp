@@ -54,7 +54,7 @@ TEST(ExpectationLine, BlankLinesAndCommentsAskNothing) {
     }
 }
 
-TEST(ExpectationLine, AMalformedOneIsToldWithItsColumn) {
+TEST(ExpectationLine, AMalformedOneIsReportedWithItsColumn) {
     const struct {
         const char* line;
         unsigned column;
@@ -89,7 +89,7 @@ TEST(ExpectationLine, TellsWhereEachWordStands) {
     EXPECT_EQ(found->places[2].column, 12U);
 }
 
-TEST(ExpectationLine, NoBytesAreTooMuch) {
+TEST(ExpectationLine, AnyBytesAreBearable) {
     std::vector<MalformedLine> malformed;
     std::string line(1000000, '[');
     EXPECT_FALSE(readExpectation(line, 1, malformed));

@@ -59,7 +59,7 @@ TEST(Explain, PrintsWhatIsRecorded) {
     FAIL() << "differs: diff " << kFolder << "/answers.expected " << path;
 }
 
-TEST(Explain, TakesANumberThatIsNoneForWhatItIs) {
+TEST(Explain, ExplainsAnswersThatAreNan) {
     const tests::TempFolder folder;
     const std::string settings =
         folder.write("a.ini",
@@ -74,7 +74,7 @@ TEST(Explain, TakesANumberThatIsNoneForWhatItIs) {
     }
 }
 
-TEST(Explain, HandsNoControlCharacterOnToTheTerminal) {
+TEST(Explain, PassesNoControlCharacterToTheTerminal) {
     for (const std::vector<std::string>& question : {std::vector<std::string>{"getSubFee", "a\x1B[31m\nzz\xFF"},
                                                      {"getOrderLimit", "a\x1B[31m\nzz", "x\x7F", "0"}}) {
         const ToolRun run = explain(question);
@@ -132,7 +132,7 @@ TEST(Explain, JsonHasThePlaceAndTheEdit) {
     EXPECT_EQ(answer.at("whyNot").at("edit").at("add"), json::array({"needmaxamount=8,12,15,12"}));
 }
 
-TEST(Explain, SaysWhatIsWrongWithTheQuestionByExitCode2) {
+TEST(Explain, RejectsABadQuestionWithExitCode2) {
     const std::pair<const char*, const char*> rows[] = {
         {"isNeedMaxAmount 12", "did you mean isNeedMaxAmountPts?"},
         {"isNeedMaxAmountPts", "0 arguments given"},
@@ -151,7 +151,7 @@ TEST(Explain, SaysWhatIsWrongWithTheQuestionByExitCode2) {
     }
 }
 
-TEST(Explain, TakesAnEmptyTextForWhatIsWanted) {
+TEST(Explain, TakesAnEmptyTextAsTheWantedAnswer) {
     for (const std::vector<std::string>& wanted : {std::vector<std::string>{"--why-not", ""}, {"--why-not="}}) {
         std::vector<std::string> question = {"getAlgoTypes"};
         question.insert(question.end(), wanted.begin(), wanted.end());
@@ -167,7 +167,7 @@ TEST(Explain, SaysInItsHelpWhenTheExitCodeIs1) {
     EXPECT_EQ(explain({"getDelayPushTime", "--why-not", "31"}).exitCode, 1);
 }
 
-TEST(Explain, WarnsOfAnOverrideThatNoSwitchHas) {
+TEST(Explain, WarnsOfAnOverrideOfAnUnknownSwitch) {
     const struct {
         std::vector<std::string> question;
         const char* said;
@@ -192,7 +192,7 @@ TEST(Explain, LeavesTheFileAsItIs) {
     EXPECT_EQ(tests::fileText(kFolder + "/settings.ini"), before);
 }
 
-TEST(Explain, TakesWhateverASettingsFileHolds) {
+TEST(Explain, AcceptsAnyBytesInASettingsFile) {
     const tests::TempFolder folder;
     std::string manyPieces = "[setting]\nneedmaxamount=";
     for (int i = 0; i < 200000; ++i)
@@ -219,7 +219,7 @@ TEST(Explain, TakesWhateverASettingsFileHolds) {
     }
 }
 
-TEST(Explain, NeedsAFileThatCanBeRead) {
+TEST(Explain, NeedsAReadableFile) {
     for (const char* file : {"missing.ini", "."}) {
         const ToolRun run = explain({"getRefLimit"}, file);
         EXPECT_EQ(run.exitCode, 3) << file;
@@ -230,7 +230,7 @@ TEST(Explain, NeedsAFileThatCanBeRead) {
 
 // --- ask --test
 
-TEST(AskTest, SaysTheAnswerByTheExitCode) {
+TEST(AskTest, GivesTheAnswerAsTheExitCode) {
     const std::string settings = kFolder + "/settings.ini";
     const struct {
         std::vector<std::string> question;

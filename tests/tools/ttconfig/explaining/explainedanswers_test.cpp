@@ -150,12 +150,12 @@ protected:
     std::set<Reason> seen;
 };
 
-TEST(ExplainedCalls, AreAllQuestionsOfTheCallTable) {
+TEST(ExplainedCalls, CoverEveryQuestionOfTheCallTable) {
     for (const auto& [name, overloads] : callTable().rows())
         EXPECT_NE(Explainer::explains(name), isNoQuestion(name)) << name;
 }
 
-TEST(ExplainedCalls, OthersAreOperationsThatThereAre) {
+TEST(ExplainedCalls, ExceptionsAreExistingOperations) {
     for (const auto& [name, why] : kNoQuestions) {
         EXPECT_FALSE(why.empty());
         EXPECT_TRUE(name.back() == '.' || callTable().rows().count(name) == 1) << name;
@@ -204,7 +204,7 @@ std::optional<std::string> anotherAnswer(const std::string& call, const Answer& 
     return other;
 }
 
-TEST_F(ExplainedAnswers, BecomeWhatIsWantedByTheEditThatIsTold) {
+TEST_F(ExplainedAnswers, BecomeTheWantedOnesAfterTheProposedEdit) {
     std::map<std::string, Answer> former;
     std::map<std::string, int> edits;
     unsigned found = 0;

@@ -216,7 +216,7 @@ TEST(WhyNot, TellsTheSmallestEditOfALongValue) {
     }
 }
 
-TEST(WhyNot, TellsAnEditForTheQuestionAloneWhereTheSmallestReachesFurther) {
+TEST(WhyNot, TellsANarrowerEditWhereTheSmallestAffectsOtherQuestions) {
     const standin::SettingsText text(std::string("[setting]\nrenewalpts=15:3;1\n"));
     const auto found = ttconfig::whyNot(Explainer(text), "getRenewalPts", {12}, Wanted("2"));
     ASSERT_TRUE(found.edit && found.narrower);
@@ -252,7 +252,7 @@ TEST(WhyNot, SaysWhyNoEditCan) {
     }
 }
 
-TEST(WhyNot, SaysThatItIsSoAlready) {
+TEST(WhyNot, SaysThatTheAnswerIsAlreadyAsWanted) {
     const standin::SettingsText text(std::string("[setting]\nneedmaxamount=12\n"));
     EXPECT_TRUE(ttconfig::whyNot(Explainer(text), "isNeedMaxAmountPts", {12}, Wanted("true")).isSoAlready);
 }
@@ -268,7 +268,7 @@ TEST(WhyNot, DoesNotTakeOneNameWithACommaForTwo) {
     EXPECT_TRUE(Wanted("[\"A,B\"]").isPlainly(Answer{"A,B"}));
 }
 
-TEST(WhyNot, TakesBytesThatAreNoUtf8) {
+TEST(WhyNot, TakesInvalidUtf8) {
     const standin::SettingsText text(
         std::string("[setting]\nneedmaxamount=8\nk\xFF=9\nsamrtalgotypes=a\xFF\nt0algotypes=a:b\n"
                     "algomultcontractsetting=P:\xFF,1,2,3,0\netfbrokerclienttag=a\xFF:b,c\n"

@@ -137,7 +137,7 @@ protected:
     std::string larger;
 };
 
-TEST_F(WhyNotPairs, AreToldTheEditBetweenThemOrASmallerOne) {
+TEST_F(WhyNotPairs, GetTheEditBetweenThemOrASmallerOne) {
     for (unsigned seed = 0; seed < kTexts; ++seed) {
         tests::MadePairs pairs(seed);
         tests::MadeQuestions made(seed);

@@ -15,7 +15,7 @@ namespace {
 using namespace ttconfig;
 using testing::HasSubstr;
 
-TEST(Advice, NumbersAreReadInTheWaysThatPeopleWriteThem) {
+TEST(Advice, NumbersAreReadInTheNotationsThatPeopleUse) {
     const struct {
         const char* text;
         const char* whole;
@@ -64,7 +64,7 @@ TEST(Advice, NumbersAreReadInTheWaysThatPeopleWriteThem) {
     EXPECT_EQ(numberMeant(std::string(1 << 20, '1'), NumberKind::Decimal), "");
 }
 
-TEST(Advice, FlagsAndPlatformsAreSeenThroughWhatStandsAroundThem) {
+TEST(Advice, FlagsAndPlatformsAreFoundInsideOtherSigns) {
     EXPECT_EQ(flagMeant("True"), "1");
     EXPECT_EQ(flagMeant("off"), "0");
     EXPECT_EQ(flagMeant("2"), "");
@@ -74,7 +74,7 @@ TEST(Advice, FlagsAndPlatformsAreSeenThroughWhatStandsAroundThem) {
     EXPECT_EQ(wholeNumberIn("()"), "");
 }
 
-TEST(Advice, ItemsOfLimitRowsAreSeenWithOtherSignsAndTurnedRound) {
+TEST(Advice, ItemsOfLimitRowsAreFoundWithOtherSignsAndReversed) {
     EXPECT_EQ(limitItemMeant("SH600000"), "SH-600000");
     EXPECT_EQ(limitItemMeant("SH.600000"), "SH-600000");
     EXPECT_EQ(limitItemMeant("600000.SH"), "SH-600000");

@@ -135,7 +135,7 @@ TEST(Check, AFileThatCannotBeUsedHasExitCode3AndNoAnswer) {
     }
 }
 
-TEST(Check, AFileThatCannotBeUsedKeepsNobodyFromTheFindingsOfTheOthers) {
+TEST(Check, AFileThatCannotBeUsedDoesNotHideFindingsOfOtherFiles) {
     const TempFolder folder;
     folder.write("a.ini", kTwoFindings);
     folder.write("nul.ini", std::string("[setting]\0\n", 11));
@@ -193,7 +193,7 @@ TEST(Check, PlatformDataTellsWhichCodesItDoesNotKnow) {
 }
 
 // Text output shows a limited number of findings per rule; a last line counts the rest.
-TEST(Check, OfVeryManyFindingsOfARuleTheFirstAreShown) {
+TEST(Check, OnlyTheFirstOfManyFindingsOfARuleAreShown) {
     const TempFolder folder;
     std::string settings = "[setting]\n";
     for (int i = 0; i < 1500; ++i)
@@ -235,7 +235,7 @@ TEST(Check, MarkdownIsForTheReferencePageAlone) {
 }
 
 // Every rule in one file, except those that need platform data or a separate file.
-TEST(Check, AFileWithEveryMistakeAtOnceIsToldAsRecorded) {
+TEST(Check, AFileWithEveryMistakeIsReportedAsRecorded) {
     const ToolRun run = runTool({"check", "-C", kHere, "everything.ini", "--platform", "everything.json"});
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_EQ(run.err, "");

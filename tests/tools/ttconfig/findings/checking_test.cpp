@@ -50,7 +50,7 @@ TEST(Checking, ARepeatedKeyNamesBothPlaces) {
     EXPECT_THAT(findings[0].message, HasSubstr("line 2, column 1"));
 }
 
-TEST(Checking, NamesThatAreNearAreSuggestedForTheFirstHundredsOfUnknownKeys) {
+TEST(Checking, SimilarNamesAreSuggestedForTheFirstHundredsOfUnknownKeys) {
     std::string bytes = "[setting]\n";
     for (int i = 0; i < 1000; ++i)
         bytes += "completelydifferent" + std::to_string(i) + "=1\n";
@@ -61,7 +61,7 @@ TEST(Checking, NamesThatAreNearAreSuggestedForTheFirstHundredsOfUnknownKeys) {
 }
 
 // With CRs alone, the file is one line: a single finding says so, instead of one for each consequence.
-TEST(Checking, AFileWithCarriageReturnsAloneIsToldOnce) {
+TEST(Checking, AFileWithCarriageReturnsAloneIsReportedOnce) {
     const auto findings = findingsIn("[setting]\rneedmaxamount=12\rneeduseavailable=x\r");
     ASSERT_EQ(findings.size(), 1U);
     EXPECT_EQ(findings[0].rule, "lone-carriage-return");
@@ -87,7 +87,7 @@ TEST(Checking, TakesALineOfTenMegabytes) {
     }
 }
 
-TEST(Checking, ALineOfManyBadPiecesIsHandedOnPieceByPiece) {
+TEST(Checking, ALineOfManyBadPiecesIsReportedPieceByPiece) {
     std::string bytes = "[setting]\nneedmaxamount=0";
     for (int i = 0; i < 100000; ++i)
         bytes += ",x";
@@ -103,7 +103,7 @@ TEST(Checking, ALineOfManyBadPiecesIsHandedOnPieceByPiece) {
 }
 
 // Pieces of settings in any order must cause no crash, and give findings in file order with places inside the text.
-TEST(Checking, TakesAnyTextThatIsPutTogetherFromPieces) {
+TEST(Checking, TakesAnyTextMadeOfPieces) {
     const char* const pieces[] = {"[setting]",
                                   "\n",
                                   "=",

@@ -66,7 +66,7 @@ TEST(CheckRules, EachHasAFileThatNearlyTriggersItAndIsClean) {
         EXPECT_EQ(shown(findingsIn(kChecks / rule.name / "near.ini")), "") << rule.name;
 }
 
-TEST(CheckRules, NoFilesAreLeftOfARuleThatIsGone) {
+TEST(CheckRules, RemovedRulesLeaveNoFiles) {
     std::set<std::string> names;
     for (const Rule& rule : kRules)
         names.insert(std::string(rule.name));
@@ -75,7 +75,7 @@ TEST(CheckRules, NoFilesAreLeftOfARuleThatIsGone) {
 }
 
 // Further texts that trigger each rule, one per row: the section, the line, the rules in file order.
-TEST(CheckRules, TellOneThingOfEachMistake) {
+TEST(CheckRules, ReportEachMistakeOnce) {
     const struct {
         const char* section;
         const char* line;

@@ -22,7 +22,7 @@ namespace {
 using namespace ttconfig;
 using testing::HasSubstr;
 
-TEST(Causes, TellTheFirstOddCharacter) {
+TEST(Causes, ReportTheFirstOddCharacter) {
     const struct {
         const char* piece;
         std::optional<RuleId> rule;
@@ -57,7 +57,7 @@ TEST(Causes, TellTheFirstOddCharacter) {
     EXPECT_FALSE(causeIn("网格，二号", FullWidth::Fine).has_value());
 }
 
-TEST(Names, AreFoundInOtherLetterCaseAndNear) {
+TEST(Names, AreFoundInOtherLetterCaseAndWhenMisspelt) {
     NameIndex index({"refLimit", "needmaxamount"});
     EXPECT_EQ(index.inOtherCase("REFLIMIT"), "refLimit");
     EXPECT_EQ(index.inOtherCase("reflimits"), "");
@@ -141,7 +141,7 @@ TEST(TextColumns, AgreeWithCountingFromTheStartInLongLines) {
     }
 }
 
-TEST(Uris, EncodeWhatIsNoWordCharacter) {
+TEST(Uris, EncodeAllButWordCharacters) {
     EXPECT_EQ(uriOf("settings.ini"), "settings.ini");
     EXPECT_EQ(uriOf("../a b/100%#?.ini"), "../a%20b/100%25%23%3F.ini");
     EXPECT_EQ(uriOf("/desk/股.ini"), "file:///desk/%E8%82%A1.ini");

@@ -139,7 +139,7 @@ TEST(Guides, ShowWhatTheirCommandsAnswer) {
     }
 }
 
-TEST(Guides, LeadToFilesThatThereAre) {
+TEST(Guides, LinkToExistingFiles) {
     std::vector<fs::path> pages = guides();
     pages.push_back(kSource / "README.md");
     for (const fs::path& file : pages) {

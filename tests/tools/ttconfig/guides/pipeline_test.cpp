@@ -90,7 +90,7 @@ TEST(PreCommitHook, RefusesWhatIsNotAsExpected) {
     EXPECT_NE(repository.commit().exitCode, 0);
 }
 
-TEST(PreCommitHook, LooksAtWhatIsCommittedNotAtWhatLiesThere) {
+TEST(PreCommitHook, ChecksTheCommittedFilesNotTheWorkingCopies) {
     TT_NEEDS_GIT();
     const Repository repository;
     repository.write("desk.ini", kMistaken);
@@ -102,7 +102,7 @@ TEST(PreCommitHook, LooksAtWhatIsCommittedNotAtWhatLiesThere) {
     EXPECT_EQ(repository.run("git commit -q -m x").exitCode, 0);
 }
 
-TEST(PreCommitHook, LeavesAloneWhatTheCommitDoesNotTouch) {
+TEST(PreCommitHook, IgnoresFilesThatTheCommitDoesNotTouch) {
     TT_NEEDS_GIT();
     const Repository repository;
     repository.write("old.ini", kMistaken);
@@ -113,7 +113,7 @@ TEST(PreCommitHook, LeavesAloneWhatTheCommitDoesNotTouch) {
     EXPECT_EQ(repository.run("git commit -q -m x").exitCode, 0);
 }
 
-TEST(PipelineStep, IsContentWithCleanSettingsAndShowsWhatDiffers) {
+TEST(PipelineStep, PassesCleanSettingsAndShowsDifferences) {
     TT_NEEDS_GIT();
     const Repository repository;
     repository.write("desks/desk.ini", "[setting]\nneedmaxamount=12\n");
@@ -146,7 +146,7 @@ TEST(PipelineStep, FailsForFindingsAndExpectations) {
     EXPECT_THAT(unexpected.out, HasSubstr("isNeedMaxAmountPts 16"));
 }
 
-TEST(PipelineStep, TellsWhatCouldNotBeDone) {
+TEST(PipelineStep, ReportsWhatCouldNotBeDone) {
     TT_NEEDS_GIT();
     const Repository repository;
     repository.write("desk.ini", kClean);
@@ -155,7 +155,7 @@ TEST(PipelineStep, TellsWhatCouldNotBeDone) {
     EXPECT_EQ(repository.step().exitCode, 3);
 }
 
-TEST(PipelineStep, OfARepositoryWithoutSettingsHasNothingToSay) {
+TEST(PipelineStep, SaysNothingInARepositoryWithoutSettings) {
     TT_NEEDS_GIT();
     const Repository repository;
     repository.write("x", "");

@@ -126,7 +126,7 @@ TEST(Limits, NameTheRowThatCounts) {
     EXPECT_EQ(lineOf(hongKong, "shenzhenConnectRates"), 12);
 }
 
-TEST(Limits, HaveTheConnectRatesOfConnectMarketsAlone) {
+TEST(Limits, HaveConnectRatesForConnectMarketsOnly) {
     const struct {
         const char* market;
         bool shanghai;
@@ -141,7 +141,7 @@ TEST(Limits, HaveTheConnectRatesOfConnectMarketsAlone) {
     }
 }
 
-TEST(Limits, TellWhetherAnOperationBuysOnlyWhenThereIsOne) {
+TEST(Limits, ShowWhetherAnOperationBuysOnlyWhenOneIsGiven) {
     EXPECT_FALSE(limitsOf({"SH", "600000"}).contains("buys"));
     for (const auto& [op, buys] : {std::pair("0", true), {"1152", true}, {"1151", false}, {"-1", false}})
         EXPECT_EQ(limitsOf({"SH", "600000", "--op", op}).at("buys").at("answer"), buys) << op;
@@ -213,7 +213,7 @@ TEST(Limits, OfTheSamplesAreFoundFromTheirFolder) {
     EXPECT_THAT(run.out, HasSubstr("order limit             20000 股      SH-600519: line "));
 }
 
-TEST(Limits, RefuseWhatCannotBeMeant) {
+TEST(Limits, RefuseImpossibleArguments) {
     const struct {
         std::vector<std::string> words;
         int exitCode;

@@ -118,7 +118,7 @@ TEST(Products, AreEmptyTablesForAFileWithoutThem) {
         EXPECT_EQ(table, json::array()) << name;
 }
 
-TEST(Products, ATagWithoutAColonIsToldToHaveNoEffect) {
+TEST(Products, ATagWithoutAColonIsReportedAsIneffective) {
     const json products = productsOf("[setting]\netfbrokerclienttag=15\n");
     EXPECT_EQ(rowsOf(products.at("oddEntries"), {"key", "entry", "outcome"}),
               json::parse(R"([["etfbrokerclienttag","15","without effect: no ':'"]])"));
@@ -145,7 +145,7 @@ TEST(Products, WithoutASettingsFileThereAreNone) {
     EXPECT_THAT(run.out, HasSubstr("Algorithm products, by account (stock or credit)\nnone\n\n"));
 }
 
-TEST(Products, OfAFileThatIsMissingAreRefused) {
+TEST(Products, RefuseAMissingFile) {
     const tests::ToolRun run = tests::runTool({"products", "--settings", "/nowhere/settings.ini"});
     EXPECT_EQ(run.exitCode, 3);
     EXPECT_EQ(run.out, "");

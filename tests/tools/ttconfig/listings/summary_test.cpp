@@ -59,12 +59,12 @@ TEST(Summary, CountsTheKeysOfEverySection) {
         {"section":"StandardBondUseLimit","keys":1}])"));
 }
 
-TEST(Summary, ListsTheSwitchesThatNameSomebody) {
+TEST(Summary, ListsTheSwitchesThatNamePlatforms) {
     EXPECT_EQ(summary(kSettings)["switches"], json::parse(R"([{"key":"isnotneedreplacecashrequired","platforms":[26]},
         {"key":"needmaxamount","platforms":[12,15]}])"));
 }
 
-TEST(Summary, ShowsWhatCountsForEverySingleValue) {
+TEST(Summary, ShowsTheEffectiveSingleValues) {
     const json values = summary(kSettings)["values"];
     const struct {
         const char* key;
@@ -124,7 +124,7 @@ TEST(Summary, AgreesWithTheStoreOnValuesByPlatform) {
     }
 }
 
-TEST(Summary, TellsWhatWasPassedOverByLine) {
+TEST(Summary, ReportsIgnoredPiecesByLine) {
     std::vector<std::string> found;
     const json all = summary(kSettings);
     for (const json& row : all["passedOver"]) {
@@ -139,7 +139,7 @@ TEST(Summary, TellsWhatWasPassedOverByLine) {
                            "15 Setting: unknown section; did you mean setting?"));
 }
 
-TEST(Summary, OfACleanFilePassesOverNothing) {
+TEST(Summary, IgnoresNothingInACleanFile) {
     const json all = summary("[setting]\nneedmaxamount=12\n; a comment\n\n");
     EXPECT_FALSE(all.contains("passedOver"));
     EXPECT_EQ(rowWith(all["loaded"], "what", "passed over")["from"], "nothing");

@@ -124,7 +124,7 @@ TEST(Explainer, SaysThatAnOverrideBeatsTheFile) {
         {{"needmaxamount", false}, {"notneedcalcenbalevoluebyenablemargin", true}});
 }
 
-TEST(Explainer, SaysWhereASingleValueIsFrom) {
+TEST(Explainer, SaysWhereASingleValueComesFrom) {
     const std::string absent = "file-value -: there is no such key";
     expectAll({
         {"[setting]\nisshowmaxcanorder=1\n", "isShowMaxCanOrder", {}, true, "file-value", "2:19", {}},
@@ -444,7 +444,7 @@ TEST(Explainer, SaysWhichEntryOfACatalogueCounts) {
     });
 }
 
-TEST(Explainer, NamesTheUnitRuleAndTheKeysThatItAsked) {
+TEST(Explainer, NamesTheUnitRuleAndTheKeysThatItRead) {
     std::string error;
     ASSERT_TRUE(standin::installPlatformFile(TT_SOURCE_DIR "/samples/platform.json", error)) << error;
     const standin::SettingsText text(std::string("[setting]\nshusenewbondrules=1\n"));
@@ -456,7 +456,7 @@ TEST(Explainer, NamesTheUnitRuleAndTheKeysThatItAsked) {
     EXPECT_EQ(lostText(explanation.lost[0]), "file-value 2:19: the rule is on");
 }
 
-TEST(Explainer, SaysWhatNoSettingsFileDecides) {
+TEST(Explainer, SaysWhatSettingsFilesDoNotDecide) {
     expectAll({
         {"", "getDelayPushTime", {}, 30, "run-time", "-", {}},
         {"", "getHKUseCustRateType", {}, -1, "run-time", "-", {}},
@@ -468,7 +468,7 @@ TEST(Explainer, SaysWhatNoSettingsFileDecides) {
     });
 }
 
-TEST(Explainer, CountsWhatLostBeyondTheFirstThousand) {
+TEST(Explainer, CountsCandidatesBeyondTheFirstThousand) {
     std::string bytes = "[setting]\nneedmaxamount=";
     for (int i = 0; i < 1500; ++i)
         bytes += "12x,";
@@ -478,7 +478,7 @@ TEST(Explainer, CountsWhatLostBeyondTheFirstThousand) {
     EXPECT_EQ(explanation.furtherLost, 500U);
 }
 
-TEST(Explainer, RefusesWhatIsNoQuestion) {
+TEST(Explainer, RefusesCallsThatAreNotQuestions) {
     const standin::SettingsText text;
     const Explainer explainer(text);
     EXPECT_THROW(explainer.explain("unknown", {}), ttconfig::CallRefused);
@@ -487,7 +487,7 @@ TEST(Explainer, RefusesWhatIsNoQuestion) {
     EXPECT_THROW(explainer.explain("isNeedMaxAmountPts", {}), ttconfig::CallRefused);
 }
 
-TEST(Reason, EveryWordStandsOnceAndIsExplained) {
+TEST(Reason, EveryWordIsUniqueAndExplained) {
     std::set<std::string_view> words;
     for (const ttconfig::ReasonText& reason : ttconfig::kReasons) {
         EXPECT_TRUE(words.insert(reason.word).second) << reason.word;

@@ -273,7 +273,7 @@ private:
 
 }  // namespace
 
-TEST_F(LimitReasons, SayWhatIsAnsweredForEveryInstrumentOfTheSamples) {
+TEST_F(LimitReasons, ExplainTheAnswersForEverySampleInstrument) {
     const std::set<Instrument> instruments = instrumentsOf(platform);
     ASSERT_GE(instruments.size(), 60U);
     check(tests::fileText(kSamples + "settings.ini"), instruments);
@@ -285,7 +285,7 @@ TEST_F(LimitReasons, SayWhatIsAnsweredForEveryInstrumentOfTheSamples) {
     EXPECT_GE(rulesNamed.size(), 70U);
 }
 
-TEST_F(LimitReasons, SayWhatIsAnsweredWhateverTheRowsLookLike) {
+TEST_F(LimitReasons, ExplainTheAnswersWhateverTheRowsLookLike) {
     const std::set<Instrument> instruments = {{"SH", "600000"}, {"sh", "600000"},   {"SH", "510050"}, {"SH", "688001"},
                                               {"SH", "SH"},     {"SH", "DEF-MORE"}, {"SZ", "123001"}, {"HGT", "00700"},
                                               {"HK", "00005"},  {"hk", "00005"},    {"SGT", "00981"}, {"SSEHKEX", "1"},

@@ -68,7 +68,7 @@ TEST(PlatformValues, KnowTheItemOfAPlatformAndTheDefault) {
     EXPECT_EQ(values.byDefault, 5U);
 }
 
-TEST(PlatformValues, HaveThreeKindsOfDefaultThatNobodyWrote) {
+TEST(PlatformValues, HaveThreeKindsOfImplicitDefault) {
     const SettingsText without;
     EXPECT_EQ(ttconfig::platformValues<int>(without, keys::counterMaxCompacts).at(1), 500);
     const SettingsText empty(std::string("[setting]\ncounterMaxCompactsRespNum=\n"));

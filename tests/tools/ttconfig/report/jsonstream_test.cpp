@@ -47,7 +47,7 @@ TEST(JsonStream, NothingInATextCanEndTheScriptElement) {
     }
 }
 
-TEST(JsonStream, BytesThatAreNoUtf8AreReplaced) {
+TEST(JsonStream, InvalidUtf8IsReplaced) {
     const std::string r = kReplacement;
     const std::pair<std::string, std::string> rows[] = {
         {"\xFF", r},
@@ -128,7 +128,7 @@ TEST(JsonStream, MembersAndElementsOfTheOuterLevelsStartLines) {
     EXPECT_EQ(text, "{\n\"a\":[\n[1,2],\n3]}");
 }
 
-TEST(JsonStream, NumbersThatJsonDoesNotKnowAreTexts) {
+TEST(JsonStream, NumbersThatJsonCannotWriteAreTexts) {
     const double infinity = std::numeric_limits<double>::infinity();
     EXPECT_EQ(written([&](JsonStream& json) { json.decimal(infinity); }), "\"inf\"");
     EXPECT_EQ(written([&](JsonStream& json) { json.decimal(-infinity); }), "\"-inf\"");

@@ -130,7 +130,7 @@ TEST(Report, KeepsTheRightsOfAnEarlierPage) {
               fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
 }
 
-TEST(Report, APlaceWhereNoPageCanBeIsRefused) {
+TEST(Report, AnImpossiblePlaceForThePageIsRefused) {
     const TempFolder folder;
     const std::string settings = folder.write("settings.ini", kSettings);
     fs::create_directory(folder.path("folder"));
@@ -156,7 +156,7 @@ TEST(Report, AFullDiskLeavesWhatWasThereBefore) {
     EXPECT_THAT(othersIn(folder, {"settings.ini", "report.html"}), IsEmpty());
 }
 
-TEST(Report, InputsThatCannotBeMeantAreRefused) {
+TEST(Report, UnusableInputsAreRefused) {
     const TempFolder folder;
     const std::string settings = folder.write("settings.ini", kSettings);
     const std::string empty = folder.write("empty.ini", "");

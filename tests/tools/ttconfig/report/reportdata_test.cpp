@@ -77,7 +77,7 @@ std::string linesOf(const nlohmann::ordered_json& data) {
 }
 
 // All the page's data about a small pair of files, except the results of check and diff, and the versions.
-TEST(ReportData, OfASmallPairOfFilesIsAsRecorded) {
+TEST(ReportData, ForASmallPairOfFilesIsAsRecorded) {
     const fs::path folder = fs::path(TT_SOURCE_DIR) / "tests/tools/ttconfig/report/golden";
     fs::current_path(fs::path(TT_SOURCE_DIR) / "tests/tools/ttconfig/sessions/settings");
     const ReportedFile old = fileOf(tests::fileText((folder / "old.ini").string()));
@@ -231,7 +231,7 @@ TEST(ReportData, LongTablesAreCutAndSaySo) {
     EXPECT_GE(data.at("changes").at("leftOut"), 5);
 }
 
-TEST(ReportData, OfALongFileOnlyTheLinesReferredToAreShown) {
+TEST(ReportData, OnlyReferencedLinesOfALongFileAreShown) {
     const std::string text =
         "; nothing\r\n[setting]\nneedmaxamount=12\n; more\nisshowmaxcanorder=1\nunknown=" + std::string(5000, 'x');
     ReportBounds bounds;

@@ -188,7 +188,7 @@ TEST_F(ReportPage, ALinkFromOutsideShowsItsLine) {
     EXPECT_EQ(textOf(".source .shown"), line + "41=SSE511880,SSE511990,SZSE159001");
 }
 
-TEST_F(ReportPage, IsWorkedByKeyboard) {
+TEST_F(ReportPage, WorksByKeyboard) {
     open(MadeReport(kSample));
     const std::string line = std::to_string(lineOfSample("accountloginerrorno="));
     browser->press("Tab");
@@ -285,7 +285,7 @@ TEST_F(ReportPage, HostileTextIsShownAsText) {
 }
 
 // The content security policy holds: foreign content neither runs nor loads anything.
-TEST_F(ReportPage, LetsNothingIn) {
+TEST_F(ReportPage, BlocksForeignContent) {
     open(MadeReport(kSample));
     browser->evaluate(
         "(() => { const script = document.createElement('script'); script.textContent = 'window.taken = 1';"
@@ -318,7 +318,7 @@ TEST_F(ReportPage, FollowsTheSystemsThemeAndTheButton) {
 }
 
 // The contrast of text with its background, in both themes.
-TEST_F(ReportPage, TextStandsOutFromItsBackground) {
+TEST_F(ReportPage, TextHasEnoughContrast) {
     open(MadeReport(kSample));
     constexpr const char* kLowestContrast = R"js((() => {
         const style = getComputedStyle(document.documentElement);

@@ -86,7 +86,7 @@ TEST(Algos, TakeTheRightsOfThePlatformData) {
     EXPECT_EQ(rowOf(rows, "getZxjtAlgoParamConfig").at("right"), nullptr);
 }
 
-TEST(Algos, TellRightsThatOpenNothing) {
+TEST(Algos, WarnOfRightsThatOpenNothing) {
     const ToolRun run = runTool({"algos", "--script", kSample, "--rights", "mdl_alg_twapp,mdl_alg_vwap"});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.err, "ttconfig: the right \"mdl_alg_twapp\" opens nothing; did you mean mdl_alg_twap?\n");

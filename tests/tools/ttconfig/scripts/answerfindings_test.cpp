@@ -58,7 +58,7 @@ TEST(AnswerFindings, FollowTheOpensAndClosesOfADay) {
         EXPECT_THAT(sessionTextFindings(text), ElementsAre(StartsWith(finding))) << text;
 }
 
-TEST(AnswerFindings, NameWhatIsNoClockTime) {
+TEST(AnswerFindings, NameKeysThatAreNotClockTimes) {
     const std::tuple<const char*, const char*> rows[] = {
         {"noon", "\"noon\" is no clock time HHMMSS; it counts as 00:00:00"},
         {"09:30:00", "\"09:30:00\" is no clock time HHMMSS; it counts as 00:00:09"},
@@ -76,7 +76,7 @@ TEST(AnswerFindings, NameWhatIsNoClockTime) {
                 ElementsAre("09:30:00 is given twice; the last status counts"));
 }
 
-TEST(AnswerFindings, NameWhatIsNoStatus) {
+TEST(AnswerFindings, NameValuesThatAreNotStatuses) {
     const std::tuple<const char*, const char*> rows[] = {
         {"\"50\"", "at \"93000\": the status \"50\" is no whole number of 32 bits and counts as 0"},
         {"true", "at \"93000\": the status true is no whole number of 32 bits and counts as 0"},
@@ -87,7 +87,7 @@ TEST(AnswerFindings, NameWhatIsNoStatus) {
         EXPECT_THAT(sessionTextFindings("{\"93000\": " + std::string(status) + "}"), ElementsAre(finding));
 }
 
-TEST(AnswerFindings, SayWhereATextIsNoJson) {
+TEST(AnswerFindings, SayWhereATextIsNotJson) {
     const std::tuple<std::string, const char*> rows[] = {
         {"", "answers an empty text"},
         {"{\"93000\": 50", "the answer is no JSON object: line 1, column 13: syntax error"},
@@ -119,7 +119,7 @@ TEST(AnswerFindings, ListMarketsOnce) {
     EXPECT_THAT(listFindings(R"({"A": 1, "B": {}})"), IsEmpty());
 }
 
-TEST(AnswerFindings, WantContentFromVendors) {
+TEST(AnswerFindings, RequireContentFromVendors) {
     const std::tuple<const char*, const char*> rows[] = {
         {"{}", "the answer has no member \"content\""},
         {R"({"Content": {}})", "the answer has no member \"content\""},

@@ -47,7 +47,7 @@ TEST(CheckedScript, AnswersTexts) {
     EXPECT_EQ(checked.call("nul").text, std::string("a\0b", 3));
 }
 
-TEST(CheckedScript, NamesTheTypeOfWhatIsNoText) {
+TEST(CheckedScript, NamesTheTypeOfAnAnswerThatIsNotText) {
     Checked checked("function number() return 5 end function list() return {} end function nothing() end");
     for (const auto& [function, type] : {std::pair("number", "number"), {"list", "table"}, {"nothing", "nil"}}) {
         const ScriptAnswer answer = checked.call(function);
@@ -56,7 +56,7 @@ TEST(CheckedScript, NamesTheTypeOfWhatIsNoText) {
     }
 }
 
-TEST(CheckedScript, TellsTheLineOfAnError) {
+TEST(CheckedScript, ReportsTheLineOfAnError) {
     const std::tuple<const char*, int, const char*> rows[] = {
         {"\nfunction bad( return end", 2, "<name> or '...' expected near 'return'"},
         {"\n\nerror('stop')", 3, "stop"},
@@ -82,7 +82,7 @@ TEST(CheckedScript, TellsTheLineOfAnError) {
     }
 }
 
-TEST(CheckedScript, TellsTheLineOfAnErrorInAFunction) {
+TEST(CheckedScript, ReportsTheLineOfAnErrorInAFunction) {
     Checked checked("function fails(text)\n  local t\n  return t.field\nend\nfunction deep() return fails() .. '' end");
     ASSERT_TRUE(checked.loaded);
     for (const char* function : {"fails", "deep"}) {
@@ -98,7 +98,7 @@ TEST(CheckedScript, TellsTheLineOfAnErrorInAFunction) {
     EXPECT_EQ(checked.call("deep", "x").kind, Kind::Failed);  // and again
 }
 
-TEST(CheckedScript, BearsGuardedGlobals) {
+TEST(CheckedScript, CopesWithGuardedGlobals) {
     Checked checked(R"(
         function speak() printLog("spoken") return "ok" end
         local function refuse(_, name) error("no global " .. name, 0) end
@@ -112,7 +112,7 @@ TEST(CheckedScript, BearsGuardedGlobals) {
     EXPECT_EQ(checked.call("missing").trouble.message, "no global missing");
 }
 
-TEST(CheckedScript, TakesOneTextToPrint) {
+TEST(CheckedScript, PrintLogTakesOneText) {
     Checked checked(
         "function speak() printLog('a\\0b') printLog('c') return 'ok' end"
         " function number() printLog(5) end function none() printLog() end function two() printLog('a', 'b') end");
@@ -123,7 +123,7 @@ TEST(CheckedScript, TakesOneTextToPrint) {
     }
 }
 
-TEST(CheckedScript, GivesNoMoreMemoryThanOneGibibyte) {
+TEST(CheckedScript, LimitsMemoryToOneGibibyte) {
     Checked checked("function greedy() local t = {} for i = 1, 4096 do t[i] = string.rep('x', 1048576) .. i end end");
     EXPECT_EQ(checked.call("greedy").trouble.message, "not enough memory");
 }

@@ -44,7 +44,7 @@ ChildRun runFor(std::chrono::milliseconds limit, const std::function<void(const 
 
 }  // namespace
 
-TEST(ChildProcess, HandsItsLinesOver) {
+TEST(ChildProcess, PassesItsLinesOn) {
     const std::string large(1000000, 'x');
     const ChildRun done = runFor(60s, [&large](const SendLine& send) {
         send("one");
@@ -84,7 +84,7 @@ TEST(ChildProcess, TellsHowItEnded) {
     EXPECT_EQ(left.end.number, 0);
 }
 
-TEST(ChildProcess, IsEndedWhenItsTimeIsOver) {
+TEST(ChildProcess, IsKilledAtTheTimeLimit) {
     const ChildRun busy = runFor(200ms, [](const SendLine& send) {
         send("busy");
         for (volatile bool always = true; always;) {
@@ -107,7 +107,7 @@ void run(const std::string& command) {
     [[maybe_unused]] const int status = std::system(command.c_str());
 }
 
-TEST(ChildProcess, IsEndedWithWhatItStarted) {
+TEST(ChildProcess, IsKilledWithWhatItStarted) {
     const tests::TempFolder folder;
     const std::string mark = folder.path("still here");
     const ChildRun done = runFor(300ms, [&mark](const SendLine&) { run("(sleep 1; touch '" + mark + "') & sleep 5"); });
@@ -117,7 +117,7 @@ TEST(ChildProcess, IsEndedWithWhatItStarted) {
     EXPECT_NE(access(mark.c_str(), F_OK), 0);
 }
 
-TEST(ChildProcess, IsNotWaitedForByWhatItLeaves) {
+TEST(ChildProcess, DoesNotWaitForProcessesItLeavesBehind) {
     const ChildRun done = runFor(60s, [](const SendLine& send) {
         run("sleep 30 &");
         send("left");

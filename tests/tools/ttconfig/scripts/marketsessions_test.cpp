@@ -61,7 +61,7 @@ TEST(Sessions, ShowAllMarketsInTheOrderOfTheScript) {
               "NEVER   none\n");
 }
 
-TEST(Sessions, ShowTheMarketsThatAreNamed) {
+TEST(Sessions, ShowOnlyTheNamedMarkets) {
     const Client client;
     EXPECT_EQ(client.sessions({"NEVER", "SH"}).out,
               "market  sessions\n"
@@ -96,7 +96,7 @@ TEST(Sessions, BeginWithTheirStartAndEndBeforeTheirEnd) {
               "NIGHT   closed  21:00:00-24:00:00\n");
 }
 
-TEST(Sessions, RefuseWhatIsNoTime) {
+TEST(Sessions, RefuseTextsThatAreNotTimes) {
     const Client client;
     for (const char* time : {"930", "9:30", "24:00:00", "noon", ""}) {
         const ToolRun run = client.sessions({"--at", time});
@@ -105,7 +105,7 @@ TEST(Sessions, RefuseWhatIsNoTime) {
     }
 }
 
-TEST(Sessions, ComeFromTheScriptThatIsNamed) {
+TEST(Sessions, ComeFromTheNamedScript) {
     const Client client;
     const ToolRun run = client.sessions({"--script", client.other});
     EXPECT_EQ(run.exitCode, 0);
@@ -124,7 +124,7 @@ TEST(Sessions, NeedAScript) {
     }
 }
 
-TEST(Sessions, AreNoneForAScriptThatListsNoMarkets) {
+TEST(Sessions, AreEmptyForAScriptThatListsNoMarkets) {
     const tests::TempFolder folder;
     for (const char* source : {"", "this is no Lua", "function getMarkets() return '[1]' end"}) {
         const ToolRun run = runTool({"sessions", "--script", folder.write("s.lua", source)});

@@ -79,7 +79,7 @@ TEST(ScriptCheck, RefusesAFileThatCannotBeRead) {
     }
 }
 
-TEST(ScriptCheck, WantsAFileAndATimeThatMakesSense) {
+TEST(ScriptCheck, NeedsAFileAndASensibleTimeLimit) {
     for (const std::vector<std::string>& words : {std::vector<std::string>{"script"},
                                                   {"script", "check"},
                                                   {"script", "check", "x.lua", "--timeout", "0"},
@@ -89,7 +89,7 @@ TEST(ScriptCheck, WantsAFileAndATimeThatMakesSense) {
     }
 }
 
-TEST(ScriptCheck, TellsTheLineOfALuaError) {
+TEST(ScriptCheck, ReportsTheLineOfALuaError) {
     const std::tuple<const char*, const char*> rows[] = {
         {"\nfunction bad( return end", "2: script: <name> or '...' expected near 'return'"},
         {"\n\nlocal x = nothing.field", "3: script: attempt to index global 'nothing' (a nil value)"},
@@ -104,7 +104,7 @@ TEST(ScriptCheck, TellsTheLineOfALuaError) {
         EXPECT_THAT(ScriptFile(source).findings(), ElementsAre(finding)) << source;
 }
 
-TEST(ScriptCheck, TellsWhichFunctionsAreMissing) {
+TEST(ScriptCheck, ReportsMissingFunctions) {
     EXPECT_THAT(ScriptFile("x = 5").findings(),
                 ElementsAre(" script: defines none of the functions that the client calls: neither getMarkets and "
                             "getMarketTradeDuration nor any vendor's"));
@@ -120,7 +120,7 @@ TEST(ScriptCheck, TellsWhichFunctionsAreMissing) {
     EXPECT_THAT(findings, testing::Contains(" getZsgsAlgoParamConfig: the function is missing"));
 }
 
-TEST(ScriptCheck, TellsWhatIsWrongWithAnswers) {
+TEST(ScriptCheck, ReportsWhatIsWrongWithAnswers) {
     EXPECT_THAT(
         ScriptFile(R"(
         function getMarkets() return '{"A": 1, "B": 1, "A": 2, "C": 1, "D": 1, "E": 1}' end
@@ -207,7 +207,7 @@ TEST(ScriptCheck, AnswersJsonToo) {
                     {"markets", 0}}));
 }
 
-TEST(ScriptCheck, FindsTheFileFromTheDirectoryThatIsEntered) {
+TEST(ScriptCheck, FindsTheFileInTheEnteredDirectory) {
     const ScriptFile script(std::string(kGoodTimes) + "assert(io.open('s.lua'))");
     const ToolRun run = runTool({"script", "check", "-C", script.folder.path(""), "s.lua"});
     EXPECT_EQ(run.exitCode, 0) << run.out << run.err;

@@ -34,7 +34,7 @@ void expectRefused(const std::vector<std::string>& arguments, const std::string&
     EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
 }
 
-TEST(SettingsOption, NamesAFileThatCanBeMeant) {
+TEST(SettingsOption, NamesAFileThatCanHoldSettings) {
     const tests::TempFolder folder;
     folder.write("binary.ini", std::string("[setting]\nrefLimit=1\0\n", 23));
     folder.write("late.ini", std::string(200000, ';') + '\0');
@@ -62,7 +62,7 @@ TEST(SettingsOption, NamesAFileThatCanBeMeant) {
     }
 }
 
-TEST(FileMoment, TellsAFileThatWasWrittenToReplacedOrRemoved) {
+TEST(FileMoment, DetectsAFileThatWasWrittenToReplacedOrRemoved) {
     const tests::TempFolder folder;
     const std::string path = folder.write("settings.ini", "[setting]\n");
     const ttconfig::FileMoment before(path);
@@ -78,7 +78,7 @@ TEST(FileMoment, TellsAFileThatWasWrittenToReplacedOrRemoved) {
     EXPECT_NO_THROW(ttconfig::FileMoment(path).requireUnchanged());
 }
 
-TEST(SettingsOption, NeedsAFileThatMayBeRead) {
+TEST(SettingsOption, NeedsAReadableFile) {
     if (geteuid() == 0) GTEST_SKIP() << "the super-user may read everything";
     const tests::TempFolder folder;
     const std::string file = folder.write("closed.ini", "[setting]\n");
@@ -113,7 +113,7 @@ TEST(PlatformOption, RefusesABadFileAndLoadsNothing) {
     }
 }
 
-TEST(PlatformOption, IsAnsweredFrom) {
+TEST(PlatformOption, AnswersComeFromTheFile) {
     const tests::TempFolder folder;
     const std::string file =
         folder.write("p.json", R"({"instruments":[{"market":"HGT","code":"00700","fields":{"2001":250}}]})");
@@ -130,7 +130,7 @@ TEST(LogFileOption, NamesAFileThatCanBeWritten) {
     expectRefused({"session", "--log-file", path}, path, "");
 }
 
-TEST(LogFileOption, IsNeverAFileThatIsRead) {
+TEST(LogFileOption, IsNeverAnInput) {
     const tests::TempFolder folder;
     const std::string settings = folder.write("s.ini", "[setting]\nrefLimit=1\n");
     const std::string platform = folder.write("p.json", "{}");

@@ -73,7 +73,7 @@ std::set<std::string_view> asSet(const std::vector<std::string_view>& words) {
     return {words.begin(), words.end()};
 }
 
-TEST(LimitQuestions, KnowTheCategoriesThatTheRulesComeTo) {
+TEST(LimitQuestions, KnowTheCategoriesThatTheRulesProduce) {
     Asked asked;
     withEveryKind([&asked] { addAsked(asked); });
     ASSERT_EQ(asked.size(), kTopics.size() * kMarkets.size());

@@ -71,7 +71,7 @@ TEST(Colour, IsRefusedByTheEnvironment) {
     }
 }
 
-TEST(Colour, IsWhatTheCommandLineSaysWhateverElseThereIs) {
+TEST(Colour, CommandLineBeatsEverythingElse) {
     const MistakenSettings settings;
     const std::string quiet = "export NO_COLOR=1; ";
     EXPECT_THAT(tests::runShell(quiet + "\"$TTCONFIG\" check --color always " + settings.path).out, HasSubstr(kEscape));

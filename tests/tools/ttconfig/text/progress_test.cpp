@@ -76,7 +76,7 @@ TEST(Progress, ShowsHowFarLongWorkIsAndGoesAway) {
     EXPECT_EQ(terminal.told(), kTakenAway);
 }
 
-TEST(Progress, OfShortWorkIsNotShown) {
+TEST(Progress, IsNotShownForShortWork) {
     setenv("TERM", "xterm", 1);
     const OwnTerminal terminal;
     {
@@ -103,7 +103,7 @@ TEST(Progress, IsWrittenAtMostTenTimesASecondHoweverManySteps) {
     EXPECT_LE(lines, 6U);
 }
 
-TEST(Progress, OfATerminalThatCannotTakeALineAwayIsNotShown) {
+TEST(Progress, IsNotShownOnATerminalThatCannotEraseALine) {
     setenv("TERM", "dumb", 1);
     const OwnTerminal terminal;
     Progress progress("checking", 3);

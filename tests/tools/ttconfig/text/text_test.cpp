@@ -74,7 +74,7 @@ TEST(ShownText, HasNoControlCharacterThatATerminalObeys) {
     EXPECT_EQ(ttconfig::onOneLine("a\x1B\x7F\n\xC2\x9Bz\xC2\xA0\xC2"), "a????z\xC2\xA0\xEF\xBF\xBD");
 }
 
-TEST(ShownText, NamesOfFilesAreAsTheyStandButForWhatATerminalObeys) {
+TEST(ShownText, FileNamesAreUnchangedExceptForControlCharacters) {
     EXPECT_EQ(ttconfig::visibleText("a \"b\" \\ 股.ini"), "a \"b\" \\ 股.ini");
     EXPECT_EQ(ttconfig::visibleText("\x1b[2J\n\t\x7F\xC2\x85."), "\\u001b[2J\\n\\t\\u007f\\u0085.");
     EXPECT_EQ(ttconfig::visibleText("\xFF"), "\xEF\xBF\xBD");
