@@ -124,7 +124,7 @@ void json(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(texts.size()));
 }
 
-// Parsing and building together: the difference to "json" is the cost of building.
+// Parsing and building together: the difference from "json" is the cost of building.
 void jsonAndBuilding(benchmark::State& state) {
     const Texts texts = sampleTexts();
     for (auto _ : state)

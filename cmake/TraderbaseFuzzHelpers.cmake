@@ -3,8 +3,8 @@
 # Adds a fuzz target: a function that takes bytes and ends the program if a check fails. With BUILD_TESTING it is built
 # as fuzz_NAME_replay, which runs fuzz/corpus/NAME and a few hundred mutations of it and is the CTest test Fuzz.NAME.
 # With TT_FUZZ it is also built as fuzz_NAME, driven by libFuzzer. MAX_LEN is the longest input worth trying.
-# fuzz/words/DICT.dict has words for libFuzzer to try. SEEDS are additional seeds: files and folders of the project, or the
-# files of a folder with a given extension, FOLDER/*.ENDING. The target links the library's objects, and with TOOL
+# fuzz/words/DICT.dict has words for libFuzzer to try. SEEDS are additional seeds: files and folders of the project, or
+# the files of a folder with a given extension, FOLDER/*.ENDING. The target links the library's objects, and with TOOL
 # those of ttconfig.
 
 function(tt_add_fuzzer name)

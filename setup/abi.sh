@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# setup/abi.sh check LIBRARY         compares the interface of a built library with the last release's, docs/abi/release.abi.xz
+# setup/abi.sh check LIBRARY         compares a library's interface with the last release's (docs/abi/release.abi.xz)
 # setup/abi.sh dump LIBRARY [FILE]   writes the interface there, or to FILE; to be done for each release
 # The library must be built with full debugging information. A difference is an error unless the changelog mentions it:
 # "### Interface" under the first "##" heading, the coming release, has one line per change.

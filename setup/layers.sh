@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# setup/layers.sh [FOLDER]   holds the includes below FOLDER, the project's root unless told, to setup/layers.txt
-# Names each include that does not go down, each source without a layer and each room without sources; then exits with 1.
+# setup/layers.sh [FOLDER]   checks the includes below FOLDER (default: the project's root) against setup/layers.txt
+# Reports each include that does not go down, each source without a layer and each room without sources; exits with 1 if
+# there are any.
 set -euo pipefail
 export LC_ALL=C
 here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
 cd "${1:-$here/..}"
 
-# The project's files first, so that each include can be told from one of a third party.
+# The project's files come first, so that its includes can be told from third-party ones.
 {
     cat setup/layers.txt
     printf '@files\n'
@@ -16,14 +17,14 @@ cd "${1:-$here/..}"
         grep -nE '^[[:space:]]*#[[:space:]]*include[[:space:]]*[<"]' /dev/null {} + | sort
 } | awk '
     function complain(text) { print text; wrong = 1 }
-    # The room of a file: its folder, unless the layers name the files of its ending.
+    # The room of a file: its folder, unless the layers list files by its extension.
     function room(path,    folder, ending) {
         folder = ending = path
         sub(/\/[^\/]*$/, "", folder)
         sub(/^.*\./, "", ending)
         return (folder "/*." ending) in layer ? folder "/*." ending : folder
     }
-    # The file of the project that is meant by an include, or nothing.
+    # The project file to which an include refers, or nothing.
     function meant(from, name,    i, folder) {
         folder = from
         sub(/[^\/]*$/, "", folder)

@@ -43,7 +43,7 @@ bool takeOut(std::string& run, const std::string& part) {
     return true;
 }
 
-// "name/500/iterations:1/real_time" becomes "name/500"; a number of threads stays.
+// "name/500/iterations:1/real_time" becomes "name/500"; the number of threads stays.
 std::string shortName(const json& entry) {
     std::string run = entry.at("run_name");
     for (const std::string part : {"/real_time", "/manual_time", "/iterations:"})

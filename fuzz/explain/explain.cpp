@@ -236,7 +236,7 @@ void fuzz::runInput(std::string_view input) {
     folder.remove("bin/" + settings.path);
 }
 
-// A new operation needs a seed, or a line in one, that answers it from the file.
+// A new operation needs a seed, or a line in one, whose settings answer it.
 bool fuzz::seedsSuffice() {
     bool isEnough = true;
     for (const auto& row : ttconfig::callTable().rows()) {

@@ -25,8 +25,8 @@ struct SlowRates {
 template <typename Value>
 using SlowMarketItems = std::map<std::pair<std::string, std::string>, Value>;
 
-// A slow, obvious model of the store after one or more loads. A load replaces some tables, adds to others, and leaves
-// alone what a new file does not mention in the rest.
+// A slow, obvious model of the store after one or more loads. A load replaces some tables and adds to others; in the
+// rest it changes only what the new file mentions.
 class SlowStore {
 public:
     void load(const std::string& bytes);

@@ -116,7 +116,7 @@ void checkAnswers(const Json& data, const PlatformData& answers) {
 
 void fuzz::runInput(std::string_view input) {
     PlatformData data;
-    data.setMarketNumber("\x01", 77);  // no JSON text of a target's length gives this market by chance
+    data.setMarketNumber("\x01", 77);  // inputs do not contain this market by chance
     std::string error;
     if (!standin::parsePlatformData(input, "fuzz.json", data, error)) {
         checkMessage(error);

@@ -6,7 +6,7 @@
 
 namespace fuzz {
 
-// Pseudo-random choices derived from the input: the same bytes give the same throws.
+// Pseudo-random choices derived from the input: the same bytes give the same choices.
 class Dice {
 public:
     explicit Dice(std::string_view input) {

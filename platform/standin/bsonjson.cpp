@@ -54,7 +54,7 @@ void appendDecimal(std::string& json, double number) {
     if (text.find_first_not_of("-0123456789") == std::string::npos) json += ".0";
 }
 
-// Everything but objects and arrays.
+// Appends any value except objects and arrays.
 void appendScalar(std::string& json, const mongo::BSONElement& element) {
     switch (element.type()) {
         case mongo::NumberInt:

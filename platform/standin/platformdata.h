@@ -79,8 +79,8 @@ public:
     // The data that the services answer from now; empty data if none was installed. Never null.
     static std::shared_ptr<const PlatformData> current();
 
-    // Makes the services answer from this data. Like all loading, it belongs to a time without queries. The previous
-    // data is kept until the next call, so a query already running on another thread can finish.
+    // Makes the services answer from this data. Like a load, call it only while no queries run. The previous data is
+    // still kept until the next call, so that a query already running on another thread can finish.
     static void install(std::shared_ptr<const PlatformData> data);
     static void install(PlatformData data);
 

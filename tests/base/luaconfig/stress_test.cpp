@@ -20,7 +20,7 @@ using tests::Script;
 
 namespace {
 
-// Under a sanitizer, each round takes about twenty times as long.
+// Under a sanitizer, each round takes about twenty times as long, so run a twentieth of them.
 constexpr int kShare = tests::kUnderSanitizer ? 20 : 1;
 
 // The memory in use by the process, in bytes; 0 if the system does not report it or a sanitizer delays freeing it.
