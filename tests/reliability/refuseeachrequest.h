@@ -16,7 +16,7 @@ class Refusal {
 public:
     Refusal(long number, Shortage kind) : nth(number), shortage(kind) {}
 
-    // Does the work while memory is refused. Outcome Done despite a refusal means that the work coped with it.
+    // Does the work while memory is refused. Outcome::Done despite a refusal means that the work coped with it.
     template <typename Work>
     Outcome during(Work&& work) const {
         const FailingAllocations failing(nth, shortage);

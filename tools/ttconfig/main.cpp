@@ -1,6 +1,6 @@
 // The program: carries out one subcommand and turns errors into a message and an exit code.
 // Doors: main().
-// Covered by tests/tools/ttconfig/commandline_test.cpp.
+// Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 
 #include <exception>
 #include <iostream>

@@ -1,6 +1,6 @@
 // One question: asks it and writes the answer on one line.
 // Doors: runAsk().
-// Covered by tests/tools/ttconfig/ask_test.cpp.
+// Covered by tests/tools/ttconfig/asking/ask_test.cpp.
 
 #include "ttconfig/asking/ask.h"
 

@@ -1,7 +1,7 @@
 // The session: answers requests, one JSON object per line.
 // Doors: answerLine(), runSession().
 // Owns: the records and handles of the session.
-// Covered by tests/tools/ttconfig/session_test.cpp and the golden sessions.
+// Covered by tests/tools/ttconfig/asking/session_test.cpp and the golden sessions.
 
 #include "ttconfig/asking/session.h"
 

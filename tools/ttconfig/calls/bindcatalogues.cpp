@@ -1,6 +1,6 @@
 // Calls: product catalogues and trading times.
 // Doors: addCatalogueCalls().
-// Covered by tests/tools/ttconfig/calltable_test.cpp, products_test.cpp and the golden sessions.
+// Covered by tests/tools/ttconfig/calls/calltable_test.cpp, products_test.cpp and the golden sessions.
 
 #include "ttconfig/calls/binding.h"
 #include "ttconfig/calls/storerecords.h"

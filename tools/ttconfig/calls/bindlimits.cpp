@@ -1,6 +1,6 @@
 // Calls: limits and rates of orders, bonds and credit.
 // Doors: addLimitCalls().
-// Covered by tests/tools/ttconfig/calltable_test.cpp and the golden sessions.
+// Covered by tests/tools/ttconfig/calls/calltable_test.cpp and the golden sessions.
 
 #include "ttconfig/calls/binding.h"
 #include "ttconfig/calls/storerecords.h"

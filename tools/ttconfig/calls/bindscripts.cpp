@@ -1,7 +1,7 @@
 // Calls: the script runtime, the algorithm parameter catalogue and the market trading times.
 // Doors: addScriptCalls().
 // Owns: a session's interpreters.
-// Covered by tests/tools/ttconfig/calltable_test.cpp and the golden sessions.
+// Covered by tests/tools/ttconfig/calls/calltable_test.cpp and the golden sessions.
 
 #include <ttplatform/algorithmsparams.h>
 

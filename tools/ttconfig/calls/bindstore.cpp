@@ -1,6 +1,6 @@
 // Calls: the settings store itself, its platform switches, single values and run-time values.
 // Doors: addStoreCalls().
-// Covered by tests/tools/ttconfig/calltable_test.cpp and the golden sessions.
+// Covered by tests/tools/ttconfig/calls/calltable_test.cpp and the golden sessions.
 
 #include "ttconfig/calls/binding.h"
 

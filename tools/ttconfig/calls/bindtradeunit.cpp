@@ -1,6 +1,6 @@
 // Calls: the trade unit functions.
 // Doors: addTradeUnitCalls().
-// Covered by tests/tools/ttconfig/calltable_test.cpp and the golden sessions.
+// Covered by tests/tools/ttconfig/calls/calltable_test.cpp and the golden sessions.
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // The call table: finds the operation that a name and its arguments mean, and calls it.
 // Doors: CallTable::answer, CallTable::answerWords, CallTable::argumentsOf, callTable().
 // Owns: the rows of all operations.
-// Covered by tests/tools/ttconfig/calltable_test.cpp.
+// Covered by tests/tools/ttconfig/calls/calltable_test.cpp.
 
 #include "ttconfig/calls/calltable.h"
 

@@ -1,6 +1,6 @@
 // JSON values: checks whether a value suits a parameter.
 // Doors: intFromJson(), refuseValue(), refuseWideNumber(); the conversions themselves are templates in the header.
-// Covered by tests/tools/ttconfig/conversions_test.cpp.
+// Covered by tests/tools/ttconfig/calls/conversions_test.cpp.
 
 #include "ttconfig/calls/jsonvalues.h"
 

@@ -1,7 +1,7 @@
 // Record numbers: numbers the record objects of a session.
 // Doors: Records::numberOf, Records::find.
 // Owns: a shared pointer to every record that was answered.
-// Covered by tests/tools/ttconfig/conversions_test.cpp.
+// Covered by tests/tools/ttconfig/calls/conversions_test.cpp.
 
 #include "ttconfig/calls/records.h"
 

@@ -1,7 +1,7 @@
 // The subcommands that ask single questions: session, ask, explain.
 // Doors: addSession(), addAsk(), addExplain().
 // Owns: their help texts.
-// Covered by tests/tools/ttconfig/commandline_test.cpp.
+// Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 
 #include "ttconfig/commandline/options.h"
 #include "ttconfig/commandline/rooms.h"

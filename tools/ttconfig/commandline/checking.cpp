@@ -1,7 +1,7 @@
 // The subcommands that judge files: check, diff, test, report, script check.
 // Doors: addCheck(), addDiff(), addTest(), addReport(), addScriptCheck().
 // Owns: their help texts.
-// Covered by tests/tools/ttconfig/commandline_test.cpp.
+// Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 
 #include "traderbase/base/config/internal/text/splitting.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"

@@ -1,7 +1,7 @@
 // Completion: lists what the last word of a command line can become.
 // Doors: runCompletionWords().
 // Owns: the names that each type of word accepts.
-// Covered by tests/tools/ttconfig/completion_test.cpp.
+// Covered by tests/tools/ttconfig/commandline/completion_test.cpp.
 
 #include "ttconfig/commandline/completion.h"
 

@@ -1,7 +1,7 @@
 // Completion scripts: let a shell ask the tool what a word can become.
 // Doors: runCompletionScript().
 // Owns: the scripts.
-// Covered by tests/tools/ttconfig/completion_test.cpp.
+// Covered by tests/tools/ttconfig/commandline/completion_test.cpp.
 
 #include "ttconfig/commandline/completion.h"
 #include "ttconfig/invocation/fault.h"

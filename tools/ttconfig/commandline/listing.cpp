@@ -1,7 +1,7 @@
 // The subcommands that list known names: switches, keys.
 // Doors: addSwitches(), addKeys().
 // Owns: their help texts.
-// Covered by tests/tools/ttconfig/commandline_test.cpp.
+// Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 
 #include "ttconfig/commandline/options.h"
 #include "ttconfig/commandline/rooms.h"

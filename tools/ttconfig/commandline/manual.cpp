@@ -1,7 +1,7 @@
 // The manual page: formats all help texts for the man program.
 // Doors: runManual().
 // Owns: the sentences that are in no help text.
-// Covered by tests/tools/ttconfig/manual_test.cpp.
+// Covered by tests/tools/ttconfig/commandline/manual_test.cpp.
 
 #include "ttconfig/commandline/manual.h"
 

@@ -1,6 +1,6 @@
 // Options: registers the options that several subcommands share.
 // Owns: the values of --format and --color.
-// Covered by tests/tools/ttconfig/commandline_test.cpp.
+// Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 
 #include "ttconfig/commandline/options.h"
 

@@ -1,7 +1,7 @@
 // The command line: finds out what the program was asked to do.
 // Doors: readCommandLine().
 // Owns: what is printed for help, the version and usage errors.
-// Covered by tests/tools/ttconfig/commandline_test.cpp.
+// Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 
 #include "ttconfig/commandline/reading.h"
 

@@ -1,7 +1,7 @@
 // Registration: describes the command line to CLI11 from the table of subcommands, and parses it.
 // Doors: Registration.
 // Owns: the program's own options and help text.
-// Covered by tests/tools/ttconfig/commandline_test.cpp.
+// Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 
 #include <fmt/format.h>
 

@@ -1,7 +1,7 @@
 // The subcommands about the tool itself: completion, manual.
 // Doors: addCompletionBash(), addCompletionZsh(), addCompletionFish(), addCompletionWords(), addManual().
 // Owns: their help texts.
-// Covered by tests/tools/ttconfig/completion_test.cpp.
+// Covered by tests/tools/ttconfig/commandline/completion_test.cpp.
 
 #include "ttconfig/commandline/rooms.h"
 

@@ -1,7 +1,7 @@
 // The subcommands that show what follows from settings: summary, platform, products, limits, sessions, algos.
 // Doors: addSummary(), addPlatform(), addProducts(), addLimits(), addSessions(), addAlgos().
 // Owns: their help texts.
-// Covered by tests/tools/ttconfig/commandline_test.cpp.
+// Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 
 #include "ttconfig/commandline/options.h"
 #include "ttconfig/commandline/rooms.h"

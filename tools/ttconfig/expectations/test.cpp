@@ -1,6 +1,6 @@
 // The test subcommand: compares the store's answers with a file of expected ones.
 // Doors: runTest().
-// Covered by tests/tools/ttconfig/answers_test.cpp.
+// Covered by tests/tools/ttconfig/expectations/answers_test.cpp.
 
 #include "ttconfig/expectations/test.h"
 

@@ -1,6 +1,6 @@
 // ttconfig explain: shows why an answer is what it is, and what would change it.
 // Doors: runExplain().
-// Covered by tests/tools/ttconfig/explain_test.cpp.
+// Covered by tests/tools/ttconfig/explaining/explain_test.cpp.
 
 #include "ttconfig/explaining/explain.h"
 

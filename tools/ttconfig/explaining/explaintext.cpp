@@ -1,6 +1,6 @@
 // Explanation text: formats explanations and edits.
 // Doors: explanationText(), explanationJson().
-// Covered by tests/tools/ttconfig/explain_test.cpp.
+// Covered by tests/tools/ttconfig/explaining/explain_test.cpp.
 
 #include "ttconfig/explaining/explaintext.h"
 

@@ -1,6 +1,6 @@
 // Why not: finds the edit of the settings file that would change an answer to the expected one.
 // Doors: whyNot().
-// Covered by tests/tools/ttconfig/whynot_test.cpp.
+// Covered by tests/tools/ttconfig/explaining/whynot_test.cpp.
 
 #include "ttconfig/explaining/whynot.h"
 

@@ -1,6 +1,6 @@
 // Colouring: decides whether answers are coloured.
 // Doors: coloursFor().
-// Covered by tests/tools/ttconfig/colour_test.cpp.
+// Covered by tests/tools/ttconfig/text/colour_test.cpp.
 
 #include "ttconfig/invocation/colouring.h"
 

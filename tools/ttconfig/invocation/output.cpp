@@ -1,7 +1,7 @@
 // Output: writes answers, and nothing else, to standard output.
 // Doors: Output::write, Output::isTerminal.
 // Owns: a descriptor of the program's original standard output.
-// Covered by tests/tools/ttconfig/session_test.cpp.
+// Covered by tests/tools/ttconfig/asking/session_test.cpp.
 
 #include "ttconfig/invocation/output.h"
 

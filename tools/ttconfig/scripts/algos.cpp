@@ -1,6 +1,6 @@
 // ttconfig algos: shows what the algorithm catalogue makes of a script.
 // Doors: runAlgos().
-// Covered by tests/tools/ttconfig/algos_test.cpp.
+// Covered by tests/tools/ttconfig/scripts/algos_test.cpp.
 
 #include "ttconfig/scripts/algos.h"
 

@@ -1,6 +1,6 @@
 // Answer findings: checks the texts that scripts answer.
 // Doors: marketListFindings(), sessionTextFindings(), vendorTextFindings().
-// Covered by tests/tools/ttconfig/answerfindings_test.cpp.
+// Covered by tests/tools/ttconfig/scripts/answerfindings_test.cpp.
 
 #include "ttconfig/scripts/answerfindings.h"
 

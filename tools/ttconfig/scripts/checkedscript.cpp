@@ -1,7 +1,7 @@
 // A script under examination: runs it and reports what goes wrong, with the line.
 // Doors: CheckedScript.
 // Owns: its interpreter.
-// Covered by tests/tools/ttconfig/checkedscript_test.cpp.
+// Covered by tests/tools/ttconfig/scripts/checkedscript_test.cpp.
 
 #include "ttconfig/scripts/checkedscript.h"
 

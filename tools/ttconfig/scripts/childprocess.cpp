@@ -1,6 +1,6 @@
 // Work in a child process with a time limit. POSIX only, like the rest of the program.
 // Doors: runInChild().
-// Covered by tests/tools/ttconfig/childprocess_test.cpp.
+// Covered by tests/tools/ttconfig/scripts/childprocess_test.cpp.
 
 #include "ttconfig/scripts/childprocess.h"
 

@@ -1,6 +1,6 @@
 // Listed markets: reads which markets a market-time script lists.
 // Doors: listedMarkets().
-// Covered by tests/tools/ttconfig/marketsessions_test.cpp.
+// Covered by tests/tools/ttconfig/scripts/marketsessions_test.cpp.
 
 #include "ttconfig/scripts/listedmarkets.h"
 

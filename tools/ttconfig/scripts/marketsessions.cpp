@@ -1,6 +1,6 @@
 // ttconfig sessions: shows when the markets trade.
 // Doors: runSessions().
-// Covered by tests/tools/ttconfig/marketsessions_test.cpp.
+// Covered by tests/tools/ttconfig/scripts/marketsessions_test.cpp.
 
 #include "ttconfig/scripts/marketsessions.h"
 

@@ -1,6 +1,6 @@
 // Script files: checks that the named script can be read.
 // Doors: requireScript().
-// Covered by tests/tools/ttconfig/scriptcheck_test.cpp.
+// Covered by tests/tools/ttconfig/scripts/scriptcheck_test.cpp.
 
 #include "ttconfig/scripts/requirescript.h"
 

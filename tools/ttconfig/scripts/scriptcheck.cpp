@@ -1,6 +1,6 @@
 // ttconfig script check: examines a script in a child process, as the script may end its process or never return.
 // Doors: runScriptCheck().
-// Covered by tests/tools/ttconfig/scriptcheck_test.cpp.
+// Covered by tests/tools/ttconfig/scripts/scriptcheck_test.cpp.
 
 #include "ttconfig/scripts/scriptcheck.h"
 

@@ -1,6 +1,6 @@
 // Script examination: asks a script everything that the client could ask.
 // Doors: examineScript().
-// Covered by tests/tools/ttconfig/scriptcheck_test.cpp.
+// Covered by tests/tools/ttconfig/scripts/scriptcheck_test.cpp.
 
 #include "ttconfig/scripts/scriptexamination.h"
 

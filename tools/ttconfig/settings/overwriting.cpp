@@ -1,6 +1,6 @@
 // Overwriting: keeps the program from writing to a file that it reads.
 // Doors: refuseToOverwrite().
-// Covered by tests/tools/ttconfig/overwriting_test.cpp.
+// Covered by tests/tools/ttconfig/settings/overwriting_test.cpp.
 
 #include "ttconfig/settings/overwriting.h"
 

@@ -1,6 +1,6 @@
 // The settings file: checks that the named file can hold settings.
 // Doors: requireUsableSettings(), FileMoment.
-// Covered by tests/tools/ttconfig/startup_test.cpp.
+// Covered by tests/tools/ttconfig/settings/startup_test.cpp.
 
 #include "ttconfig/settings/settingsfile.h"
 

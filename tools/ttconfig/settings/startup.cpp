@@ -1,7 +1,7 @@
 // Startup: carries out the options of every subcommand that queries the store.
 // Doors: carryOut(), endLogging().
 // POSIX only, like the rest of the program.
-// Covered by tests/tools/ttconfig/startup_test.cpp.
+// Covered by tests/tools/ttconfig/settings/startup_test.cpp.
 
 #include "ttconfig/settings/startup.h"
 

@@ -1,6 +1,6 @@
 // Answers as text: formats values for people and for programs.
 // Doors: answerText(), textJson(), answerJson().
-// Covered by tests/tools/ttconfig/text_test.cpp.
+// Covered by tests/tools/ttconfig/text/text_test.cpp.
 
 #include "ttconfig/text/answertext.h"
 

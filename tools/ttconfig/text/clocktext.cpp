@@ -1,6 +1,6 @@
 // Clock times as people write them.
 // Doors: clockText(), secondOfClockText().
-// Covered by tests/tools/ttconfig/answerfindings_test.cpp.
+// Covered by tests/tools/ttconfig/scripts/answerfindings_test.cpp.
 
 #include "ttconfig/text/clocktext.h"
 

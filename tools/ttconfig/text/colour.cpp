@@ -1,7 +1,7 @@
 // Colour: puts terminal colours around pieces of an answer.
 // Doors: Colours.
 // Owns: which colour each kind of piece has.
-// Covered by tests/tools/ttconfig/colour_test.cpp.
+// Covered by tests/tools/ttconfig/text/colour_test.cpp.
 
 #include "ttconfig/text/colour.h"
 

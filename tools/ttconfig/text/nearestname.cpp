@@ -1,6 +1,6 @@
 // Nearest names: finds the known name that a misspelt one comes closest to.
 // Doors: nearestName(), didYouMean().
-// Covered by tests/tools/ttconfig/text_test.cpp.
+// Covered by tests/tools/ttconfig/text/text_test.cpp.
 
 #include "ttconfig/text/nearestname.h"
 

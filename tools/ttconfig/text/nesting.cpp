@@ -1,6 +1,6 @@
 // Nesting: tells whether a JSON text is nested too deeply to parse.
 // Doors: isNestedTooDeep().
-// Covered by tests/tools/ttconfig/text_test.cpp.
+// Covered by tests/tools/ttconfig/text/text_test.cpp.
 
 #include "ttconfig/text/nesting.h"
 

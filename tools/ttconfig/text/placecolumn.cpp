@@ -1,6 +1,6 @@
 // Place columns: joins a table's line and column numbers into places for people to read.
 // Doors: withPlaceColumn().
-// Covered by tests/tools/ttconfig/answers_test.cpp.
+// Covered by tests/tools/ttconfig/expectations/answers_test.cpp.
 
 #include "ttconfig/text/placecolumn.h"
 

@@ -1,7 +1,7 @@
 // Progress: shows a person at a terminal how far long work has got.
 // Doors: Progress.
 // Owns: the terminal's last line while the progress line shows.
-// Covered by tests/tools/ttconfig/progress_test.cpp.
+// Covered by tests/tools/ttconfig/text/progress_test.cpp.
 
 #include "ttconfig/text/progress.h"
 

@@ -1,6 +1,6 @@
 // Shown text: formats values for messages.
 // Doors: shownText(), shownJson(), cutText(), onOneLine(), visibleText(), withReplacedBytes().
-// Covered by tests/tools/ttconfig/text_test.cpp.
+// Covered by tests/tools/ttconfig/text/text_test.cpp.
 
 #include "ttconfig/text/showntext.h"
 

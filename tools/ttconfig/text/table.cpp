@@ -1,6 +1,6 @@
 // Tables: lays out rows as text, JSON or Markdown.
 // Doors: tableText(), tableJson(), tableMarkdown(), displayWidth().
-// Covered by tests/tools/ttconfig/text_test.cpp.
+// Covered by tests/tools/ttconfig/text/text_test.cpp.
 
 #include "ttconfig/text/table.h"
 

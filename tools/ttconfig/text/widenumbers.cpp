@@ -1,6 +1,6 @@
 // Wide numbers: lets JSON be parsed even if it holds numbers too large for a double.
 // Doors: withoutWideNumbers().
-// Covered by tests/tools/ttconfig/session_test.cpp.
+// Covered by tests/tools/ttconfig/asking/session_test.cpp.
 
 #include "ttconfig/text/widenumbers.h"
 
