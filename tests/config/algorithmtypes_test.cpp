@@ -115,7 +115,7 @@ TEST(NotQueryAlgoPerm, IsTrueForAListedPlatformDespiteTheName) {
     EXPECT_TRUE(store->isQueryAlgoPerm(12));
     EXPECT_FALSE(store->isQueryAlgoPerm(8));
     store.load("");
-    EXPECT_TRUE(store->isQueryAlgoPerm(7));  // like any switch whose key is no longer in the file
+    EXPECT_TRUE(store->isQueryAlgoPerm(7));  // kept, like any list whose key is gone
 }
 
 TEST(NotQueryAlgoPerm, KeysOfTheSectionAreKeptAndAnswerNothing) {

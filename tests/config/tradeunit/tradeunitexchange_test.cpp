@@ -26,7 +26,7 @@ const Cases& cases() {
         {R::R2, decides, make("XX").type(159), ask(), 100},
         {R::R2, decides, make("HGT").type(159).record({{2001, 500}}), ask(), 100},
         {R::R2, decides, make("SH").passingFirstTest().record({{2001, 500}}), ask(), 100},
-        // Instruments counted in fund units are not the same as those that rule 2 skips.
+        // Instruments counted in fund units are not the same as those that rule 2 leaves to later rules.
         {R::R2, decides, make("SH").type(100036), ask(), 100},
         {R::R2, decides, make("SH").asTechBoardCdr(), ask(), 100},
         {R::R2, decides, make("SH").base(100016).base(126).base(142), ask(), 100},

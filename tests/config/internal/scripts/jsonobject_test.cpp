@@ -75,7 +75,7 @@ std::string randomText(std::mt19937& random) {
     return text + "}";
 }
 
-// An object with a list of values, most of which parse.
+// An object with a list of values; most of these texts parse.
 std::string randomObject(std::mt19937& random) {
     std::string text = "{\"v\":[";
     const int values = std::uniform_int_distribution<int>(1, 6)(random);

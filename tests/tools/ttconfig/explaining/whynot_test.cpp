@@ -63,7 +63,7 @@ TEST(WhyNot, TellsTheSmallestEdit) {
          "1",
          "2 -renewalpts=12:1;12:2 +renewalpts=12:1;12:1",
          "[setting]\nrenewalpts=12:1;12:1\n"},
-        // the earlier value of a key precedes the later one
+        // a repeated key: the edit changes the earlier value, which counts
         {"[setting]\nrefLimit=\nrefLimit=70000\n",
          "getRefLimit",
          {},

@@ -39,8 +39,8 @@ constexpr unsigned kQuestionsOfPair = 12;
 constexpr unsigned kMostOfCall = 60;
 constexpr unsigned kMostOfSwitch = 5;
 
-// A change that nobody would make on purpose, such as one that breaks a row or a list, may be undone with fewer bytes
-// than the proposed edit. So may odd notations that no rule mentions; these are rare.
+// A change that nobody would make on purpose, such as one that breaks a row or a list, may need fewer bytes than the
+// proposed edit. So may odd notations that no rule mentions; these are rare.
 constexpr unsigned kMissedOf1000 = 3;
 constexpr unsigned kLargerOf100 = 5;
 
