@@ -31,7 +31,7 @@ constexpr int kMostLoads = 2000;  // a handful shows everything, unless the mach
 constexpr int kLeastReplaced = tests::kUnderSanitizer ? 60 : 300;
 constexpr unsigned kLongestLoad = 240;
 
-// What a load into an empty store finds. If it hangs, the test ends.
+// What a load into an empty store finds. A load that hangs ends the test.
 SwitchLists loaded(const std::string& path) {
     const auto store = StoreSlot::build();
     StoreSlot::exchange(store);
