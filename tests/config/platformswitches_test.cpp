@@ -47,7 +47,6 @@ bool ask(const ConfigCollector& store, std::size_t row, int platform) {
 }  // namespace
 
 TEST(PlatformSwitches, TheTableIsTheVocabulary) {
-    ASSERT_EQ(std::size(kVocabulary), 110U);
     ASSERT_EQ(std::size(kPlatformSwitches), std::size(kVocabulary));
     for (const Row& expected : kVocabulary) {
         int found = 0;

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "tests/support/tempfile.h"
+#include "tests/tools/ttconfig/support/recorded.h"
 #include "tests/tools/ttconfig/support/toolrun.h"
 #include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
@@ -46,11 +47,7 @@ TEST(Answers, PrintWhatIsRecorded) {
         const ToolRun run = inFolder(line);
         all += "$ " + line + '\n' + run.out + run.err + "exit code " + std::to_string(run.exitCode) + "\n\n";
     }
-    if (all == tests::fileText(kFolder + "/answers.expected")) return;
-    // Writes the actual output, to be reviewed and put in place of the recorded one.
-    const std::string path = TT_BINARY_DIR "/answers.received";
-    std::ofstream(path, std::ios::binary) << all;
-    FAIL() << "differs: diff " << kFolder << "/answers.expected " << path;
+    tests::expectAsRecorded(all, kFolder + "/answers.expected");
 }
 
 // --- diff

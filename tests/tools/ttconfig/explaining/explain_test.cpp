@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "tests/support/tempfile.h"
+#include "tests/tools/ttconfig/support/recorded.h"
 #include "tests/tools/ttconfig/support/toolrun.h"
 
 namespace {
@@ -51,12 +52,7 @@ TEST(Explain, PrintsWhatIsRecorded) {
         EXPECT_EQ(run.err, "") << line;
         all += "$ " + line + "\n" + run.out + "exit code " + std::to_string(run.exitCode) + "\n\n";
     }
-    const std::string recorded = tests::fileText(kFolder + "/answers.expected");
-    if (all == recorded) return;
-    // Writes the actual output, to be reviewed and put in place of the recorded one.
-    const std::string path = TT_BINARY_DIR "/explanations.received";
-    std::ofstream(path, std::ios::binary) << all;
-    FAIL() << "differs: diff " << kFolder << "/answers.expected " << path;
+    tests::expectAsRecorded(all, kFolder + "/answers.expected");
 }
 
 TEST(Explain, ExplainsAnswersThatAreNan) {

@@ -26,7 +26,6 @@ std::string referencePage(const std::string& name) {
 TEST(Switches, HasARowForEverySwitch) {
     const std::vector<std::string> lines = runTool({"switches"}).lines();
     ASSERT_EQ(lines.size(), 1 + std::size(kPlatformSwitches));
-    EXPECT_EQ(lines.size(), 111U);
     const json rows = json::parse(runTool({"switches", "--format", "json"}).out);
     ASSERT_EQ(rows.size(), std::size(kPlatformSwitches));
     for (std::size_t i = 0; i < rows.size(); ++i) {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "tests/tools/ttconfig/report/madereport.h"
+#include "tests/tools/ttconfig/support/recorded.h"
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "traderbase/base/config/internal/switches/platformswitchtable.h"
@@ -86,9 +87,7 @@ TEST(ReportData, ForASmallPairOfFilesIsAsRecorded) {
     auto data = nlohmann::ordered_json::parse(writtenData(input));
     for (const char* other : {"findings", "changes", "versions"})
         data.erase(other);
-    const std::string text = linesOf(data);
-    const std::string expected = tests::fileText((folder / "data.txt").string());
-    EXPECT_EQ(text, expected);
+    tests::expectAsRecorded(linesOf(data), folder / "data.txt");
 }
 
 TEST(ReportData, SwitchesAreAsTheStoreAnswers) {
