@@ -12,6 +12,7 @@
 #include <limits>
 #include <optional>
 
+#include "traderbase/base/config/internal/text/digits.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/advice/causes.h"
 #include "ttconfig/advice/marketnames.h"
@@ -27,10 +28,6 @@ using namespace ttservice::internal;
 // Longer than any number or item written by hand.
 constexpr std::size_t kLongestPiece = 40;
 constexpr std::size_t kLongestShown = 56;
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');

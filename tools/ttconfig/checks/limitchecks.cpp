@@ -7,6 +7,7 @@
 #include <ttplatform/text.h>
 
 #include "traderbase/base/config/internal/limits/limitrows.h"
+#include "traderbase/base/config/internal/text/digits.h"
 #include "traderbase/base/config/internal/words/markets.h"
 #include "ttconfig/advice/advice.h"
 #include "ttconfig/checks/limitfields.h"
@@ -26,10 +27,6 @@ LimitTopic topicOf(const SettingKey& row) {
     if (row.grammar == ValueGrammar::BlockTradeLimitRow) return LimitTopic::BlockTrades;
     if (row.grammar == ValueGrammar::StockRateRow) return LimitTopic::StockRates;
     return isRow(row, keys::connectShanghaiRates) ? LimitTopic::ShanghaiConnectRates : LimitTopic::ShenzhenConnectRates;
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 bool isLetter(char c) {

@@ -12,6 +12,7 @@
 #include <cmath>
 #include <system_error>
 
+#include "traderbase/base/config/internal/text/digits.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/advice/advice.h"
 
@@ -20,10 +21,6 @@ namespace ttconfig {
 namespace {
 
 using namespace ttservice::internal;
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 std::string_view withoutSign(std::string_view text) {
     if (!text.empty() && (text.front() == '+' || text.front() == '-')) text.remove_prefix(1);

@@ -11,6 +11,7 @@
 
 #include "traderbase/base/config/internal/limits/limitrows.h"
 #include "traderbase/base/config/internal/products/catalogueentries.h"
+#include "traderbase/base/config/internal/text/digits.h"
 #include "ttconfig/advice/advice.h"
 #include "ttconfig/checks/listchecks.h"
 #include "ttconfig/checks/numberchecks.h"
@@ -110,10 +111,6 @@ private:
 };
 
 // --- funds
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 // The fund with its market in front and nothing between them, where both are in the text.
 std::string fundMeant(std::string_view fund) {

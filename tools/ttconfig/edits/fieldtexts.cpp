@@ -9,6 +9,7 @@
 #include <cmath>
 #include <vector>
 
+#include "traderbase/base/config/internal/text/digits.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 
 namespace ttconfig {
@@ -25,14 +26,10 @@ bool isNoNumber(const std::string& wanted) {
     return wanted == "none" || wanted == "null";
 }
 
-bool isDigit(char byte) {
-    return byte >= '0' && byte <= '9';
-}
-
 // A number as a whole, and written so that nobody wonders: no "." at either end.
 bool isNumber(std::string_view text) {
     const std::string_view digits = text.substr(std::min(text.find_first_not_of("+-"), text.size()));
-    return !digits.empty() && isDigit(digits.front()) && isDigit(digits.back()) &&
+    return !digits.empty() && internal::isDigit(digits.front()) && internal::isDigit(digits.back()) &&
            internal::strictDouble(text).has_value();
 }
 

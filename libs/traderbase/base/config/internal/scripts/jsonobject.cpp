@@ -16,6 +16,7 @@
 #include <mongo/db/json.h>
 #include <mongo/logger/logger.h>
 
+#include "traderbase/base/config/internal/text/digits.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 
 namespace bson = mongo;
@@ -25,10 +26,6 @@ namespace ttservice::internal {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\n\v\f\r";
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 bool isNameCharacter(char c) {
     return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '$';

@@ -11,13 +11,11 @@
 #include <limits>
 #include <system_error>
 
+#include "traderbase/base/config/internal/text/digits.h"
+
 namespace ttservice::internal {
 
 namespace {
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 bool isHexDigit(char c) {
     return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
