@@ -25,12 +25,8 @@ unsigned char byteAt(std::string_view text, std::size_t at) {
 }
 
 std::uint32_t codePoint(std::string_view character) {
-    const unsigned char first = byteAt(character, 0);
-    if (character.size() == 1) return first;
-    std::uint32_t code = first & (0x7FU >> character.size());
-    for (std::size_t i = 1; i < character.size(); ++i)
-        code = (code << 6U) | (byteAt(character, i) & 0x3FU);
-    return code;
+    std::size_t at = 0;
+    return character.size() == 1 ? byteAt(character, 0) : characterAt(character, at);
 }
 
 // Full-width ASCII, the ideographic comma and full stop, and the dashes that word processors use in place of "-".

@@ -9,6 +9,7 @@
 #include "traderbase/base/config/internal/text/splitting.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/showntext.h"
+#include "ttconfig/text/utf8.h"
 
 namespace ttconfig {
 
@@ -41,7 +42,7 @@ struct Page {
 };
 
 bool isInside(std::string_view text, std::size_t at) {
-    return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
+    return at < text.size() && continuesCharacter(text[at]);
 }
 
 // A line as it can be displayed: on one line, with its tabs.

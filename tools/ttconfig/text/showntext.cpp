@@ -86,7 +86,7 @@ std::string cutText(std::string_view text, std::size_t mostBytes) {
     if (text.size() <= mostBytes) return std::string(text);
     std::size_t end = mostBytes;
     // Never cut inside a character.
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
+    while (end > 0 && continuesCharacter(text[end]))
         --end;
     return std::string(text.substr(0, end)) + "...";
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "ttconfig/text/answertext.h"
+#include "ttconfig/text/utf8.h"
 
 namespace ttconfig {
 
@@ -37,17 +38,6 @@ std::string escapedCell(std::string text) {
     for (std::size_t at = text.find('|'); at != std::string::npos; at = text.find('|', at + 2))
         text.insert(at, 1, '\\');
     return text;
-}
-
-// The character that starts at this byte; moves at to the next one. Bytes that are not UTF-8 stand for themselves.
-char32_t characterAt(std::string_view text, std::size_t& at) {
-    const auto lead = static_cast<unsigned char>(text[at++]);
-    int more = lead >= 0xF8 ? 0 : lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
-    char32_t character = more == 0 ? lead : static_cast<char32_t>(lead & (0x3FU >> more));
-    while (more-- > 0 && at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U) {
-        character = (character << 6U) | (static_cast<unsigned char>(text[at++]) & 0x3FU);
-    }
-    return character;
 }
 
 bool isWide(char32_t character) {
