@@ -1,72 +1,83 @@
 #pragma once
 
-#include "traderbase/base/config/configcollector.h"
+#include <boost/shared_ptr.hpp>
+
+#include "traderbase/base/config/internal/states/algorithmtypestate.h"
+#include "traderbase/base/config/internal/states/blocktradestate.h"
+#include "traderbase/base/config/internal/states/builtstore.h"
+#include "traderbase/base/config/internal/states/contractstate.h"
+#include "traderbase/base/config/internal/states/creditstate.h"
+#include "traderbase/base/config/internal/states/moneyfundstate.h"
+#include "traderbase/base/config/internal/states/orderlimitstate.h"
+#include "traderbase/base/config/internal/states/ratelimitstate.h"
+#include "traderbase/base/config/internal/states/specialproductstate.h"
 
 namespace ttservice {
 
-// The tests' access to private members of the store.
+// The tests' access to what the store keeps to itself, for tests that link the library's objects.
 struct ConfigCollectorPeer {
-    static int realNumber(int secondOfDay) { return ConfigCollector::getRealNumber(secondOfDay); }
-    static int serialNumber(int clockTime) { return ConfigCollector::getSerialNumber(clockTime); }
+    using ConfigurationPtr = boost::shared_ptr<utils::Configuration>;
+
+    static int realNumber(int secondOfDay) { return internal::BuiltStore::getRealNumber(secondOfDay); }
+    static int serialNumber(int clockTime) { return internal::BuiltStore::getSerialNumber(clockTime); }
 
     // The section readers, each by its own name: Peer::readX(store, configuration).
-#define TT_SECTION_READER(reader)                                                                   \
-    static void reader(ConfigCollector& store, const ConfigCollector::ConfigurationPtr& settings) { \
-        store.reader(settings);                                                                     \
+#define TT_SECTION_READER(reader, topic)                                                 \
+    static void reader(const ConfigCollector& store, const ConfigurationPtr& settings) { \
+        internal::reader(*settings, *internal::stateOf(store).topic);                    \
     }
 #include "traderbase/base/config/loadorder.def"
+    static void readFinEnableBailRatio(const ConfigCollector& store, const ConfigurationPtr& settings) {
+        internal::readFinEnableBailRatio(*settings, *internal::stateOf(store).credit);
+    }
 
     // --- catalogues
-    static const auto& contracts(const ConfigCollector& store) {
-        return store.contracts;
+    static auto& contracts(const ConfigCollector& store) {
+        return internal::stateOf(store).contracts->catalogue;
     }
-    static const auto& notQueryAlgoPermKeys(const ConfigCollector& store) {
-        return store.notQueryAlgoPermKeys;
+    static auto& notQueryAlgoPermKeys(const ConfigCollector& store) {
+        return internal::stateOf(store).algorithmTypes->notQueryAlgoPermKeys;
     }
-    static const auto& subscriptionFees(const ConfigCollector& store) {
-        return store.subscriptionFees;
+    static auto& subscriptionFees(const ConfigCollector& store) {
+        return internal::stateOf(store).specialProducts->subscriptionFees;
     }
-    static const auto& combinations(const ConfigCollector& store) {
-        return store.combinations;
+    static auto& combinations(const ConfigCollector& store) {
+        return internal::stateOf(store).specialProducts->combinations;
     }
-    static const auto& sloBalanceFirstFunds(const ConfigCollector& store) {
-        return store.sloBalanceFirstFunds;
+    static auto& sloBalanceFirstFunds(const ConfigCollector& store) {
+        return internal::stateOf(store).moneyFunds->sloBalanceFirst;
     }
-    static const auto& fixedPriceFunds(const ConfigCollector& store) {
-        return store.fixedPriceFunds;
+    static auto& fixedPriceFunds(const ConfigCollector& store) {
+        return internal::stateOf(store).moneyFunds->fixedPrice;
     }
     static auto& fixedPriceFundsMutex(const ConfigCollector& store) {
-        return store.fixedPriceFundsMutex;
+        return internal::stateOf(store).moneyFunds->fixedPriceMutex;
     }
 
-    // limits and credit
-    static const auto& orderLimits(const ConfigCollector& store) {
-        return store.orderLimits;
+    // --- limits and credit
+    static auto& orderLimits(const ConfigCollector& store) {
+        return internal::stateOf(store).orderLimits->limits;
     }
-    static const auto& blockTradeQuantities(const ConfigCollector& store) {
-        return store.blockTradeQuantities;
+    static auto& blockTradeQuantities(const ConfigCollector& store) {
+        return internal::stateOf(store).blockTrades->quantities;
     }
-    static const auto& blockTradeAmounts(const ConfigCollector& store) {
-        return store.blockTradeAmounts;
+    static auto& blockTradeAmounts(const ConfigCollector& store) {
+        return internal::stateOf(store).blockTrades->amounts;
     }
-    static const auto& stockRates(const ConfigCollector& store) {
-        return store.stockRates;
+    static auto& stockRates(const ConfigCollector& store) {
+        return internal::stateOf(store).rates->stocks;
     }
-    static const auto& shanghaiConnectRates(const ConfigCollector& store) {
-        return store.shanghaiConnectRates;
+    static auto& shanghaiConnectRates(const ConfigCollector& store) {
+        return internal::stateOf(store).rates->shanghaiConnect;
     }
-    static const auto& shenzhenConnectRates(const ConfigCollector& store) {
-        return store.shenzhenConnectRates;
+    static auto& shenzhenConnectRates(const ConfigCollector& store) {
+        return internal::stateOf(store).rates->shenzhenConnect;
     }
-    static auto& platformLock(ConfigCollector& store) {
-        return store.ptsMutex;
+    static auto& platformLock(const ConfigCollector& store) {
+        return internal::stateOf(store).switches.lock();
     }
-    static auto& concentrationLock(ConfigCollector& store) {
-        return store.concentrationMutex;
-    }
-    static void readFinEnableBailRatio(ConfigCollector& store,
-                                       const boost::shared_ptr<utils::Configuration>& configuration) {
-        store.readFinEnableBailRatio(configuration);
+    static auto& concentrationLock(const ConfigCollector& store) {
+        return internal::stateOf(store).credit->concentrationMutex;
     }
 };
 

@@ -18,6 +18,7 @@
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/keys/keyreading.h"
 #include "traderbase/base/config/internal/products/catalogueentries.h"
+#include "traderbase/base/config/internal/products/contractcatalogue.h"
 #include "traderbase/base/config/internal/products/producttables.h"
 #include "traderbase/base/config/internal/text/splitting.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"

@@ -4,8 +4,9 @@
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
 #include "traderbase/base/config/configcollector.h"
-#include "traderbase/base/config/internal/platforms/plainvalues.h"
 #include "traderbase/base/config/internal/scripts/markettimescript.h"
+#include "traderbase/base/config/internal/states/runtimestate.h"
+#include "traderbase/base/config/internal/states/scalarstate.h"
 #include "ttconfig/reasons/explainedcalls.h"
 #include "ttconfig/reasons/telling.h"
 #include "ttconfig/text/showntext.h"
@@ -15,23 +16,23 @@ namespace ttconfig {
 namespace {
 
 using ttservice::ConfigCollector;
-using ttservice::internal::RuntimeValues;
-using ttservice::internal::SingleValues;
+using ttservice::internal::RuntimeState;
+using ttservice::internal::ScalarState;
 
 // --- values that the client sets
 
 template <typename Value>
-void addRunTime(ExplainedCalls& calls, const char* call, Value RuntimeValues::*member, const char* setter) {
+void addRunTime(ExplainedCalls& calls, const char* call, Value RuntimeState::*member, const char* setter) {
     calls.add(call, {[member, setter](const Question&) {
                          return decided(
-                             RuntimeValues().*member, Reason::RunTime,
+                             RuntimeState().*member, Reason::RunTime,
                              std::string("only the client sets it, by ") + setter + "; a new store has this");
                      },
                      {}});
 }
 
 Explanation explainRateType(const Question& /*question*/) {
-    const RuntimeValues values;
+    const RuntimeState values;
     return decided(values.hkUseCustRate ? values.hkRateType : -1, Reason::RunTime,
                    "only the client sets it, by setHKUseCustRate and setHKRateType; -1 is without the customer's rate");
 }
@@ -72,26 +73,26 @@ Explanation explainTradingTime(const Question& question) {
 }  // namespace
 
 void addClientReasons(ExplainedCalls& calls) {
-    addRunTime(calls, "hasAutoSplitOrderAuth", &RuntimeValues::autoSplitOrderAuth, "setAutoSplitOrderAuth");
-    addRunTime(calls, "getDelayPushTime", &RuntimeValues::delayPushTime, "setDelayPushTime");
-    addRunTime(calls, "isNeedDelayPushExternOrder", &RuntimeValues::needDelayPushExternOrder,
+    addRunTime(calls, "hasAutoSplitOrderAuth", &RuntimeState::autoSplitOrderAuth, "setAutoSplitOrderAuth");
+    addRunTime(calls, "getDelayPushTime", &RuntimeState::delayPushTime, "setDelayPushTime");
+    addRunTime(calls, "isNeedDelayPushExternOrder", &RuntimeState::needDelayPushExternOrder,
                "setNeedDelayPushExternOrder");
-    addRunTime(calls, "isNeedRemoveExportFile", &RuntimeValues::needRemoveExportFile, "setNeedRemoveExportFile");
-    addRunTime(calls, "isGadrafClientMode", &RuntimeValues::gadrafClientMode, "setGadrafClientMode");
-    addRunTime(calls, "isNeedCalcAccountDetail", &RuntimeValues::needCalcAccountDetail, "setNoNeedCalcAccountDetail");
-    addRunTime(calls, "useOrderIdFunction", &RuntimeValues::useOrderIdFunction, "setUseOrderIdFunction");
-    addRunTime(calls, "getHideModel", &RuntimeValues::hideModel, "setHideModel");
-    addRunTime(calls, "getLocalDiskPathHash", &RuntimeValues::localDiskPathHash, "setLocalDiskPathHash");
-    addRunTime(calls, "getLocalInfoFormat", &RuntimeValues::localInfoFormat, "setLocalInfoFormat");
-    addRunTime(calls, "getQeTsConfigStr", &RuntimeValues::qeTsConfig, "setQeTsConfig");
+    addRunTime(calls, "isNeedRemoveExportFile", &RuntimeState::needRemoveExportFile, "setNeedRemoveExportFile");
+    addRunTime(calls, "isGadrafClientMode", &RuntimeState::gadrafClientMode, "setGadrafClientMode");
+    addRunTime(calls, "isNeedCalcAccountDetail", &RuntimeState::needCalcAccountDetail, "setNoNeedCalcAccountDetail");
+    addRunTime(calls, "useOrderIdFunction", &RuntimeState::useOrderIdFunction, "setUseOrderIdFunction");
+    addRunTime(calls, "getHideModel", &RuntimeState::hideModel, "setHideModel");
+    addRunTime(calls, "getLocalDiskPathHash", &RuntimeState::localDiskPathHash, "setLocalDiskPathHash");
+    addRunTime(calls, "getLocalInfoFormat", &RuntimeState::localInfoFormat, "setLocalInfoFormat");
+    addRunTime(calls, "getQeTsConfigStr", &RuntimeState::qeTsConfig, "setQeTsConfig");
     calls.add("getHKUseCustRateType", {explainRateType, {}});
     calls.add("getMaxPermission", {explainPermission, {}});
     calls.add("getOriginalStr", {explainPath, {}});
 
     addFixed(calls, "getUseNewIPOFrozenCalcMethod", true, "always so");
     addFixed(calls, "isCrtFundTransferUseCreditDetail", true, "always so, for every platform");
-    addFixed(calls, "isNeedUseETFOneCode", SingleValues().etfOneCode, "no load reads it");
-    addFixed(calls, "getQuoterAdress", SingleValues().quoterAddress, "nothing sets it");
+    addFixed(calls, "isNeedUseETFOneCode", ScalarState().etfOneCode, "no load reads it");
+    addFixed(calls, "getQuoterAdress", ScalarState().quoterAddress, "nothing sets it");
     calls.add("getSecondFromGMT", {explainSecondFromGmt, {}});
     calls.add("getTradingTime", {explainTradingTime, {}});
 }

@@ -1,11 +1,13 @@
 // Algorithm types: answers which smart algorithm types and T0 strategies are offered, and where buy/sell is hidden.
 // Doors: getAlgoTypes, getBuySellHideAlgoTypes, getT0Strategy.
-// Owns: algoTypes, buySellHideAlgoTypes, t0Strategies, notQueryAlgoPermKeys; isQueryAlgoPerm is a platform switch.
+// Owns: AlgorithmTypeState; isQueryAlgoPerm is a platform switch.
 // Covered by tests/config/algorithmtypes_test.cpp.
 
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/keys/keyreading.h"
 #include "traderbase/base/config/internal/products/catalogueentries.h"
+#include "traderbase/base/config/internal/states/algorithmtypestate.h"
+#include "traderbase/base/config/internal/states/storestate.h"
 #include "traderbase/base/config/internal/text/splitting.h"
 
 namespace ttservice {
@@ -27,35 +29,35 @@ void readTypes(const utils::Configuration& configuration, const internal::Settin
 
 }  // namespace
 
-void ConfigCollector::readNotQueryAlgoPerm(const ConfigurationPtr& configuration) {
-    notQueryAlgoPermKeys = configuration->getProperties(std::string(keys::notQueryAlgoPerm.section));
+void internal::readNotQueryAlgoPerm(const utils::Configuration& configuration, AlgorithmTypeState& state) {
+    state.notQueryAlgoPermKeys = configuration.getProperties(std::string(keys::notQueryAlgoPerm.section));
 }
 
-void ConfigCollector::readT0StrategyConfig(const ConfigurationPtr& configuration) {
-    decltype(t0Strategies) strategies;
-    const std::string value = internal::readText(*configuration, keys::t0Strategies);
-    internal::forEachEntry(value, internal::pairEntry, [&strategies](const internal::PairEntry& entry) {
-        if (internal::isStored(entry.outcome)) strategies.emplace_back(entry.first, entry.second);
+void internal::readT0StrategyConfig(const utils::Configuration& configuration, AlgorithmTypeState& state) {
+    decltype(state.t0Strategies) strategies;
+    const std::string value = readText(configuration, keys::t0Strategies);
+    forEachEntry(value, pairEntry, [&strategies](const PairEntry& entry) {
+        if (isStored(entry.outcome)) strategies.emplace_back(entry.first, entry.second);
     });
-    t0Strategies.swap(strategies);
+    state.t0Strategies.swap(strategies);
 }
 
 // The two keys do not have the same separator.
-void ConfigCollector::readAlgoTypesConfig(const ConfigurationPtr& configuration) {
-    readTypes(*configuration, keys::algoTypes, ';', algoTypes);
-    readTypes(*configuration, keys::buySellHideAlgoTypes, ',', buySellHideAlgoTypes);
+void internal::readAlgoTypesConfig(const utils::Configuration& configuration, AlgorithmTypeState& state) {
+    readTypes(configuration, keys::algoTypes, ';', state.types);
+    readTypes(configuration, keys::buySellHideAlgoTypes, ',', state.buySellHideTypes);
 }
 
 std::set<std::string> ConfigCollector::getAlgoTypes() const {
-    return algoTypes;
+    return state->algorithmTypes->types;
 }
 
 std::set<std::string> ConfigCollector::getBuySellHideAlgoTypes() const {
-    return buySellHideAlgoTypes;
+    return state->algorithmTypes->buySellHideTypes;
 }
 
 std::vector<std::pair<std::string, std::string>> ConfigCollector::getT0Strategy() const {
-    return t0Strategies;
+    return state->algorithmTypes->t0Strategies;
 }
 
 }  // namespace ttservice

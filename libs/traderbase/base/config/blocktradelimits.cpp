@@ -1,6 +1,6 @@
 // Block-trade limits: answers the largest quantity and the largest amount of one negotiated trade.
 // Doors: getDazongOrderNumLimit, getDazongOrderTradeAmountLimit; reader readOrderDazongLimitConfig.
-// Owns: blockTradeQuantities, blockTradeAmounts.
+// Owns: BlockTradeState.
 // Covered by tests/config/blocktradelimits_test.cpp.
 
 #include <ttplatform/configuration.h>
@@ -8,27 +8,29 @@
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/keys/keyreading.h"
 #include "traderbase/base/config/internal/limits/limittables.h"
+#include "traderbase/base/config/internal/states/blocktradestate.h"
+#include "traderbase/base/config/internal/states/storestate.h"
 #include "traderbase/base/config/internal/text/uppercased.h"
 
 namespace ttservice {
 
-void ConfigCollector::readOrderDazongLimitConfig(const ConfigurationPtr& configuration) {
-    decltype(blockTradeQuantities) quantities;
-    decltype(blockTradeAmounts) amounts;
-    const internal::ConfigurationRows rows(*configuration);
-    internal::forEachLimitRow(internal::kBlockTradeTable, rows, [&](const auto& row) {
+void internal::readOrderDazongLimitConfig(const utils::Configuration& configuration, BlockTradeState& state) {
+    decltype(state.quantities) quantities;
+    decltype(state.amounts) amounts;
+    const ConfigurationRows rows(configuration);
+    forEachLimitRow(kBlockTradeTable, rows, [&](const auto& row) {
         if (!row.counts()) return;
-        internal::VolumeLimit quantity;
+        VolumeLimit quantity;
         int amount = 0;
-        internal::readLimitFields<internal::kBlockTradeLimitRow>(row.fields, quantity.first, quantity.second, amount);
-        row.forEachItem([&](const internal::LimitItem& item) {
-            const internal::MarketItem place = tableKey(item);
+        readLimitFields<kBlockTradeLimitRow>(row.fields, quantity.first, quantity.second, amount);
+        row.forEachItem([&](const LimitItem& item) {
+            const MarketItem place = tableKey(item);
             quantities[place] = quantity;
             amounts[place] = amount;
         });
     });
-    blockTradeQuantities.swap(quantities);
-    blockTradeAmounts.swap(amounts);
+    state.quantities.swap(quantities);
+    state.amounts.swap(amounts);
 }
 
 // Neither question looks for a row of the code itself, and neither leaves anything in its table.
@@ -37,7 +39,7 @@ std::pair<int, std::string> ConfigCollector::getDazongOrderNumLimit(const std::s
                                                                     const std::string& code) const {
     const internal::UpperCased upperMarket(market);
     const internal::UpperCased upperCode(code);
-    const auto found = internal::findLimit<internal::kBlockTradeQuantityQuestion>(blockTradeQuantities,
+    const auto found = internal::findLimit<internal::kBlockTradeQuantityQuestion>(state->blockTrades->quantities,
                                                                                   upperMarket.text(), upperCode.text());
     return found.value != nullptr ? *found.value : internal::volumeLimitWithoutRow();
 }
@@ -45,8 +47,8 @@ std::pair<int, std::string> ConfigCollector::getDazongOrderNumLimit(const std::s
 int ConfigCollector::getDazongOrderTradeAmountLimit(const std::string& market, const std::string& code) const {
     const internal::UpperCased upperMarket(market);
     const internal::UpperCased upperCode(code);
-    const auto found = internal::findLimit<internal::kBlockTradeAmountQuestion>(blockTradeAmounts, upperMarket.text(),
-                                                                                upperCode.text());
+    const auto found = internal::findLimit<internal::kBlockTradeAmountQuestion>(state->blockTrades->amounts,
+                                                                                upperMarket.text(), upperCode.text());
     return found.value != nullptr ? *found.value : internal::kLimitWithoutRow;
 }
 

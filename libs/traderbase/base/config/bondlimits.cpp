@@ -1,6 +1,6 @@
 // Bond limits: answers the order parameters of the fixed-income platform and the usage ratio of standard bonds.
 // Doors: getSHFixIncomeLimit, getStandardBondUseLimit.
-// Owns: fixedIncomeLimits, standardBondUse.
+// Owns: BondLimitState.
 // Covered by tests/config/bondlimits_test.cpp.
 
 #include <utility>
@@ -12,6 +12,8 @@
 #include "traderbase/base/config/internal/keys/keyreading.h"
 #include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "traderbase/base/config/internal/limits/fixedincome.h"
+#include "traderbase/base/config/internal/states/bondlimitstate.h"
+#include "traderbase/base/config/internal/states/storestate.h"
 #include "traderbase/base/config/internal/store/replacing.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "traderbase/base/config/shfixincomelimit.h"
@@ -21,37 +23,39 @@ namespace ttservice {
 namespace keys = internal::keys;
 
 // The table is not cleared: a key that is missing or malformed leaves its type as the load before set it.
-void ConfigCollector::readSHFixIncomeLimitConfig(const ConfigurationPtr& configuration) {
-    decltype(fixedIncomeLimits) fresh;
-    for (const internal::FixedIncomeKey& key : internal::kFixedIncomeKeys) {
-        const std::string value = internal::readText(*configuration, *key.key);
-        if (auto limit = internal::fixedIncomeLimit(value)) fresh[key.bondTradeType] = std::move(limit);
+void internal::readSHFixIncomeLimitConfig(const utils::Configuration& configuration, BondLimitState& state) {
+    decltype(state.fixedIncome) fresh;
+    for (const FixedIncomeKey& key : kFixedIncomeKeys) {
+        const std::string value = readText(configuration, *key.key);
+        if (auto limit = fixedIncomeLimit(value)) fresh[key.bondTradeType] = std::move(limit);
     }
-    internal::replaceEntries(fixedIncomeLimits, fresh);
+    replaceEntries(state.fixedIncome, fresh);
 }
 
-void ConfigCollector::readStandardBondUseLimit(const ConfigurationPtr& configuration) {
-    decltype(standardBondUse) fresh;
+void internal::readStandardBondUseLimit(const utils::Configuration& configuration, BondLimitState& state) {
+    decltype(state.standardBondUse) fresh;
     const std::string section(keys::standardBondUse.section);
-    const double fallback = internal::valueWhenMissing<double>(keys::standardBondUse);
-    for (const std::string& code : configuration->getProperties(section)) {
-        const double ratio = configuration->readDouble(section, code, fallback);
+    const double fallback = valueWhenMissing<double>(keys::standardBondUse);
+    for (const std::string& code : configuration.getProperties(section)) {
+        const double ratio = configuration.readDouble(section, code, fallback);
         // emplace, not assignment: where two rows come to one key, the one met first keeps its number.
         fresh.emplace(code, ratio);
         fresh.emplace(boost::algorithm::to_upper_copy(code), ratio);
     }
-    standardBondUse.swap(fresh);
+    state.standardBondUse.swap(fresh);
 }
 
 boost::shared_ptr<SHFixIncomeLimit> ConfigCollector::getSHFixIncomeLimit(EBondTradeType tradeType) const {
-    const auto found = fixedIncomeLimits.find(static_cast<int>(tradeType));
-    return found == fixedIncomeLimits.end() ? boost::shared_ptr<SHFixIncomeLimit>() : found->second;
+    const auto& limits = state->bonds->fixedIncome;
+    const auto found = limits.find(static_cast<int>(tradeType));
+    return found == limits.end() ? boost::shared_ptr<SHFixIncomeLimit>() : found->second;
 }
 
 // The code as passed, not in upper case: a row in upper case is not found by a question in lower case.
 double ConfigCollector::getStandardBondUseLimit(const std::string& code) const {
-    const auto found = standardBondUse.find(code);
-    return found == standardBondUse.end() ? internal::valueWhenMissing<double>(keys::standardBondUse) : found->second;
+    const auto& ratios = state->bonds->standardBondUse;
+    const auto found = ratios.find(code);
+    return found == ratios.end() ? internal::valueWhenMissing<double>(keys::standardBondUse) : found->second;
 }
 
 }  // namespace ttservice

@@ -1,6 +1,6 @@
-// The store: how it comes to be, what a load does and in which order, and the local overrides.
-// Doors: instance, readConfig, getOriginalStr, addLocalConfig, setUseLocalConfig; internal::StoreSlot.
-// Owns: configPath, loaded, localOverrides.
+// The store: how it comes to be, and what a load does and in which order.
+// Doors: instance, readConfig, getOriginalStr; internal::StoreSlot.
+// Owns: LoadState.
 // Covered by tests/config/configcollector_test.cpp and loadorder_test.cpp.
 
 #include "traderbase/base/config/configcollector.h"
@@ -8,15 +8,35 @@
 #include <utility>
 
 #include <ttplatform/configuration.h>
-#include <boost/make_shared.hpp>
 
+#include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "traderbase/base/config/internal/platforms/platformlist.h"
+#include "traderbase/base/config/internal/states/builtstore.h"
+#include "traderbase/base/config/internal/states/loadstate.h"
+#include "traderbase/base/config/internal/states/storestate.h"
 #include "traderbase/base/config/internal/store/lastingslot.h"
 #include "traderbase/base/config/internal/store/storeslot.h"
 
 namespace ttservice {
 
+static_assert(sizeof(ConfigCollector) == sizeof(void*), "what a setting needs goes into its topic's state");
+
 namespace internal {
+
+namespace {
+
+// One that was built after the end reads no script and so logs nothing.
+boost::shared_ptr<ConfigCollector> buildStore(Lifetime lifetime) {
+    const boost::shared_ptr<ConfigCollector> store(new BuiltStore(std::make_unique<StoreState>()));
+    if (lifetime == Lifetime::Process) store->initMarketTradingTime();
+    return store;
+}
+
+}  // namespace
+
+StoreState& stateOf(const ConfigCollector& store) {
+    return static_cast<const BuiltStore&>(store).keptState();
+}
 
 boost::shared_ptr<ConfigCollector>& StoreSlot::slot() {
     return lastingSlot<ConfigCollector>(&StoreSlot::build);
@@ -24,11 +44,11 @@ boost::shared_ptr<ConfigCollector>& StoreSlot::slot() {
 
 boost::shared_ptr<ConfigCollector> StoreSlot::current() {
     const boost::shared_ptr<ConfigCollector>& store = slot();
-    return store ? store : boost::shared_ptr<ConfigCollector>(new ConfigCollector(Lifetime::AfterTheEnd));
+    return store ? store : buildStore(Lifetime::AfterTheEnd);
 }
 
 boost::shared_ptr<ConfigCollector> StoreSlot::build() {
-    return boost::shared_ptr<ConfigCollector>(new ConfigCollector(Lifetime::Process));
+    return buildStore(Lifetime::Process);
 }
 
 boost::shared_ptr<ConfigCollector> StoreSlot::exchange(boost::shared_ptr<ConfigCollector> store) {
@@ -42,53 +62,24 @@ boost::shared_ptr<ConfigCollector> ConfigCollector::instance() {
     return internal::StoreSlot::current();
 }
 
-ConfigCollector::ConfigCollector(internal::Lifetime lifetime) {
-    if (lifetime == internal::Lifetime::Process) init();
-}
+ConfigCollector::ConfigCollector(std::unique_ptr<internal::StoreState> initial) : state(std::move(initial)) {}
 
 ConfigCollector::~ConfigCollector() = default;
 
-void ConfigCollector::init() {
-    {
-        const internal::ReadMostlyMutex::Writer writer(ptsMutex);
-        pts.clear();
-        switchSlots.clearLists();
-    }
-    initMarketTradingTime();
-}
-
 void ConfigCollector::readConfig(std::string path) {
-    using Reader = void (ConfigCollector::*)(const ConfigurationPtr&);
-    static constexpr Reader kReaders[] = {
-#define TT_SECTION_READER(reader) &ConfigCollector::reader,
+    utils::Configuration configuration(std::string(), true);
+    configuration.parse(path);
+    state->load->path = std::move(path);
+
+    instance()->state->switches.replace(internal::readSwitchLists(configuration, std::string(internal::kMainSection)));
+
+#define TT_SECTION_READER(reader, topic) internal::reader(configuration, *state->topic);
 #include "traderbase/base/config/loadorder.def"
-    };
-
-    const auto configuration = boost::make_shared<utils::Configuration>(std::string(), true);
-    configuration->parse(path);
-    configPath = std::move(path);
-
-    instance()->setLists(internal::readSwitchLists(*configuration, "setting"));
-
-    for (const Reader reader : kReaders)
-        (this->*reader)(configuration);
-    loaded = true;
+    state->load->loaded = true;
 }
 
 void ConfigCollector::getOriginalStr(std::string& out) const {
-    out = configPath;
-}
-
-void ConfigCollector::addLocalConfig(const std::string& name, bool value) {
-    localOverrides[name] = value;
-    switchSlots.setOverride(name, value);
-}
-
-void ConfigCollector::setUseLocalConfig(const std::map<std::string, bool>& overrides) {
-    localOverrides = {overrides.begin(), overrides.end()};
-    switchSlots.clearOverrides();
-    for (const auto& [name, value] : localOverrides)
-        switchSlots.setOverride(name, value);
+    out = state->load->path;
 }
 
 }  // namespace ttservice

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -10,23 +10,9 @@
 
 #include <ttplatform/enums.h>
 #include <boost/shared_ptr.hpp>
-#include <boost/thread/mutex.hpp>
-#include <boost/thread/shared_mutex.hpp>
 
 #include "luaconfig/export.h"
 #include "traderbase/base/config/contractinfo.h"
-#include "traderbase/base/config/internal/limits/marketitem.h"
-#include "traderbase/base/config/internal/limits/volumelimit.h"
-#include "traderbase/base/config/internal/platforms/perplatformtable.h"
-#include "traderbase/base/config/internal/platforms/plainvalues.h"
-#include "traderbase/base/config/internal/products/contractcatalogue.h"
-#include "traderbase/base/config/internal/products/producttables.h"
-#include "traderbase/base/config/internal/switches/platformswitchslots.h"
-#include "traderbase/base/config/internal/switches/readmostlymutex.h"
-
-namespace utils {
-class Configuration;
-}
 
 class CStkExchangeRateLimit;
 class CCustomHGTExchangeRateLimit;
@@ -35,9 +21,7 @@ class CCustomSgtExchangeRateLimit;
 namespace ttservice {
 
 namespace internal {
-enum class Lifetime;
-struct StoreSlot;
-struct SwitchLists;
+struct StoreState;
 }  // namespace internal
 
 struct SHFixIncomeLimit;
@@ -335,83 +319,15 @@ public:
     bool isNeedUseETFOneCode() const;                             // true
     std::string getQuoterAdress() const;                          // empty (sic)
 
-private:
-    // Builds stores for instance(); the peer is the tests' way in.
-    friend struct internal::StoreSlot;
-    friend struct ConfigCollectorPeer;
-
-    using ConfigurationPtr = boost::shared_ptr<utils::Configuration>;
-
-    TRADERBASE_HIDDEN explicit ConfigCollector(internal::Lifetime lifetime);
-    TRADERBASE_HIDDEN void init();
-    TRADERBASE_HIDDEN void setLists(internal::SwitchLists lists);
-    TRADERBASE_HIDDEN bool isSwitchListed(std::size_t switchIndex, int platformId) const;
-
-#define TT_SECTION_READER(reader) TRADERBASE_HIDDEN void reader(const ConfigurationPtr& configuration);
-#include "traderbase/base/config/loadorder.def"
-
-    // Readers outside the load order: their settings keep what the store is born with. That is meant.
-    TRADERBASE_HIDDEN void readETFOneCodeConfig(const ConfigurationPtr& configuration);
-    TRADERBASE_HIDDEN void readFinEnableBailRatio(const ConfigurationPtr& configuration);
+protected:
+    // For the library's own sources: elsewhere the state is an incomplete type, and none of these is exported.
+    TRADERBASE_HIDDEN explicit ConfigCollector(std::unique_ptr<internal::StoreState> initial);
 
     // Seconds of the day, those from 20:30:00 on as negative seconds of the next trading day; the second takes HHMMSS.
     TRADERBASE_HIDDEN static int getRealNumber(int secondOfDay);
     TRADERBASE_HIDDEN static int getSerialNumber(int clockTime);
 
-    // --- guarded by ptsMutex
-    mutable internal::ReadMostlyMutex ptsMutex;
-    std::map<std::string, std::vector<int>, std::less<>> pts;
-
-    // --- platform switches, not guarded
-    std::map<std::string, bool, std::less<>> localOverrides;
-    internal::PlatformSwitchSlots switchSlots;  // what pts and localOverrides say of the known switches
-    std::map<std::string, int> splitPermission;
-
-    // --- the load, plain values of the settings file, and what the client has set
-    std::string configPath;
-    bool loaded = false;
-    internal::SingleValues single;
-    internal::PlatformValues byPlatform;
-    internal::RuntimeValues runtime;
-
-    // --- limits that questions add default rows to
-    internal::MarketItemTable<internal::VolumeLimit> orderLimits;
-    internal::MarketItemTable<boost::shared_ptr<CStkExchangeRateLimit>> stockRates;
-    internal::MarketItemTable<boost::shared_ptr<CCustomHGTExchangeRateLimit>> shanghaiConnectRates;
-    internal::MarketItemTable<boost::shared_ptr<CCustomSgtExchangeRateLimit>> shenzhenConnectRates;
-
-    // --- other limits
-    internal::MarketItemTable<internal::VolumeLimit> blockTradeQuantities;
-    internal::MarketItemTable<int> blockTradeAmounts;
-    std::map<int, boost::shared_ptr<SHFixIncomeLimit>> fixedIncomeLimits;  // by bond trade type
-    std::map<std::string, double> standardBondUse;
-
-    // --- credit ratios by platform
-    mutable boost::mutex concentrationMutex;
-    std::map<int, std::pair<double, double>> concentrationRatios;  // guarded by concentrationMutex
-    std::map<int, std::set<std::string>> collateralSaleCodes;      // guarded by ptsMutex
-    internal::PerPlatformTable<double> finEnableBailRatio{{}, 0.6};
-    internal::PerPlatformTable<double> setAvailable;
-    internal::PerPlatformTable<double> specialEnableVolRate;
-    internal::PerPlatformTable<bool> needCheckAssureEnbuyBalance;
-
-    // --- catalogues, not guarded
-    internal::ContractCatalogue contracts;
-    std::vector<std::string> httpProductIds;
-    std::set<std::string> algoTypes;
-    std::set<std::string> buySellHideAlgoTypes;
-    std::vector<std::pair<std::string, std::string>> t0Strategies;
-    std::vector<std::string> notQueryAlgoPermKeys;  // answered by nothing; the switch of that name is
-    std::map<std::string, double> subscriptionFees;
-    internal::CombinationTables combinations;
-    std::string etfBrokerClientTag;
-    std::vector<std::string> etfBrokerClientQueryTimes;
-    std::map<int, std::vector<std::string>> sloBalanceFirstFunds;
-    std::map<std::string, std::vector<std::pair<int, int>>> tradingTimes;
-
-    // --- guarded by fixedPriceFundsMutex
-    mutable boost::shared_mutex fixedPriceFundsMutex;
-    std::map<std::string, std::set<std::string>> fixedPriceFunds;
+    const std::unique_ptr<internal::StoreState> state;
 };
 
 }  // namespace ttservice

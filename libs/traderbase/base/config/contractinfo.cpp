@@ -1,6 +1,6 @@
 // Contract info: answers which algorithm products there are, which one serves an algorithm type, and which go by HTTP.
 // Doors: getContractInfo, getAllContractInfo, getProductIdbyAlgoName, isHttpProductID.
-// Owns: contracts, httpProductIds.
+// Owns: ContractState.
 // Covered by tests/config/contractinfo_test.cpp.
 
 #include "traderbase/base/config/contractinfo.h"
@@ -9,6 +9,8 @@
 
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/keys/keyreading.h"
+#include "traderbase/base/config/internal/states/contractstate.h"
+#include "traderbase/base/config/internal/states/storestate.h"
 #include "traderbase/base/config/internal/text/splitting.h"
 
 namespace ttservice {
@@ -24,40 +26,43 @@ constexpr int kCreditAccount = 3;
 
 // The catalogue is added to and never emptied; the HTTP list is a new one each time. The records come first: the types
 // are indexed for the products that have one.
-void ConfigCollector::readContractInfoConfig(const ConfigurationPtr& configuration) {
-    internal::enterContracts(internal::readText(*configuration, keys::contracts), contracts);
-    internal::enterContractTypes(internal::readText(*configuration, keys::contractTypes), contracts);
+void internal::readContractInfoConfig(const utils::Configuration& configuration, ContractState& state) {
+    enterContracts(readText(configuration, keys::contracts), state.catalogue);
+    enterContractTypes(readText(configuration, keys::contractTypes), state.catalogue);
 
-    const std::string ids = internal::readText(*configuration, keys::httpProductIds);
+    const std::string ids = readText(configuration, keys::httpProductIds);
     std::vector<std::string> list;
-    internal::splitDropEmpty(ids, ',', [&list](std::string_view id) { list.emplace_back(id); });
-    httpProductIds.swap(list);
+    splitDropEmpty(ids, ',', [&list](std::string_view id) { list.emplace_back(id); });
+    state.httpProductIds.swap(list);
 }
 
 boost::shared_ptr<ContractInfo> ConfigCollector::getContractInfo(const std::string& productId, bool isCredit) const {
-    const auto found = contracts.records.find(internal::contractKey(productId, isCredit));
-    return found == contracts.records.end() ? boost::shared_ptr<ContractInfo>() : found->second;
+    const auto& records = state->contracts->catalogue.records;
+    const auto found = records.find(internal::contractKey(productId, isCredit));
+    return found == records.end() ? boost::shared_ptr<ContractInfo>() : found->second;
 }
 
 std::vector<boost::shared_ptr<ContractInfo>> ConfigCollector::getContractInfo(int accountKind) const {
     std::vector<boost::shared_ptr<ContractInfo>> kept;
-    for (const auto& [key, record] : contracts.records) {
+    for (const auto& [key, record] : state->contracts->catalogue.records) {
         if (record && accountKind == (record->isCredit ? kCreditAccount : kStockAccount)) kept.push_back(record);
     }
     return kept;
 }
 
 std::map<std::string, boost::shared_ptr<ContractInfo>> ConfigCollector::getAllContractInfo() const {
-    return {contracts.records.begin(), contracts.records.end()};
+    return {state->contracts->catalogue.records.begin(), state->contracts->catalogue.records.end()};
 }
 
 // Not a plain look-up: a name asked for is in the index from then on, with an empty product ID when it was unknown.
 std::string ConfigCollector::getProductIdbyAlgoName(const std::string& algoName, bool isCredit) {
-    return (isCredit ? contracts.creditProductByType : contracts.stockProductByType)[algoName];
+    auto& catalogue = state->contracts->catalogue;
+    return (isCredit ? catalogue.creditProductByType : catalogue.stockProductByType)[algoName];
 }
 
 bool ConfigCollector::isHttpProductID(const std::string& productId) const {
-    return std::find(httpProductIds.begin(), httpProductIds.end(), productId) != httpProductIds.end();
+    const auto& ids = state->contracts->httpProductIds;
+    return std::find(ids.begin(), ids.end(), productId) != ids.end();
 }
 
 }  // namespace ttservice

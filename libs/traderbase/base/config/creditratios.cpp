@@ -1,6 +1,6 @@
 // Credit ratios: answers what holds for the credit accounts of each platform: ratios, numbers, a flag, codes.
 // Doors: isUseConcentrationRatioPts ... isNeedCheckAssureEnbuyBalancePts in the header; the six readers below.
-// Owns: concentrationRatios and its mutex, collateralSaleCodes, and the tables of one number or flag a platform.
+// Owns: CreditState.
 // Covered by tests/config/creditratios_test.cpp.
 
 #include <utility>
@@ -11,7 +11,9 @@
 #include "traderbase/base/config/internal/keys/keyreading.h"
 #include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "traderbase/base/config/internal/platforms/creditlists.h"
-#include "traderbase/base/config/internal/platforms/perplatformlist.h"
+#include "traderbase/base/config/internal/platforms/perplatformreading.h"
+#include "traderbase/base/config/internal/states/creditstate.h"
+#include "traderbase/base/config/internal/states/storestate.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 
 namespace ttservice {
@@ -20,104 +22,97 @@ namespace {
 
 using internal::CreditEntryKind;
 using internal::readText;
-using internal::SettingKey;
 namespace keys = internal::keys;
-
-template <typename Value>
-void readPerPlatform(const utils::Configuration& configuration, const SettingKey& row,
-                     internal::PerPlatformTable<Value>& table) {
-    internal::readPerPlatformListKeepEmpty(readText(configuration, row), internal::valueWhenMissing<Value>(row), table);
-}
 
 }  // namespace
 
 // --- readers
 
-void ConfigCollector::readConcentrationRatioConfig(const ConfigurationPtr& configuration) {
-    const std::string value = readText(*configuration, keys::concentrationRatio);
-    decltype(concentrationRatios) ratios;
-    internal::forEachConcentrationEntry(value, [&ratios](const internal::ConcentrationEntry& entry) {
+void internal::readConcentrationRatioConfig(const utils::Configuration& configuration, CreditState& state) {
+    const std::string value = readText(configuration, keys::concentrationRatio);
+    decltype(state.concentrationRatios) ratios;
+    forEachConcentrationEntry(value, [&ratios](const ConcentrationEntry& entry) {
         if (entry.kind != CreditEntryKind::Entry) return;
-        ratios[entry.platform] = {internal::looseDouble(entry.ratios[0]), internal::looseDouble(entry.ratios[1])};
+        ratios[entry.platform] = {looseDouble(entry.ratios[0]), looseDouble(entry.ratios[1])};
     });
-    const boost::unique_lock<boost::mutex> lock(concentrationMutex);
-    concentrationRatios.swap(ratios);
+    const boost::unique_lock<boost::mutex> lock(state.concentrationMutex);
+    state.concentrationRatios.swap(ratios);
 }
 
-void ConfigCollector::readRepayDebtByCollateralSellConfig(const ConfigurationPtr& configuration) {
-    const std::string value = readText(*configuration, keys::collateralSaleRepay);
-    decltype(collateralSaleCodes) codesByPlatform;
-    internal::forEachCollateralSaleEntry(value, [&codesByPlatform](const internal::CreditEntry& entry) {
+void internal::readRepayDebtByCollateralSellConfig(const utils::Configuration& configuration, CreditState& state) {
+    const std::string value = readText(configuration, keys::collateralSaleRepay);
+    decltype(state.collateralSaleCodes) codesByPlatform;
+    forEachCollateralSaleEntry(value, [&codesByPlatform](const CreditEntry& entry) {
         if (entry.kind != CreditEntryKind::Entry) return;
         auto& codes = codesByPlatform[entry.platform];
-        internal::splitDropEmpty(entry.payload, ',', [&codes](std::string_view code) { codes.emplace(code); });
+        splitDropEmpty(entry.payload, ',', [&codes](std::string_view code) { codes.emplace(code); });
     });
-    const internal::ReadMostlyMutex::Writer writer(ptsMutex);  // the platform switches' lock
-    collateralSaleCodes.swap(codesByPlatform);
+    const ReadMostlyMutex::Writer writer(state.platformLock);
+    state.collateralSaleCodes.swap(codesByPlatform);
 }
 
-void ConfigCollector::readNeedCheckAssureEnbuyBalanceConfig(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::needCheckAssureEnbuyBalance, needCheckAssureEnbuyBalance);
+void internal::readNeedCheckAssureEnbuyBalanceConfig(const utils::Configuration& configuration, CreditState& state) {
+    readPerPlatform(configuration, keys::needCheckAssureEnbuyBalance, state.needCheckAssureEnbuyBalance);
 }
 
-void ConfigCollector::readSpecialEnableVolStkExchangeRate(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::specialEnableVolRate, specialEnableVolRate);
+void internal::readSpecialEnableVolStkExchangeRate(const utils::Configuration& configuration, CreditState& state) {
+    readPerPlatform(configuration, keys::specialEnableVolRate, state.specialEnableVolRate);
 }
 
-void ConfigCollector::readSetavailable(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::setAvailable, setAvailable);
+void internal::readSetavailable(const utils::Configuration& configuration, CreditState& state) {
+    readPerPlatform(configuration, keys::setAvailable, state.setAvailable);
 }
 
 // Not in the load order, and that is meant: its key has no effect on a client.
-void ConfigCollector::readFinEnableBailRatio(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::finEnableBailRatio, finEnableBailRatio);
+void internal::readFinEnableBailRatio(const utils::Configuration& configuration, CreditState& state) {
+    readPerPlatform(configuration, keys::finEnableBailRatio, state.finEnableBailRatio);
 }
 
 // --- answers
 
 bool ConfigCollector::isUseConcentrationRatioPts(const int& platformId, double& first, double& second) const {
-    const boost::unique_lock<boost::mutex> lock(concentrationMutex);
-    const auto found = concentrationRatios.find(platformId);
-    if (found == concentrationRatios.end()) return false;
+    const boost::unique_lock<boost::mutex> lock(state->credit->concentrationMutex);
+    const auto found = state->credit->concentrationRatios.find(platformId);
+    if (found == state->credit->concentrationRatios.end()) return false;
     first = found->second.first;
     second = found->second.second;
     return true;
 }
 
 bool ConfigCollector::isRepayDebtByCollateralSell(int platformId, const std::string& code) const {
-    const internal::ReadMostlyMutex::Reader reader(ptsMutex);
-    const auto found = collateralSaleCodes.find(platformId);
-    return found != collateralSaleCodes.end() && found->second.count(code) != 0;
+    const internal::ReadMostlyMutex::Reader reader(state->credit->platformLock);
+    const auto found = state->credit->collateralSaleCodes.find(platformId);
+    return found != state->credit->collateralSaleCodes.end() && found->second.count(code) != 0;
 }
 
 // The predicates below say that a platform is listed; one that is listed with 0 is.
 
 double ConfigCollector::getFinEnableBailRatio(int platformId) const {
-    return finEnableBailRatio.at(platformId);
+    return state->credit->finEnableBailRatio.at(platformId);
 }
 
 bool ConfigCollector::isUseFinEnableBailRatio(int platformId) const {
-    return finEnableBailRatio.lists(platformId);
+    return state->credit->finEnableBailRatio.lists(platformId);
 }
 
 double ConfigCollector::getisSetavailable(int platformId) const {
-    return setAvailable.at(platformId);
+    return state->credit->setAvailable.at(platformId);
 }
 
 bool ConfigCollector::isSetavailable(int platformId) const {
-    return setAvailable.lists(platformId);
+    return state->credit->setAvailable.lists(platformId);
 }
 
 double ConfigCollector::getSpecailEnableVolStkExchangeRate(int platformId) const {
-    return specialEnableVolRate.at(platformId);
+    return state->credit->specialEnableVolRate.at(platformId);
 }
 
 bool ConfigCollector::isUseSpecialEnableBalCalcVolume(int platformId) const {
-    return specialEnableVolRate.lists(platformId);
+    return state->credit->specialEnableVolRate.lists(platformId);
 }
 
 bool ConfigCollector::isNeedCheckAssureEnbuyBalancePts(int platformId) const {
-    return needCheckAssureEnbuyBalance.at(platformId);
+    return state->credit->needCheckAssureEnbuyBalance.at(platformId);
 }
 
 }  // namespace ttservice

@@ -1,6 +1,6 @@
 // Money-market funds: answers which are paid from the lending balance first, and which need their price fixed.
 // Doors: isMonetaryFundUseSloBalanceFirst, isNeedFixPriceByNonTradeMonetaryFund.
-// Owns: sloBalanceFirstFunds; fixedPriceFunds and its lock, fixedPriceFundsMutex.
+// Owns: MoneyFundState.
 // Covered by tests/config/moneyfunds_test.cpp.
 
 #include <ttplatform/stocktypecenter.h>
@@ -9,6 +9,8 @@
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/keys/keyreading.h"
 #include "traderbase/base/config/internal/products/producttables.h"
+#include "traderbase/base/config/internal/states/moneyfundstate.h"
+#include "traderbase/base/config/internal/states/storestate.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 
 namespace ttservice {
@@ -22,35 +24,36 @@ constexpr int kMoneyMarketFundType = 100024;
 }  // namespace
 
 // Platform IDs are taken loosely here: a key that is no number stands for platform 0.
-void ConfigCollector::readSpecialMonetaryFund(const ConfigurationPtr& configuration) {
-    decltype(sloBalanceFirstFunds) funds;
+void internal::readSpecialMonetaryFund(const utils::Configuration& configuration, MoneyFundState& state) {
+    decltype(state.sloBalanceFirst) funds;
     const std::string section(keys::sloBalanceFirstFunds.section);
-    for (const std::string& platform : configuration->getProperties(section)) {
-        funds[internal::looseInt(platform)] = internal::fundList(configuration->read(section, platform));
+    for (const std::string& platform : configuration.getProperties(section)) {
+        funds[looseInt(platform)] = fundList(configuration.read(section, platform));
     }
-    sloBalanceFirstFunds.swap(funds);
+    state.sloBalanceFirst.swap(funds);
 }
 
 // Locked while the settings are read, too: who asks meanwhile waits for the new table.
-void ConfigCollector::readNonTradeMonetaryFundFixPriceConfig(const ConfigurationPtr& configuration) {
-    const boost::unique_lock<boost::shared_mutex> lock(fixedPriceFundsMutex);
-    const std::string value = internal::readText(*configuration, keys::fixedPriceFunds);
-    if (!value.empty()) internal::enterMarketCodes(value, fixedPriceFunds);
+void internal::readNonTradeMonetaryFundFixPriceConfig(const utils::Configuration& configuration,
+                                                      MoneyFundState& state) {
+    const boost::unique_lock<boost::shared_mutex> lock(state.fixedPriceMutex);
+    const std::string value = readText(configuration, keys::fixedPriceFunds);
+    if (!value.empty()) enterMarketCodes(value, state.fixedPrice);
 }
 
 bool ConfigCollector::isMonetaryFundUseSloBalanceFirst(int platformId, const std::string& market,
                                                        const std::string& code) const {
-    const auto found = sloBalanceFirstFunds.find(platformId);
-    if (found == sloBalanceFirstFunds.end()) return false;
+    const auto found = state->moneyFunds->sloBalanceFirst.find(platformId);
+    if (found == state->moneyFunds->sloBalanceFirst.end()) return false;
     if (internal::listsFund(found->second, market, code)) return true;
     return StockTypeCenter::instance().isTypedStock(kMoneyMarketFundType, market, code) &&
            internal::listsAllFunds(found->second);
 }
 
 bool ConfigCollector::isNeedFixPriceByNonTradeMonetaryFund(const std::string& market, const std::string& code) const {
-    const boost::shared_lock<boost::shared_mutex> lock(fixedPriceFundsMutex);
-    const auto found = fixedPriceFunds.find(market);
-    return found != fixedPriceFunds.end() && found->second.find(code) != found->second.end();
+    const boost::shared_lock<boost::shared_mutex> lock(state->moneyFunds->fixedPriceMutex);
+    const auto found = state->moneyFunds->fixedPrice.find(market);
+    return found != state->moneyFunds->fixedPrice.end() && found->second.find(code) != found->second.end();
 }
 
 }  // namespace ttservice

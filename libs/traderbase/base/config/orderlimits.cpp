@@ -1,6 +1,6 @@
 // Order volume limits: answers the largest quantity of one order, and its unit word.
 // Doors: getOrderLimit; reader readOrderLimitConfig.
-// Owns: orderLimits.
+// Owns: OrderLimitState.
 // Covered by tests/config/orderlimits_test.cpp.
 
 #include <ttplatform/configuration.h>
@@ -8,31 +8,33 @@
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/keys/keyreading.h"
 #include "traderbase/base/config/internal/limits/limittables.h"
+#include "traderbase/base/config/internal/states/orderlimitstate.h"
+#include "traderbase/base/config/internal/states/storestate.h"
 #include "traderbase/base/config/internal/text/uppercased.h"
 
 namespace ttservice {
 
-void ConfigCollector::readOrderLimitConfig(const ConfigurationPtr& configuration) {
-    decltype(orderLimits) fresh;
-    const internal::ConfigurationRows rows(*configuration);
-    internal::forEachLimitRow(internal::kOrderLimitTable, rows, [&fresh](const auto& row) {
+void internal::readOrderLimitConfig(const utils::Configuration& configuration, OrderLimitState& state) {
+    decltype(state.limits) fresh;
+    const ConfigurationRows rows(configuration);
+    forEachLimitRow(kOrderLimitTable, rows, [&fresh](const auto& row) {
         if (!row.counts()) return;
-        internal::VolumeLimit limit;
-        internal::readLimitFields<internal::kOrderLimitRow>(row.fields, limit.first, limit.second);
-        row.forEachItem([&](const internal::LimitItem& item) { fresh[tableKey(item)] = limit; });
+        VolumeLimit limit;
+        readLimitFields<kOrderLimitRow>(row.fields, limit.first, limit.second);
+        row.forEachItem([&](const LimitItem& item) { fresh[tableKey(item)] = limit; });
     });
-    orderLimits.swap(fresh);
+    state.limits.swap(fresh);
 }
 
 std::pair<int, std::string> ConfigCollector::getOrderLimit(const std::string& market, const std::string& code,
                                                            EBrokerPriceType priceType) {
     const internal::UpperCased upperMarket(market);
     const internal::UpperCased upperCode(code);
-    const auto found = internal::findLimit<internal::kOrderLimitQuestion>(orderLimits, upperMarket.text(),
-                                                                          upperCode.text(), priceType);
+    const auto found = internal::findLimit<internal::kOrderLimitQuestion>(
+        state->orderLimits->limits, upperMarket.text(), upperCode.text(), priceType);
     if (found.value != nullptr) return *found.value;
     // This write from a question is meant: the category has a row until the next load.
-    return orderLimits
+    return state->orderLimits->limits
         .emplace(internal::MarketItem(upperMarket.text(), found.category), internal::volumeLimitWithoutRow())
         .first->second;
 }

@@ -1,6 +1,6 @@
 // Exchange rate limits: answers the rate parameters of an instrument, for exchanges and for the two connects.
 // Doors: getRateLimitPtr, getHGTExchangeRateLimitPtr, getSgtExchangeRateLimitPtr; reader readRateConfig.
-// Owns: stockRates, shanghaiConnectRates, shenzhenConnectRates.
+// Owns: RateLimitState.
 // Covered by tests/config/ratelimits_test.cpp.
 
 #include <ttplatform/configuration.h>
@@ -14,6 +14,8 @@
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/keys/keyreading.h"
 #include "traderbase/base/config/internal/limits/limittables.h"
+#include "traderbase/base/config/internal/states/ratelimitstate.h"
+#include "traderbase/base/config/internal/states/storestate.h"
 
 namespace ttservice {
 
@@ -74,24 +76,26 @@ boost::shared_ptr<Record> findOrMake(RateTable<Record>& table, std::string marke
 
 }  // namespace
 
-void ConfigCollector::readRateConfig(const ConfigurationPtr& configuration) {
-    readTable(*configuration, internal::kStockRateTable, stockRates);
-    readTable(*configuration, internal::kShanghaiConnectRateTable, shanghaiConnectRates);
-    readTable(*configuration, internal::kShenzhenConnectRateTable, shenzhenConnectRates);
+void internal::readRateConfig(const utils::Configuration& configuration, RateLimitState& state) {
+    readTable(configuration, kStockRateTable, state.stocks);
+    readTable(configuration, kShanghaiConnectRateTable, state.shanghaiConnect);
+    readTable(configuration, kShenzhenConnectRateTable, state.shenzhenConnect);
 }
 
 boost::shared_ptr<CStkExchangeRateLimit> ConfigCollector::getRateLimitPtr(std::string market, std::string code) {
-    return findOrMake<internal::kStockRateQuestion>(stockRates, std::move(market), std::move(code));
+    return findOrMake<internal::kStockRateQuestion>(state->rates->stocks, std::move(market), std::move(code));
 }
 
 boost::shared_ptr<CCustomHGTExchangeRateLimit> ConfigCollector::getHGTExchangeRateLimitPtr(std::string market,
                                                                                            std::string code) {
-    return findOrMake<internal::kShanghaiConnectRateQuestion>(shanghaiConnectRates, std::move(market), std::move(code));
+    return findOrMake<internal::kShanghaiConnectRateQuestion>(state->rates->shanghaiConnect, std::move(market),
+                                                              std::move(code));
 }
 
 boost::shared_ptr<CCustomSgtExchangeRateLimit> ConfigCollector::getSgtExchangeRateLimitPtr(std::string market,
                                                                                            std::string code) {
-    return findOrMake<internal::kShenzhenConnectRateQuestion>(shenzhenConnectRates, std::move(market), std::move(code));
+    return findOrMake<internal::kShenzhenConnectRateQuestion>(state->rates->shenzhenConnect, std::move(market),
+                                                              std::move(code));
 }
 
 }  // namespace ttservice

@@ -1,10 +1,12 @@
 // Run-time values: answers what the client itself has set since start-up.
-// Doors: the operations under "run-time values".
-// Owns: the members of the same names; no load touches them.
+// Doors: the operations under "run-time values", and the split permissions.
+// Owns: RuntimeState.
 // Covered by tests/config/runtimeswitches_test.cpp.
 
 #include "logging/guardedlog.h"
 #include "traderbase/base/config/configcollector.h"
+#include "traderbase/base/config/internal/states/runtimestate.h"
+#include "traderbase/base/config/internal/states/storestate.h"
 
 namespace ttservice {
 
@@ -15,107 +17,118 @@ constexpr internal::LogPlace kSetUseOrderIdFunction{"libs/traderbase/base/config
 
 }  // namespace
 
+void ConfigCollector::setSplitPermission(const std::map<std::string, int>& permissions) {
+    auto copy = permissions;
+    state->runtime->splitPermission.swap(copy);
+}
+
+int ConfigCollector::getMaxPermission(std::string name) const {
+    const auto& permissions = state->runtime->splitPermission;
+    const auto found = permissions.find(name);
+    return found == permissions.end() ? 0 : found->second;
+}
+
 void ConfigCollector::setAutoSplitOrderAuth(bool allowed) {
-    runtime.autoSplitOrderAuth = allowed;
+    state->runtime->autoSplitOrderAuth = allowed;
 }
 
 bool ConfigCollector::hasAutoSplitOrderAuth() const {
-    return runtime.autoSplitOrderAuth;
+    return state->runtime->autoSplitOrderAuth;
 }
 
 void ConfigCollector::setDelayPushTime(int time) {
-    runtime.delayPushTime = time;
+    state->runtime->delayPushTime = time;
 }
 
 int ConfigCollector::getDelayPushTime() const {
-    return runtime.delayPushTime;
+    return state->runtime->delayPushTime;
 }
 
 void ConfigCollector::setNeedDelayPushExternOrder(bool needed) {
-    runtime.needDelayPushExternOrder = needed;
+    state->runtime->needDelayPushExternOrder = needed;
 }
 
 bool ConfigCollector::isNeedDelayPushExternOrder() const {
-    return runtime.needDelayPushExternOrder;
+    return state->runtime->needDelayPushExternOrder;
 }
 
 void ConfigCollector::setNeedRemoveExportFile(bool needed) {
-    runtime.needRemoveExportFile = needed;
+    state->runtime->needRemoveExportFile = needed;
 }
 
 bool ConfigCollector::isNeedRemoveExportFile() const {
-    return runtime.needRemoveExportFile;
+    return state->runtime->needRemoveExportFile;
 }
 
 void ConfigCollector::setGadrafClientMode(bool on) {
-    runtime.gadrafClientMode = on;
+    state->runtime->gadrafClientMode = on;
 }
 
 bool ConfigCollector::isGadrafClientMode() const {
-    return runtime.gadrafClientMode;
+    return state->runtime->gadrafClientMode;
 }
 
 void ConfigCollector::setNoNeedCalcAccountDetail() {
-    runtime.needCalcAccountDetail = false;
+    state->runtime->needCalcAccountDetail = false;
 }
 
 bool ConfigCollector::isNeedCalcAccountDetail() const {
-    return runtime.needCalcAccountDetail;
+    return state->runtime->needCalcAccountDetail;
 }
 
 void ConfigCollector::setUseOrderIdFunction(bool use) {
     // (sic) hosts search their logs for this very text
     internal::logInfo(kSetUseOrderIdFunction, "set use order id fuction, isUse: {0}", use);
-    runtime.useOrderIdFunction = use;
+    state->runtime->useOrderIdFunction = use;
 }
 
 bool ConfigCollector::useOrderIdFunction() const {
-    return runtime.useOrderIdFunction;
+    return state->runtime->useOrderIdFunction;
 }
 
 void ConfigCollector::setHKUseCustRate(bool use) {
-    runtime.hkUseCustRate = use;
+    state->runtime->hkUseCustRate = use;
 }
 
 void ConfigCollector::setHKRateType(int rateType) {
-    runtime.hkRateType = rateType;
+    state->runtime->hkRateType = rateType;
 }
 
 int ConfigCollector::getHKUseCustRateType() const {
-    return runtime.hkUseCustRate ? runtime.hkRateType : -1;
+    return state->runtime->hkUseCustRate ? state->runtime->hkRateType : -1;
 }
 
 void ConfigCollector::setHideModel(const std::string& text) {
-    if (text == "1") runtime.hideModel = true;
-    if (text == "0") runtime.hideModel = false;
+    if (text == "1") state->runtime->hideModel = true;
+    if (text == "0") state->runtime->hideModel = false;
 }
 
 bool ConfigCollector::getHideModel() const {
-    return runtime.hideModel;
+    return state->runtime->hideModel;
 }
 
 void ConfigCollector::setLocalDiskPathHash(const std::string& hash) {
-    runtime.localDiskPathHash = hash;
+    state->runtime->localDiskPathHash = hash;
 }
 
 std::string ConfigCollector::getLocalDiskPathHash() const {
-    return runtime.localDiskPathHash;
+    return state->runtime->localDiskPathHash;
 }
 
 void ConfigCollector::setLocalInfoFormat(const std::string& format) {
-    runtime.localInfoFormat = format;
+    state->runtime->localInfoFormat = format;
 }
 
 std::string ConfigCollector::getLocalInfoFormat() const {
-    return runtime.localInfoFormat;
+    return state->runtime->localInfoFormat;
 }
 
 void ConfigCollector::setQeTsConfig(const std::string& config) {
-    runtime.qeTsConfig = config;
+    state->runtime->qeTsConfig = config;
 }
 
 void ConfigCollector::getQeTsConfigStr(std::string& out) const {
-    out = runtime.qeTsConfig;
+    out = state->runtime->qeTsConfig;
 }
 
 }  // namespace ttservice

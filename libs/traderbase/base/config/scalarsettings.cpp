@@ -1,12 +1,14 @@
 // Scalar settings: answers the single values of the settings file and the values given platform by platform.
 // Doors: the operations under "single values", "one value for each platform" and "fixed answers".
-// Owns: the members of the same names.
+// Owns: ScalarState.
 // Covered by tests/config/scalarsettings_test.cpp.
 
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/keys/keyreading.h"
 #include "traderbase/base/config/internal/keys/settingkeys.h"
-#include "traderbase/base/config/internal/platforms/perplatformlist.h"
+#include "traderbase/base/config/internal/platforms/perplatformreading.h"
+#include "traderbase/base/config/internal/states/scalarstate.h"
+#include "traderbase/base/config/internal/states/storestate.h"
 
 namespace ttservice {
 
@@ -15,175 +17,169 @@ namespace {
 using internal::readFlag;
 using internal::readInteger;
 using internal::readText;
-using internal::SettingKey;
 namespace keys = internal::keys;
-
-template <typename Value>
-void readPerPlatform(const utils::Configuration& configuration, const SettingKey& row,
-                     internal::PerPlatformTable<Value>& table) {
-    internal::readPerPlatformList(readText(configuration, row), internal::valueWhenMissing<Value>(row), table);
-}
 
 }  // namespace
 
 // --- readers
 
-void ConfigCollector::readShowMaxCanOrder(const ConfigurationPtr& configuration) {
-    single.showMaxCanOrder = readFlag(*configuration, keys::showMaxCanOrder);
+void internal::readShowMaxCanOrder(const utils::Configuration& configuration, ScalarState& state) {
+    state.showMaxCanOrder = readFlag(configuration, keys::showMaxCanOrder);
 }
 
-void ConfigCollector::readShowNewCompacts(const ConfigurationPtr& configuration) {
-    single.showNewCompacts = readFlag(*configuration, keys::showNewCompacts);
+void internal::readShowNewCompacts(const utils::Configuration& configuration, ScalarState& state) {
+    state.showNewCompacts = readFlag(configuration, keys::showNewCompacts);
 }
 
-void ConfigCollector::readRegistNewRules(const ConfigurationPtr& configuration) {
-    single.registRules = readFlag(*configuration, keys::registRules);
-    single.registIPORules = readFlag(*configuration, keys::registIPORules);
+void internal::readRegistNewRules(const utils::Configuration& configuration, ScalarState& state) {
+    state.registRules = readFlag(configuration, keys::registRules);
+    state.registIPORules = readFlag(configuration, keys::registIPORules);
 }
 
-void ConfigCollector::readNewShangHaiLoanRules(const ConfigurationPtr& configuration) {
-    single.newShangHaiLoanRules = readFlag(*configuration, keys::newShangHaiLoanRules);
+void internal::readNewShangHaiLoanRules(const utils::Configuration& configuration, ScalarState& state) {
+    state.newShangHaiLoanRules = readFlag(configuration, keys::newShangHaiLoanRules);
 }
 
-void ConfigCollector::readNewBondRules(const ConfigurationPtr& configuration) {
-    single.shangHaiNewBondRules = readFlag(*configuration, keys::shangHaiNewBondRules);
-    single.shenZhenNewBondRules = readFlag(*configuration, keys::shenZhenNewBondRules);
+void internal::readNewBondRules(const utils::Configuration& configuration, ScalarState& state) {
+    state.shangHaiNewBondRules = readFlag(configuration, keys::shangHaiNewBondRules);
+    state.shenZhenNewBondRules = readFlag(configuration, keys::shenZhenNewBondRules);
 }
 
-void ConfigCollector::readIsT1ReturnConfig(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::t0ForReturnStock, byPlatform.t0ForReturnStock);
+void internal::readIsT1ReturnConfig(const utils::Configuration& configuration, ScalarState& state) {
+    readPerPlatform(configuration, keys::t0ForReturnStock, state.t0ForReturnStock);
 }
 
-void ConfigCollector::readIsSPXCreditConfig(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::spxCredit, byPlatform.spxCredit);
+void internal::readIsSPXCreditConfig(const utils::Configuration& configuration, ScalarState& state) {
+    readPerPlatform(configuration, keys::spxCredit, state.spxCredit);
 }
 
-void ConfigCollector::readMainAccountcalcCompactsBydealConfig(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::mainAccountCalcCompactsByDeal, byPlatform.mainAccountCalcCompactsByDeal);
+void internal::readMainAccountcalcCompactsBydealConfig(const utils::Configuration& configuration, ScalarState& state) {
+    readPerPlatform(configuration, keys::mainAccountCalcCompactsByDeal, state.mainAccountCalcCompactsByDeal);
 }
 
-void ConfigCollector::readHgtSgtPriceDiff(const ConfigurationPtr& configuration) {
-    single.hgtSgtPriceDiff = readText(*configuration, keys::hgtSgtPriceDiff);
+void internal::readHgtSgtPriceDiff(const utils::Configuration& configuration, ScalarState& state) {
+    state.hgtSgtPriceDiff = readText(configuration, keys::hgtSgtPriceDiff);
 }
 
-void ConfigCollector::readSM3PlatformIDs(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::sm3Platforms, byPlatform.sm3Platforms);
-    byPlatform.sm3Platforms.byDefault = 0;  // this table has no default: what an item without platform says is dropped
+void internal::readSM3PlatformIDs(const utils::Configuration& configuration, ScalarState& state) {
+    readPerPlatform(configuration, keys::sm3Platforms, state.sm3Platforms);
+    state.sm3Platforms.byDefault = 0;  // this table has no default: what an item without platform says is dropped
 }
 
-void ConfigCollector::readGloalRef(const ConfigurationPtr& configuration) {
-    single.globalRef = readFlag(*configuration, keys::globalRef);
+void internal::readGloalRef(const utils::Configuration& configuration, ScalarState& state) {
+    state.globalRef = readFlag(configuration, keys::globalRef);
 }
 
-void ConfigCollector::readRefLimit(const ConfigurationPtr& configuration) {
-    single.refLimit = readInteger(*configuration, keys::refLimit);
+void internal::readRefLimit(const utils::Configuration& configuration, ScalarState& state) {
+    state.refLimit = readInteger(configuration, keys::refLimit);
 }
 
-void ConfigCollector::readRenewalPts(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::renewal, byPlatform.renewal);
+void internal::readRenewalPts(const utils::Configuration& configuration, ScalarState& state) {
+    readPerPlatform(configuration, keys::renewal, state.renewal);
 }
 
-void ConfigCollector::readSplitPageOfStkCompactConfig(const ConfigurationPtr& configuration) {
-    single.splitPageOfStkCompact = readFlag(*configuration, keys::splitPageOfStkCompact);
+void internal::readSplitPageOfStkCompactConfig(const utils::Configuration& configuration, ScalarState& state) {
+    state.splitPageOfStkCompact = readFlag(configuration, keys::splitPageOfStkCompact);
 }
 
-void ConfigCollector::readCounterMaxCompactsRespNum(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::counterMaxCompacts, byPlatform.counterMaxCompacts);
+void internal::readCounterMaxCompactsRespNum(const utils::Configuration& configuration, ScalarState& state) {
+    readPerPlatform(configuration, keys::counterMaxCompacts, state.counterMaxCompacts);
 }
 
-void ConfigCollector::readUseCounterIpwanPos(const ConfigurationPtr& configuration) {
-    readPerPlatform(*configuration, keys::counterIpwanPos, byPlatform.counterIpwanPos);
+void internal::readUseCounterIpwanPos(const utils::Configuration& configuration, ScalarState& state) {
+    readPerPlatform(configuration, keys::counterIpwanPos, state.counterIpwanPos);
 }
 
-void ConfigCollector::readCreditCompactDeferT3(const ConfigurationPtr& configuration) {
-    single.creditCompactDeferT3 = readFlag(*configuration, keys::creditCompactDeferT3);
+void internal::readCreditCompactDeferT3(const utils::Configuration& configuration, ScalarState& state) {
+    state.creditCompactDeferT3 = readFlag(configuration, keys::creditCompactDeferT3);
 }
 
-void ConfigCollector::readFlowHistoryDays(const ConfigurationPtr& configuration) {
-    single.flowHistoryDays = readInteger(*configuration, keys::flowHistoryDays);
+// New single values and values by platform are read here, after everything else, and need no row in loadorder.def.
+void internal::readLastScalars(const utils::Configuration& configuration, ScalarState& state) {
+    state.flowHistoryDays = readInteger(configuration, keys::flowHistoryDays);
 }
 
-void ConfigCollector::readETFOneCodeConfig(const ConfigurationPtr& configuration) {
-    single.etfOneCode = configuration->readInt("setting", "isneeduseetfonecode", 1) == 1;
+void internal::readETFOneCodeConfig(const utils::Configuration& configuration, ScalarState& state) {
+    state.etfOneCode = configuration.readInt(std::string(kMainSection), "isneeduseetfonecode", 1) == 1;
 }
 
 // --- answers: single values
 
 bool ConfigCollector::isShowMaxCanOrder() const {
-    return single.showMaxCanOrder;
+    return state->scalars->showMaxCanOrder;
 }
 
 bool ConfigCollector::showNewCompacts() const {
-    return single.showNewCompacts;
+    return state->scalars->showNewCompacts;
 }
 
 bool ConfigCollector::useRegistRules() const {
-    return single.registRules;
+    return state->scalars->registRules;
 }
 
 bool ConfigCollector::useRegistIPORules() const {
-    return single.registIPORules;
+    return state->scalars->registIPORules;
 }
 
 bool ConfigCollector::useGlobalRef() const {
-    return single.globalRef;
+    return state->scalars->globalRef;
 }
 
 bool ConfigCollector::useSplitPageOfStkCompact() const {
-    return single.splitPageOfStkCompact;
+    return state->scalars->splitPageOfStkCompact;
 }
 
 bool ConfigCollector::isCreditCompactDeferT3() const {
-    return single.creditCompactDeferT3;
+    return state->scalars->creditCompactDeferT3;
 }
 
 bool ConfigCollector::useNewBondRules(const std::string& market) const {
-    if (market == "SH") return single.shangHaiNewBondRules;
-    if (market == "SZ") return single.shenZhenNewBondRules;
+    if (market == "SH") return state->scalars->shangHaiNewBondRules;
+    if (market == "SZ") return state->scalars->shenZhenNewBondRules;
     return false;
 }
 
 // Not newShangHaiLoanRules: clients rely on the bond rules answering here.
 bool ConfigCollector::useNewShangHaiLoanRules() const {
-    return single.shangHaiNewBondRules;
+    return state->scalars->shangHaiNewBondRules;
 }
 
 int ConfigCollector::getRefLimit() const {
-    return single.refLimit;
+    return state->scalars->refLimit;
 }
 
 int ConfigCollector::getFlowHistoryDays() const {
-    return single.flowHistoryDays;
+    return state->scalars->flowHistoryDays;
 }
 
 std::string ConfigCollector::getHgtSgtPriceDiff() const {
-    return single.hgtSgtPriceDiff;
+    return state->scalars->hgtSgtPriceDiff;
 }
 
 // --- answers: one value for each platform
 
 bool ConfigCollector::isT0ForReturnStockPts(int platformId) const {
-    return byPlatform.t0ForReturnStock.at(platformId);
+    return state->scalars->t0ForReturnStock.at(platformId);
 }
 
 bool ConfigCollector::isSPXCreditStockPts(int platformId) const {
-    return byPlatform.spxCredit.at(platformId);
+    return state->scalars->spxCredit.at(platformId);
 }
 
 bool ConfigCollector::isMainAccountcalcCompactsBydealPts(int platformId) const {
-    return byPlatform.mainAccountCalcCompactsByDeal.at(platformId);
+    return state->scalars->mainAccountCalcCompactsByDeal.at(platformId);
 }
 
 int ConfigCollector::getRenewalPts(int platformId) const {
-    return byPlatform.renewal.at(platformId);
+    return state->scalars->renewal.at(platformId);
 }
 
 int ConfigCollector::getCounterMaxCompactsRespNum(int platformId) const {
-    return byPlatform.counterMaxCompacts.at(platformId);
+    return state->scalars->counterMaxCompacts.at(platformId);
 }
 
 bool ConfigCollector::useCounterIpwanPos(int platformId) const {
-    return byPlatform.counterIpwanPos.at(platformId) != 0;
+    return state->scalars->counterIpwanPos.at(platformId) != 0;
 }
 
 // --- fixed answers: operations of the interface that no setting changes
@@ -197,11 +193,11 @@ bool ConfigCollector::isCrtFundTransferUseCreditDetail(int /*platformId*/) const
 }
 
 bool ConfigCollector::isNeedUseETFOneCode() const {
-    return single.etfOneCode;
+    return state->scalars->etfOneCode;
 }
 
 std::string ConfigCollector::getQuoterAdress() const {
-    return single.quoterAddress;
+    return state->scalars->quoterAddress;
 }
 
 }  // namespace ttservice

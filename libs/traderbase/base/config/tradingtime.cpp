@@ -1,6 +1,6 @@
 // Market trading time: answers when each market trades.
 // Doors: initMarketTradingTime, getTradingTime, getSecondFromGMT.
-// Owns: tradingTimes.
+// Owns: TradingTimeState.
 // Covered by tests/config/tradingtime_test.cpp.
 
 #include "luaconfig/luaconfig.h"
@@ -8,6 +8,8 @@
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/scripts/markettimescript.h"
 #include "traderbase/base/config/internal/scripts/tradingsessions.h"
+#include "traderbase/base/config/internal/states/tradingtimestate.h"
+#include "traderbase/base/config/internal/states/storestate.h"
 
 namespace ttservice {
 
@@ -25,18 +27,27 @@ void ConfigCollector::initMarketTradingTime(const std::string& scriptPath) {
 
 void ConfigCollector::initMarketTradingTime(const std::map<std::string, std::string>& sessionTexts) {
     if (sessionTexts.empty()) return;
-    tradingTimes = internal::buildTradingSessions(sessionTexts);
+    state->tradingTimes->sessions = internal::buildTradingSessions(sessionTexts);
 }
 
 std::vector<std::pair<int, int>> ConfigCollector::getTradingTime(const std::string& market) const {
-    const auto found = tradingTimes.find(market);
-    return found == tradingTimes.end() ? std::vector<std::pair<int, int>>() : found->second;
+    const auto& sessions = state->tradingTimes->sessions;
+    const auto found = sessions.find(market);
+    return found == sessions.end() ? std::vector<std::pair<int, int>>() : found->second;
 }
 
 int ConfigCollector::getSecondFromGMT(int t) {
     constexpr int kSecondsOfDay = 86400;
     constexpr int kEightHours = 28800;
     return t % kSecondsOfDay + kEightHours;
+}
+
+int ConfigCollector::getRealNumber(int secondOfDay) {
+    return internal::secondOfTradingDay(secondOfDay);
+}
+
+int ConfigCollector::getSerialNumber(int clockTime) {
+    return internal::secondOfTradingDay(internal::secondOfClockTime(clockTime));
 }
 
 }  // namespace ttservice

@@ -45,6 +45,9 @@ enum class ValueGrammar {
     TagAndTimes,            // a text, ":" and texts separated by ","
 };
 
+// The section of the single keys; every one of its keys is in the switch table as well.
+inline constexpr std::string_view kMainSection = "setting";
+
 struct SettingKey {
     std::string_view section;
     std::string_view key;

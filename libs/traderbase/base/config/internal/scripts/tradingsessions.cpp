@@ -1,5 +1,5 @@
 // Session building: from a market's clock times and status codes to its trading sessions.
-// Doors: buildTradingSessions(), sessionStatus(), secondOfClockTime().
+// Doors: buildTradingSessions(), sessionStatus(), secondOfClockTime(), secondOfTradingDay().
 // Owns: nothing.
 // Covered by tests/config/internal/tradingsessions_test.cpp.
 
@@ -47,19 +47,13 @@ Points readPoints(const std::string& text) {
     return points;
 }
 
-// For the log alone: evening times as negative seconds of the next trading day, so that they stand before the morning.
-int shiftedSecond(int clockTime) {
-    const int second = secondOfClockTime(clockTime);
-    return second >= kNightTradingStart ? second - kSecondsOfDay : second;
-}
-
 void logPoints(const std::string& market, const Points& points) {
     if (points.named.size() < 2) return;
     writeIfPossible([&] {
         if (!debugWanted(kTradingTimeChannel)) return;
         std::vector<std::pair<int, int>> shifted;
         for (const int clockTime : points.named)
-            shifted.emplace_back(shiftedSecond(clockTime), points.statusAt.at(clockTime));
+            shifted.emplace_back(secondOfTradingDay(secondOfClockTime(clockTime)), points.statusAt.at(clockTime));
         std::stable_sort(shifted.begin(), shifted.end(),
                          [](const auto& a, const auto& b) { return a.first < b.first; });
         logDebug(kTradingTimeChannel, "points market {0}", market);
@@ -103,6 +97,10 @@ int sessionStatus(const bson::BSONElement& value) {
 
 int secondOfClockTime(int clockTime) {
     return clockTime / 10000 * 3600 + clockTime % 10000 / 100 * 60 + clockTime % 100;
+}
+
+int secondOfTradingDay(int secondOfDay) {
+    return secondOfDay >= kNightTradingStart ? secondOfDay - kSecondsOfDay : secondOfDay;
 }
 
 std::map<std::string, TradingSessions> buildTradingSessions(const std::map<std::string, std::string>& sessionTexts) {

@@ -33,4 +33,8 @@ int sessionStatus(const mongo::BSONElement& value);
 // Seconds since midnight of a clock time written HHMMSS: 93000 is 34200.
 int secondOfClockTime(int clockTime);
 
+// A second of the day as one of the trading day: from 20:30:00 on it belongs to the next one and is negative, so that
+// the night session stands before the morning.
+int secondOfTradingDay(int secondOfDay);
+
 }  // namespace ttservice::internal

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace ttservice::internal {
+
+struct AlgorithmTypeState {
+    std::set<std::string> types;
+    std::set<std::string> buySellHideTypes;
+    std::vector<std::pair<std::string, std::string>> t0Strategies;
+    std::vector<std::string> notQueryAlgoPermKeys;  // answered by nothing; the switch of that name is
+};
+
+}  // namespace ttservice::internal
