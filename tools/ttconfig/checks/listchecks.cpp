@@ -1,6 +1,5 @@
 // List checks: answers what is wrong with the names in a list, whatever they name.
 // Doors: those of the header.
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include "ttconfig/checks/listchecks.h"

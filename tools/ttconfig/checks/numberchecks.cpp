@@ -1,6 +1,5 @@
 // Number checks: answers what is wrong with the numbers in pieces of a value.
 // Doors: those of the header.
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include "ttconfig/checks/numberchecks.h"

@@ -1,6 +1,5 @@
 // Single value checks: answers what is wrong with a value for the whole client, a fee or a ratio.
 // Doors: checkSingleValue(), checkDecimalRow().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>

@@ -1,7 +1,7 @@
 // The diff subcommand: shows which answers two settings files do not share.
 // Doors: runDiff().
 // Owns: nothing; what differs is found by differences.h.
-// Covered by tests/tools/ttconfig/answers_test.cpp.
+// Covered by tests/tools/ttconfig/expectations/answers_test.cpp.
 
 #include "ttconfig/differences/diff.h"
 

@@ -1,6 +1,5 @@
 // Changes by platform: answers what differs for each platform, one platform after the other.
 // Doors: tellPlatformChanges().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include <algorithm>

@@ -1,7 +1,6 @@
 // Edits of rows of fields: answers which fields of a row have to change.
 // Doors: wantedFields().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/whynot_test.cpp and whynotpairs_test.cpp.
+// Covered by tests/tools/ttconfig/explaining/whynot_test.cpp and whynotpairs_test.cpp.
 
 #include "ttconfig/edits/fieldedits.h"
 

@@ -1,7 +1,6 @@
 // Field texts: answers how a field has to read for it to say a certain value.
 // Doors: says(), writtenLike(), differingBytes(), kindOf().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/whynot_test.cpp and whynotpairs_test.cpp.
+// Covered by tests/tools/ttconfig/explaining/whynot_test.cpp and whynotpairs_test.cpp.
 
 #include "ttconfig/edits/fieldtexts.h"
 

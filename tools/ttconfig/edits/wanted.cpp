@@ -1,7 +1,6 @@
 // Wanted answers: answers whether an answer is the one that somebody expected.
 // Doors: Wanted, withoutRecordNumbers().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/whynot_test.cpp.
+// Covered by tests/tools/ttconfig/explaining/whynot_test.cpp.
 
 #include "ttconfig/edits/wanted.h"
 

@@ -1,7 +1,7 @@
 // Platforms: shows in what a platform is unlike one that the settings do not name.
 // Doors: runPlatform().
 // Owns: nothing; what is special is what would change for the platform if it were named.
-// Covered by tests/tools/ttconfig/answers_test.cpp.
+// Covered by tests/tools/ttconfig/expectations/answers_test.cpp.
 
 #include "ttconfig/listings/platforms.h"
 

@@ -1,7 +1,7 @@
 // The summary: shows what was loaded and what follows from it.
 // Doors: runSummary().
 // Owns: the questions that are asked for a first impression.
-// Covered by tests/tools/ttconfig/summary_test.cpp.
+// Covered by tests/tools/ttconfig/listings/summary_test.cpp.
 
 #include "ttconfig/listings/summary.h"
 

@@ -1,7 +1,6 @@
 // Reasons of what no settings file decides: what the client sets, what never changes, and the market-time script.
 // Doors: addClientReasons().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Covered by tests/tools/ttconfig/reasons/explainer_test.cpp and explainedanswers_test.cpp.
 
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/scripts/markettimescript.h"

@@ -1,7 +1,7 @@
 // The explainer: answers why the library answers what it answers.
 // Doors: Explainer, explainedCalls().
 // Owns: the table of what can be explained.
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Covered by tests/tools/ttconfig/reasons/explainer_test.cpp and explainedanswers_test.cpp.
 
 #include "ttconfig/reasons/explainer.h"
 

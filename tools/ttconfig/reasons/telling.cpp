@@ -1,7 +1,6 @@
 // Telling: answers how what explanations speak of is called.
 // Doors: those of the header.
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/explainer_test.cpp.
+// Covered by tests/tools/ttconfig/reasons/explainer_test.cpp.
 
 #include "ttconfig/reasons/telling.h"
 

@@ -1,7 +1,7 @@
 // Trade units: how an instrument is counted and in which steps it is ordered.
 // Doors: isBuyOpt, getStockUnit, getStockTradeUnit, getTradeMinUnit, getUiMinUnit; the rules stand in internal/.
 // Owns: nothing; hands the store's switches to the rules that want them.
-// Covered by tests/config/tradeunit*_test.cpp and isbuyopt_test.cpp.
+// Covered by tests/config/tradeunit/.
 
 #include "traderbase/base/config/tradeunit.h"
 

@@ -1,7 +1,7 @@
 // Limit categories: answers by which category word a limit table knows an instrument, and which rule says so.
 // Doors: orderLimitCategory(), blockTrade...Category(), ...RateCategory().
 // Owns: the rules and their order, one function a table; they differ from table to table, and that is meant.
-// Covered by tests/config/internal/limitcategories_test.cpp.
+// Covered by tests/config/internal/limits/limitcategories_test.cpp.
 
 #include "traderbase/base/config/internal/limits/limitcategories.h"
 

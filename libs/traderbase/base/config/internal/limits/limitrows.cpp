@@ -1,7 +1,7 @@
 // Limit rows: answers how the keys and values of the limit sections fall apart, and what is wrong with one.
 // Doors: limitItem(), tableKey(), forEachLimitItem(), fieldCount(), examineLimitKey(), examineLimitValue().
 // Owns: the shapes of the rows.
-// Covered by tests/config/internal/limitrows_test.cpp.
+// Covered by tests/config/internal/limits/limitrows_test.cpp.
 
 #include "traderbase/base/config/internal/limits/limitrows.h"
 

@@ -1,6 +1,6 @@
 // Limit tables: answers how the value of a row falls into its fields.
 // Doors: splitLimitFields(); tables, questions and the walk are in the header.
-// Covered by tests/config/internal/limittables_test.cpp.
+// Covered by tests/config/internal/limits/limittables_test.cpp.
 
 #include "traderbase/base/config/internal/limits/limittables.h"
 

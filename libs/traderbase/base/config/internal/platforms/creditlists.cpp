@@ -1,7 +1,6 @@
 // Credit lists: answers how the concentration and collateral-sale lists fall apart.
 // Doors: concentrationEntry(), collateralSaleEntry() and their loops in the header.
-// Owns: nothing.
-// Covered by tests/config/internal/creditlists_test.cpp.
+// Covered by tests/config/internal/platforms/creditlists_test.cpp.
 
 #include "traderbase/base/config/internal/platforms/creditlists.h"
 

@@ -1,7 +1,6 @@
 // Platform lists: answers which platform IDs a switch lists.
 // Doors: readPlatformList(), sortedKeys(), readSwitchLists(); in the header, piece by piece, forEachPlatformPiece().
-// Owns: nothing.
-// Covered by tests/config/internal/grammars_test.cpp.
+// Covered by tests/config/internal/keys/grammars_test.cpp.
 
 #include "traderbase/base/config/internal/platforms/platformlist.h"
 

@@ -1,6 +1,5 @@
 // From a vendor's text to its record.
 // Doors: algorithmRecord().
-// Owns: nothing.
 // Covered by tests/config/algorithmparamconfig_test.cpp.
 
 #include "traderbase/base/config/internal/scripts/algorithmrecord.h"

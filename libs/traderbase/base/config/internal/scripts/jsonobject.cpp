@@ -1,7 +1,6 @@
 // The door to the JSON parser: looks every text over before the parser gets it.
 // Doors: parseJson(), readJsonObject(), preparedJson().
-// Owns: nothing.
-// Covered by tests/config/internal/jsonobject_test.cpp.
+// Covered by tests/config/internal/scripts/jsonobject_test.cpp.
 
 #include "traderbase/base/config/internal/scripts/jsonobject.h"
 

@@ -1,6 +1,5 @@
 // The questions put to a market-time script.
 // Doors: readMarketTimes().
-// Owns: nothing.
 // Covered by tests/config/tradingtime_test.cpp and algorithmparamconfig_test.cpp.
 
 #include "traderbase/base/config/internal/scripts/markettimescript.h"

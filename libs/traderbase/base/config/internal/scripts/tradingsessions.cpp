@@ -1,7 +1,6 @@
 // Session building: from a market's clock times and status codes to its trading sessions.
 // Doors: buildTradingSessions(), sessionStatus(), secondOfClockTime(), secondOfTradingDay().
-// Owns: nothing.
-// Covered by tests/config/internal/tradingsessions_test.cpp.
+// Covered by tests/config/internal/scripts/tradingsessions_test.cpp.
 
 #include "traderbase/base/config/internal/scripts/tradingsessions.h"
 

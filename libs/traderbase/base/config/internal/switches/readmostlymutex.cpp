@@ -1,7 +1,6 @@
 // The reader/writer mutex of the switch table: how a writer gets alone.
 // Doors: ReadMostlyMutex::Writer; the readers' way is in the header.
-// Owns: nothing.
-// Covered by tests/config/internal/readmostlymutex_test.cpp.
+// Covered by tests/config/internal/switches/readmostlymutex_test.cpp.
 
 #include "traderbase/base/config/internal/switches/readmostlymutex.h"
 

@@ -1,7 +1,6 @@
 // Bad values: tells the world that a piece of a settings value was passed over.
 // Doors: reportBadValue(), reportBadValues().
-// Owns: nothing.
-// Covered by tests/config/internal/grammars_test.cpp.
+// Covered by tests/config/internal/keys/grammars_test.cpp.
 
 #include "traderbase/base/config/internal/text/badvalue.h"
 

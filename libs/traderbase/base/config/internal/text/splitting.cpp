@@ -1,7 +1,6 @@
 // Splitting: answers which pieces a settings value has.
 // Doors: pieces(); the streaming splitters are templates in the header.
-// Owns: nothing.
-// Covered by tests/config/internal/splitting_test.cpp.
+// Covered by tests/config/internal/text/splitting_test.cpp.
 
 #include "traderbase/base/config/internal/text/splitting.h"
 

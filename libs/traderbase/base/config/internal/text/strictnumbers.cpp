@@ -1,7 +1,6 @@
 // Numbers: answers what number a settings text is, strictly or as the C library reads it.
 // Doors: leadingInt(), strictInt(), strictBool(), strictDouble(), looseInt(), looseLong(), looseDouble().
-// Owns: nothing.
-// Covered by tests/config/internal/strictnumbers_test.cpp.
+// Covered by tests/config/internal/text/strictnumbers_test.cpp.
 
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 

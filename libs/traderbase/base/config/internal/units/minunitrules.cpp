@@ -1,7 +1,7 @@
 // The rules of the minimum unit of an operation.
 // Doors: tradeMinUnit().
 // Owns: nothing; the rules and their order. What each number stands for is said in tradeunitrules.def.
-// Covered by tests/config/tradeunitmin_test.cpp.
+// Covered by tests/config/tradeunit/tradeunitmin_test.cpp.
 
 #include <ttplatform/instruments.h>
 

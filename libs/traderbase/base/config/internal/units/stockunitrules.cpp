@@ -1,7 +1,7 @@
 // The rules of the unit word and of the exchange's trading unit.
 // Doors: stockUnit(), stockTradeUnit().
 // Owns: nothing; the rules and their order. What each number stands for is said in tradeunitrules.def.
-// Covered by tests/config/tradeunitword_test.cpp and tradeunitexchange_test.cpp.
+// Covered by tests/config/tradeunit/tradeunitword_test.cpp and tradeunitexchange_test.cpp.
 
 #include <ttplatform/instruments.h>
 #include <ttplatform/stocktypecenter.h>

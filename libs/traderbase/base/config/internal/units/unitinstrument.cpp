@@ -1,7 +1,6 @@
 // The instrument that a unit is asked for: the questions that several unit rules put to the platform.
 // Doors: UnitInstrument, isStepSet().
-// Owns: nothing.
-// Covered by tests/config/tradeunit*_test.cpp.
+// Covered by tests/config/tradeunit/.
 
 #include "traderbase/base/config/internal/units/unitinstrument.h"
 
