@@ -60,28 +60,6 @@ const ContractCatalogue& SettingsContext::contracts() {
     return *catalogue;
 }
 
-const LimitWinners& SettingsContext::winnersOf(std::string_view section) {
-    const bool isOrderLimit =
-        section == keys::connectShanghaiOrderLimits.section || section == keys::connectShenzhenOrderLimits.section;
-    if (isOrderLimit) section = keys::orderLimits.section;
-    const auto known = winners.find(section);
-    if (known != winners.end()) return known->second;
-    std::vector<LimitWinners::Section> sections;
-    if (section == keys::orderLimits.section) {
-        // One table, filled in this order.
-        for (const SettingKey* row :
-             {&keys::orderLimits, &keys::connectShanghaiOrderLimits, &keys::connectShenzhenOrderLimits}) {
-            sections.push_back({row->section, kOrderLimitRow.size()});
-        }
-    } else if (section == keys::blockTradeLimits.section) {
-        sections.push_back({section, kBlockTradeLimitRow.size()});
-    } else {
-        const bool isStock = section == keys::stockRates.section;
-        sections.push_back({section, isStock ? kStockRateRow.size() : kConnectRateRow.size()});
-    }
-    return winners.emplace(section, LimitWinners(text, sections)).first->second;
-}
-
 const SettingsEntry* SettingsContext::fundsOf(int id) {
     if (!funds) {
         funds.emplace();

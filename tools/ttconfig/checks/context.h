@@ -15,9 +15,9 @@
 #include "traderbase/base/config/internal/products/contractcatalogue.h"
 #include "ttconfig/advice/marketnames.h"
 #include "ttconfig/advice/names.h"
-#include "ttconfig/checks/limitwinners.h"
 #include "ttconfig/checks/uppercaserows.h"
 #include "ttconfig/settings/place.h"
+#include "ttconfig/tables/limittable.h"
 
 namespace ttconfig {
 
@@ -44,8 +44,10 @@ public:
     bool mentionsPlatform(int id);
     // The products that the file has a record for.
     const ttservice::internal::ContractCatalogue& contracts();
-    // The rows of the table that the section belongs to.
-    const LimitWinners& winnersOf(std::string_view section);
+    // The rows of the table that count.
+    const LimitWinners& winnersOf(const LimitTableSpec& table) {
+        return winners.try_emplace(&table, text, table).first->second;
+    }
     // The row of the funds that counts for the platform.
     const standin::SettingsEntry* fundsOf(int id);
 
@@ -64,7 +66,7 @@ private:
 
     std::optional<std::set<int>> platforms;
     std::optional<ttservice::internal::ContractCatalogue> catalogue;
-    std::map<std::string_view, LimitWinners> winners;
+    std::map<const LimitTableSpec*, LimitWinners> winners;
     std::optional<std::map<int, const standin::SettingsEntry*>> funds;
 };
 

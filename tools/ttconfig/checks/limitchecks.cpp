@@ -1,12 +1,12 @@
 // Limit checks: answers what is wrong with a row of the limit sections.
 // Doors: checkLimitRow(), checkFixedIncome().
-// Owns: which section has which table.
-// Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
+// Test: tests/tools/ttconfig/findings/checkrules_test.cpp
 
 #include <fmt/format.h>
 #include <ttplatform/text.h>
 
-#include "traderbase/base/config/internal/limits/limitrows.h"
+#include <algorithm>
+
 #include "traderbase/base/config/internal/text/digits.h"
 #include "traderbase/base/config/internal/words/markets.h"
 #include "ttconfig/advice/advice.h"
@@ -22,11 +22,10 @@ namespace {
 
 using namespace ttservice::internal;
 
-LimitTopic topicOf(const SettingKey& row) {
-    if (row.grammar == ValueGrammar::OrderLimitRow) return LimitTopic::OrderLimits;
-    if (row.grammar == ValueGrammar::BlockTradeLimitRow) return LimitTopic::BlockTrades;
-    if (row.grammar == ValueGrammar::StockRateRow) return LimitTopic::StockRates;
-    return isRow(row, keys::connectShanghaiRates) ? LimitTopic::ShanghaiConnectRates : LimitTopic::ShenzhenConnectRates;
+// Of several questions the one that knows most categories.
+const LimitQuestionSpec& questionOf(const LimitTableSpec& table) {
+    return **std::find_if(std::begin(kLimitQuestions), std::end(kLimitQuestions),
+                          [&table](const LimitQuestionSpec* question) { return question->table == &table; });
 }
 
 bool isLetter(char c) {
@@ -36,8 +35,8 @@ bool isLetter(char c) {
 // One item of the key, with its market and item in upper case.
 class ItemCheck {
 public:
-    ItemCheck(EntryRemarks& target, SettingsContext& all, const SettingKey& row, LimitTopic table)
-        : remarks(target), context(all), key(row), topic(table) {}
+    ItemCheck(EntryRemarks& target, SettingsContext& all, const LimitTableSpec& table)
+        : remarks(target), context(all), question(questionOf(table)) {}
 
     void check(const LimitItem& item) {
         if (!item.hasDash) return sayNoDash(item);
@@ -68,11 +67,8 @@ private:
                        orWrite(withSigns(item.text, ";|", ','), "items are separated by \",\"");
             });
         } else {
-            remarks.say(RuleId::UnreachableRow, item.text, [&] {
-                return fmt::format(
-                    "no question reaches {} here: nothing stands for several codes or markets; write a "
-                    "row for each, or the category",
-                    shownText(item.text));
+            sayUnreachable(item, [] {
+                return "nothing stands for several codes or markets; write a row for each, or the category";
             });
         }
         return true;
@@ -85,6 +81,12 @@ private:
             const std::string_view meant = isPlain(withoutBlanks(ascii)) ? withoutBlanks(ascii) : std::string_view();
             return "is found by no question" + orWrite(meant, "write it without");
         });
+    }
+
+    template <typename Why>
+    void sayUnreachable(const LimitItem& item, Why&& why) {
+        remarks.say(RuleId::UnreachableRow, item.text,
+                    [&] { return fmt::format("no question reaches {} here: {}", shownText(item.text), why()); });
     }
 
     void sayNoDash(const LimitItem& item) {
@@ -103,10 +105,9 @@ private:
     bool checkMarket(const LimitItem& item, const std::string& market) {
         if (context.markets.knows(market)) return false;
         if (!std::any_of(market.begin(), market.end(), isLetter) && isNamedMarket(item.item)) {
-            remarks.say(RuleId::UnreachableRow, item.text, [&] {
-                return fmt::format("no question reaches {} here: the market stands in front of the \"-\"{}",
-                                   shownText(item.text),
-                                   orWrite(fmt::format("{}-{}", item.item, item.market), "write it there"));
+            sayUnreachable(item, [&] {
+                return "the market stands in front of the \"-\"" +
+                       orWrite(fmt::format("{}-{}", item.item, item.market), "write it there");
             });
         } else if (context.unknownMarkets.insert(market).second) {
             remarks.say(RuleId::UnknownMarket, item.market, [&] {
@@ -119,7 +120,7 @@ private:
 
     bool checkOverwritten(const LimitItem& item) {
         const Place here = remarks.placeOf(item.text);
-        const Place winner = context.winnersOf(key.section).winner(item);
+        const Place winner = context.winnersOf(*question.table).winner(item);
         if (winner == here) return false;
         const bool isSameRow = winner.line == here.line;
         remarks.say(isSameRow ? RuleId::RepeatedInList : RuleId::RowOverwritten, item.text,
@@ -131,9 +132,9 @@ private:
     }
 
     bool checkReach(const LimitItem& item, const std::string& market, const std::string& name) {
-        if (isOfOtherConnect(topic, market)) {
+        if (isOfOtherConnect(question, market)) {
             const SettingKey& other =
-                topic == LimitTopic::ShanghaiConnectRates ? keys::connectShenzhenRates : keys::connectShanghaiRates;
+                &question == &kShanghaiConnectRateQuestion ? keys::connectShenzhenRates : keys::connectShanghaiRates;
             remarks.say(
                 RuleId::WrongConnect, item.text,
                 fmt::format("{} is of the other connect, whose rates are looked for in [{}]; move the row there",
@@ -141,7 +142,7 @@ private:
             return true;
         }
         const bool isOdd = isOddWord(market, name);
-        const std::string why = isOdd ? std::string() : whyUnreachable(topic, market, name);
+        const std::string why = isOdd ? std::string() : whyUnreachable(question, market, name);
         if (isOdd) {
             remarks.say(RuleId::UnknownCategory, item.item, [&] {
                 const std::string_view meant = categoryMeant(name);
@@ -150,14 +151,12 @@ private:
                                    meant.empty() ? "" : "?");
             });
         } else if (!why.empty()) {
-            remarks.say(RuleId::UnreachableRow, item.text,
-                        [&] { return fmt::format("no question reaches {} here: {}", shownText(item.text), why); });
+            sayUnreachable(item, [&] { return why; });
         } else if (name.empty() || market.empty()) {
-            remarks.say(RuleId::UnreachableRow, item.text, [&] {
-                return fmt::format("no question reaches {} here: there is nothing {} the \"-\"", shownText(item.text),
-                                   name.empty() ? "behind" : "in front of");
+            sayUnreachable(item, [&] {
+                return fmt::format("there is nothing {} the \"-\"", name.empty() ? "behind" : "in front of");
             });
-        } else if (isOddForFutures(topic, market, name)) {
+        } else if (isOddForFutures(question, market, name)) {
             remarks.say(RuleId::OddForFutures, item.text, [&] {
                 return fmt::format("instruments of {} go by DEF, unless the platform gives them another type; write {}",
                                    market, shownText(market + "-DEF"));
@@ -187,8 +186,7 @@ private:
 
     EntryRemarks& remarks;
     SettingsContext& context;
-    const SettingKey& key;
-    const LimitTopic topic;
+    const LimitQuestionSpec& question;
     std::string_view marketBefore;  // of the item before
 };
 
@@ -196,14 +194,15 @@ private:
 
 void checkLimitRow(EntryRemarks& remarks, SettingsContext& context, const SettingKey& row) {
     remarks.lookForComment(Semicolons::Comment);
-    if (!checkLimitFields(remarks, fieldShapeOf(row), rangeOf(row))) return;
-    ItemCheck items(remarks, context, row, topicOf(row));
+    const LimitTableSpec& table = *limitTableOf(row.section);
+    if (!checkLimitFields(remarks, fieldShapeOf(table), rangeOf(row))) return;
+    ItemCheck items(remarks, context, table);
     forEachLimitItem(remarks.entry().key, [&items](const LimitItem& item) { items.check(item); });
 }
 
 void checkFixedIncome(EntryRemarks& remarks, const SettingKey& row) {
     remarks.lookForComment(Semicolons::Comment);
-    if (!remarks.value().empty()) checkLimitFields(remarks, fieldShapeOf(row), rangeOf(row));
+    if (!remarks.value().empty()) checkLimitFields(remarks, kFixedIncomeShape, rangeOf(row));
 }
 
 }  // namespace ttconfig

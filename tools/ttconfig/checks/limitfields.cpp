@@ -1,7 +1,6 @@
 // Limit fields: answers what is wrong with the fields of a row of the limit sections.
-// Doors: fieldShapeOf(), checkLimitFields().
-// Owns: what the fields of a row are, in words.
-// Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
+// Doors: checkLimitFields().
+// Test: tests/tools/ttconfig/findings/checkrules_test.cpp
 
 #include "ttconfig/checks/limitfields.h"
 
@@ -34,16 +33,20 @@ bool isDigitsAlone(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
+// What the field is as a whole, where it is a number.
+std::optional<double> numberOf(std::string_view field, LimitField kind) {
+    if (kind == LimitField::Decimal) return strictDouble(field);
+    const auto number = strictInt(field);
+    return number ? std::optional<double>(*number) : std::nullopt;
+}
+
 // Whether every field of the value is what the shape has there.
 bool fitsShape(std::string_view value, const FieldShape& shape) {
     if (fieldCount(value) != shape.count) return false;
     const LimitField* kind = shape.fields;
     bool fits = true;
     splitKeepEmpty(value, ',', [&](std::string_view field) {
-        const bool isGood = *kind == LimitField::Text      ? isUsualUnit(field)
-                            : *kind == LimitField::Integer ? strictInt(field).has_value()
-                                                           : strictDouble(field).has_value();
-        fits = fits && isGood;
+        fits = fits && (*kind == LimitField::Text ? isUsualUnit(field) : numberOf(field, *kind).has_value());
         ++kind;
     });
     return fits;
@@ -131,29 +134,7 @@ bool isTurnedRound(EntryRemarks& remarks, const FieldShape& shape) {
     return true;
 }
 
-// What the field is as a whole, where it is a number.
-std::optional<double> numberOf(std::string_view field, LimitField kind) {
-    if (kind == LimitField::Decimal) return strictDouble(field);
-    const auto number = strictInt(field);
-    return number ? std::optional<double>(*number) : std::nullopt;
-}
-
 }  // namespace
-
-FieldShape fieldShapeOf(const SettingKey& row) {
-    switch (row.grammar) {
-        case ValueGrammar::OrderLimitRow:
-            return {kOrderLimitRow.data(), kOrderLimitRow.size(), "quantity,unit"};
-        case ValueGrammar::BlockTradeLimitRow:
-            return {kBlockTradeLimitRow.data(), kBlockTradeLimitRow.size(), "quantity,unit,amount"};
-        case ValueGrammar::StockRateRow:
-            return {kStockRateRow.data(), kStockRateRow.size(), "six decimals and a whole number"};
-        case ValueGrammar::ConnectRateRow:
-            return {kConnectRateRow.data(), kConnectRateRow.size(), "fourteen decimals"};
-        default:
-            return {kFixedIncomeRow.data(), kFixedIncomeRow.size(), "a decimal and six whole numbers"};
-    }
-}
 
 bool checkLimitFields(EntryRemarks& remarks, const FieldShape& shape, const ValueRange* range) {
     if (fieldCount(remarks.value()) != shape.count) {

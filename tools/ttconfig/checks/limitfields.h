@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "traderbase/base/config/internal/limits/limitrows.h"
+#include "traderbase/base/config/internal/limits/limittables.h"
 #include "ttconfig/checks/remarks.h"
 #include "ttconfig/checks/valueranges.h"
 
@@ -16,8 +16,13 @@ struct FieldShape {
     std::string_view inWords;  // such as "quantity,unit"
 };
 
-// The shape of the rows that the key stands for: those of a limit or rate section, or of the fixed-income platform.
-FieldShape fieldShapeOf(const ttservice::internal::SettingKey& row);
+// The shape of the rows of a limit or rate table, and of those of the fixed-income platform.
+inline FieldShape fieldShapeOf(const ttservice::internal::LimitTableSpec& table) {
+    return {table.shape, table.fieldCount, table.words};
+}
+inline constexpr FieldShape kFixedIncomeShape{ttservice::internal::kFixedIncomeRow.data(),
+                                              ttservice::internal::kFixedIncomeRow.size(),
+                                              "a decimal and six whole numbers"};
 
 // The fields of a value. Answers whether the row is stored at all; if not, it has said so.
 bool checkLimitFields(EntryRemarks& remarks, const FieldShape& shape, const ValueRange* range);

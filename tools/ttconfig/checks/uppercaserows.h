@@ -2,52 +2,36 @@
 
 #include <standin/settingstext.h>
 
-#include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
-#include "ttconfig/text/uppercase.h"
+#include "ttconfig/text/uppercaseindex.h"
 
 namespace ttconfig {
 
-// The rows of a section by their keys, letter case aside: four bytes a place, as there may be a hundred thousand.
+// The rows of a section by their keys, letter case aside.
 class UpperCaseRows {
 public:
     // A section that is not there has no rows to enter.
-    explicit UpperCaseRows(const standin::SettingsSection* ofSection)
-        : rows(ofSection == nullptr ? nullptr : ofSection->entries.data()) {}
+    explicit UpperCaseRows(const standin::SettingsSection* section)
+        : rows{section == nullptr ? nullptr : section->entries.data()}, first(rows) {}
 
     // Enters a row of the section, unless there is one with its key. Answers the earlier one, null when there is none.
     const standin::SettingsEntry* enter(const standin::SettingsEntry& row) {
-        if (count * 3 >= places.size() * 2) grow();
-        std::uint32_t& place = placeOf(row.key);
-        if (place != 0) return &rows[place - 1];
-        place = static_cast<std::uint32_t>(&row - rows) + 1;
-        ++count;
+        std::uint32_t& number = first[row.key];
+        if (number != 0) return rows.entries + number - 1;
+        number = static_cast<std::uint32_t>(&row - rows.entries) + 1;
         return nullptr;
     }
 
 private:
-    std::uint32_t& placeOf(std::string_view key) {
-        const std::size_t mask = places.size() - 1;
-        std::size_t number = upperHash(key) & mask;
-        while (places[number] != 0 && !isSameUpper(rows[places[number] - 1].key, key))
-            number = (number + 1) & mask;
-        return places[number];
-    }
+    struct Keys {
+        const standin::SettingsEntry* entries;
+        std::string_view operator()(std::uint32_t number) const { return entries[number - 1].key; }
+    };
 
-    void grow() {
-        std::vector<std::uint32_t> former(places.empty() ? 64 : places.size() * 2, 0);
-        former.swap(places);
-        for (const std::uint32_t number : former) {
-            if (number != 0) placeOf(rows[number - 1].key) = number;
-        }
-    }
-
-    const standin::SettingsEntry* rows;
-    std::vector<std::uint32_t> places;  // numbers of rows from 1, 0 where free; a power of two, two thirds full at most
-    std::size_t count = 0;
+    Keys rows;
+    UpperCaseIndex<Keys> first;
 };
 
 }  // namespace ttconfig

@@ -1,19 +1,17 @@
 // Changes of named rows: answers for which bonds and futures products the numbers and groups differ.
 // Doors: tellBondChanges(), tellProductChanges().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include <algorithm>
-#include <array>
-#include <locale>
 #include <utility>
 
+#include "traderbase/base/config/internal/limits/fixedincome.h"
 #include "traderbase/base/config/internal/limits/limitrows.h"
 #include "traderbase/base/config/internal/products/producttables.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/differences/mergedrows.h"
-#include "ttconfig/tables/creditfacts.h"
+#include "ttconfig/tables/numberrows.h"
 
 namespace ttconfig {
 
@@ -23,66 +21,7 @@ using namespace ttservice::internal;
 using standin::SettingsEntry;
 using standin::SettingsText;
 
-// --- a number for each name: found as written and in upper case, the first that comes to a name counts
-
-// Upper case as the store has it: that of the process's global locale.
-class UpperLetters {
-public:
-    UpperLetters() {
-        const std::locale locale;
-        for (std::size_t i = 0; i < letters.size(); ++i)
-            letters[i] = std::toupper(static_cast<char>(static_cast<unsigned char>(i)), locale);
-    }
-
-    char operator()(char letter) const { return letters[static_cast<unsigned char>(letter)]; }
-
-private:
-    std::array<char, 256> letters{};
-};
-
-// A name, and the entry that it is from. Many of them are held, so the name in upper case is not.
-struct NumberOf {
-    const SettingsEntry* entry;
-    bool isUpper;
-
-    std::string name(const UpperLetters& upper) const {
-        std::string text(entry->key);
-        if (isUpper) std::transform(text.begin(), text.end(), text.begin(), upper);
-        return text;
-    }
-};
-
-struct LessName {
-    const UpperLetters& upper;
-
-    bool operator()(const NumberOf& left, const NumberOf& right) const {
-        const std::string_view one = left.entry->key;
-        const std::string_view other = right.entry->key;
-        if (!left.isUpper && !right.isUpper) return one < other;
-        const std::size_t shared = std::min(one.size(), other.size());
-        for (std::size_t i = 0; i < shared; ++i) {
-            const auto here = static_cast<unsigned char>(left.isUpper ? upper(one[i]) : one[i]);
-            const auto there = static_cast<unsigned char>(right.isUpper ? upper(other[i]) : other[i]);
-            if (here != there) return here < there;
-        }
-        return one.size() < other.size();
-    }
-};
-
-std::vector<NumberOf> numberTable(const SettingsText& text, std::string_view sectionName, const LessName& lessName) {
-    std::vector<NumberOf> rows;
-    const auto* section = text.findSection(sectionName);
-    if (section == nullptr) return rows;
-    const auto isLower = [&lessName](char letter) { return lessName.upper(letter) != letter; };
-    rows.reserve(2 * section->entries.size());
-    for (const SettingsEntry& entry : section->entries) {
-        if (entry.repeated) continue;
-        rows.push_back({&entry, false});
-        if (std::any_of(entry.key.begin(), entry.key.end(), isLower)) rows.push_back({&entry, true});
-    }
-    keepFirstOfEqual(rows, lessName);
-    return rows;
-}
+// --- a number for each name
 
 // A section of numbers, and how they are asked for.
 struct NumberTopic {
@@ -90,30 +29,28 @@ struct NumberTopic {
     const SettingKey& key;
     const char* subject;
     const char* question;
-    double missing;  // of a name that has no row, and of a value that is no number
 };
 
-double numberOf(const NumberTopic& topic, const NumberOf* row) {
-    return row == nullptr ? topic.missing : strictDouble(row->entry->value).value_or(topic.missing);
+double answerOf(const NumberTopic& topic, const NumberRow* row) {
+    const double missing = valueWhenMissing<double>(topic.key);
+    return row == nullptr ? missing : numberOf(*row->entry).value_or(missing);
 }
 
-std::optional<Place> placeOf(const NumberOf* row) {
+std::optional<Place> placeOf(const NumberRow* row) {
     return row == nullptr ? std::optional<Place>() : keyPlace(*row->entry);
 }
 
 void tellNumbers(const TextPair& texts, const NumberTopic& topic, const ChangeSink& tell) {
     if (haveSameEntries(texts, topic.key.section)) return;
-    const UpperLetters upper;
-    const LessName lessName{upper};
-    const auto before = numberTable(texts.before, topic.key.section, lessName);
-    const auto after = numberTable(texts.after, topic.key.section, lessName);
-    mergeRows(before, after, lessName, [&](const NumberOf& one, const NumberOf* left, const NumberOf* right) {
+    const NumberRows before(texts.before, topic.key);
+    const NumberRows after(texts.after, topic.key);
+    mergeRows(before, after, before.less, [&](const NumberRow& one, const NumberRow* left, const NumberRow* right) {
         if (left != nullptr && right != nullptr && left->entry->value == right->entry->value) return;
-        const double old = numberOf(topic, left);
-        const double now = numberOf(topic, right);
+        const double old = answerOf(topic, left);
+        const double now = answerOf(topic, right);
         if (isSameNumber(old, now)) return;
-        tell(changeOf(topic.topic, std::string(topic.subject).append(" ").append(one.name(upper)), topic.question,
-                      {old, placeOf(left)}, {now, placeOf(right)}));
+        tell(changeOf(topic.topic, std::string(topic.subject).append(" ").append(before.less.nameOf(one)),
+                      topic.question, {old, placeOf(left)}, {now, placeOf(right)}));
     });
 }
 
@@ -197,17 +134,11 @@ void tellCombinations(const TextPair& texts, const ChangeSink& tell) {
 
 void tellBondChanges(const TextPair& texts, const ChangeSink& tell) {
     tellFixedIncome(texts, tell);
-    tellNumbers(texts,
-                {ChangeTopic::BondLimit, keys::standardBondUse, "bond", "getStandardBondUseLimit",
-                 valueWhenMissing<double>(keys::standardBondUse)},
-                tell);
+    tellNumbers(texts, {ChangeTopic::BondLimit, keys::standardBondUse, "bond", "getStandardBondUseLimit"}, tell);
 }
 
 void tellProductChanges(const TextPair& texts, const ChangeSink& tell) {
-    tellNumbers(texts,
-                {ChangeTopic::Product, keys::subscriptionFees, "product", "getSubFee",
-                 valueWhenMissing<double>(keys::subscriptionFees)},
-                tell);
+    tellNumbers(texts, {ChangeTopic::Product, keys::subscriptionFees, "product", "getSubFee"}, tell);
     tellCombinations(texts, tell);
 }
 

@@ -1,7 +1,6 @@
 // The limits of an order: shows what an order-entry screen asks of one instrument, and what decided each answer.
 // Doors: runLimits().
-// Owns: how the facts are written.
-// Covered by tests/tools/ttconfig/limits_test.cpp.
+// Test: tests/tools/ttconfig/listings/limits_test.cpp
 
 #include "ttconfig/listings/limits.h"
 
@@ -11,13 +10,11 @@
 #include <charconv>
 #include <cmath>
 #include <iostream>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "traderbase/base/config/internal/text/splitting.h"
-#include "traderbase/base/config/internal/words/buyoperations.h"
 #include "ttconfig/listings/limitfacts.h"
 #include "ttconfig/settings/quietload.h"
 #include "ttconfig/settings/startup.h"
@@ -35,55 +32,39 @@ constexpr std::size_t kMostKeyBytes = 40;
 
 // --- reasons
 
-std::string buyListText(bool buys) {
-    return (buys ? "one of the " : "none of the ") + std::to_string(std::size(ttservice::internal::kBuyOperations)) +
-           " operations that buy";
-}
-
 // "HGT-STOCK (market HGT or SSEHKEX): line 298 [HGTExchangeRateLimit] HGT-STOCK,SSEHKEX-STOCK"
-std::string itemText(const LimitReason& reason) {
-    std::string item = reason.item;
-    if (!reason.category.word.empty()) item += " (" + std::string(reason.category.rule) + ")";
-    if (!reason.row) return "default, no row for " + item;
-    const standin::SettingsEntry& row = *reason.row->row;
-    return item + ": line " + std::to_string(row.line) + " [" + std::string(reason.row->section->name) + "] " +
-           cutText(row.key, kMostKeyBytes);
+std::string itemText(const LimitBasis& limit) {
+    std::string item = limit.item;
+    if (!limit.category.word.empty()) item += " (" + std::string(limit.category.rule) + ")";
+    if (limit.row == nullptr) return "default, no row for " + item;
+    return item + ": line " + std::to_string(limit.row->line) + " [" + std::string(limit.section) + "] " +
+           cutText(limit.row->key, kMostKeyBytes);
 }
 
 std::string reasonText(const LimitFact& fact) {
-    const LimitReason& reason = fact.reason;
-    if (reason.rule != nullptr) {
-        return "rule " + std::string(reason.rule->number) + ": " + std::string(reason.rule->meaning);
-    }
-    return reason.item.empty() ? buyListText(fact.answer.get<bool>()) : itemText(reason);
+    return fact.explanation.limit ? itemText(*fact.explanation.limit) : fact.explanation.rule;
 }
 
-Answer itemJson(const LimitReason& reason) {
-    Answer json = Answer::object();
-    json["by"] = reason.row ? "row" : "default";
-    json["item"] = reason.item;
-    if (!reason.category.word.empty()) {
-        json["category"] = std::string(reason.category.word);
-        json["categoryRule"] = std::string(reason.category.rule);
+Answer itemJson(const LimitBasis& limit) {
+    Answer json = {{"by", limit.row != nullptr ? "row" : "default"}, {"item", limit.item}};
+    if (!limit.category.word.empty()) {
+        json["category"] = std::string(limit.category.word);
+        json["categoryRule"] = std::string(limit.category.rule);
     }
-    if (reason.row) {
-        const standin::SettingsEntry& row = *reason.row->row;
-        json["section"] = std::string(reason.row->section->name);
-        json["key"] = std::string(row.key);
-        json["value"] = std::string(row.value);
-        json["line"] = row.line;
+    if (limit.row != nullptr) {
+        json["section"] = std::string(limit.section);
+        json["key"] = std::string(limit.row->key);
+        json["value"] = std::string(limit.row->value);
+        json["line"] = limit.row->line;
     }
     return json;
 }
 
-Answer reasonJson(const LimitFact& fact) {
-    const LimitReason& reason = fact.reason;
-    if (reason.rule != nullptr) {
-        return {
-            {"by", "rule"}, {"rule", std::string(reason.rule->number)}, {"meaning", std::string(reason.rule->meaning)}};
-    }
-    if (reason.item.empty()) return {{"by", "list"}, {"meaning", buyListText(fact.answer.get<bool>())}};
-    return itemJson(reason);
+Answer reasonJson(const Explanation& explanation) {
+    if (explanation.limit) return itemJson(*explanation.limit);
+    const auto* rule = explanation.unitRule;
+    if (rule == nullptr) return {{"by", "list"}, {"meaning", explanation.rule}};
+    return {{"by", "rule"}, {"rule", std::string(rule->number)}, {"meaning", std::string(rule->meaning)}};
 }
 
 // --- text
@@ -170,7 +151,7 @@ Answer jsonOf(const LimitQuestion& question, const std::vector<LimitFact>& facts
     json["priceType"] = question.priceType ? Answer(*question.priceType) : Answer(nullptr);
     json["op"] = question.op ? Answer(*question.op) : Answer(nullptr);
     for (const LimitFact& fact : facts)
-        json[fact.name] = {{"answer", fact.answer}, {"reason", reasonJson(fact)}};
+        json[fact.name] = {{"answer", fact.answer}, {"reason", reasonJson(fact.explanation)}};
     return json;
 }
 

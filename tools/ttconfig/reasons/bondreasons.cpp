@@ -1,13 +1,14 @@
-// Reasons of the bond limits: which key gives a bond trade type its parameters, and which row a bond its ratio.
+// Reasons of the bond limits and fees: which key gives a bond trade type its parameters, which row a code its number.
 // Doors: addBondReasons().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Test: tests/tools/ttconfig/explaining/explainedanswers_test.cpp
+
+#include <boost/algorithm/string/case_conv.hpp>
 
 #include "traderbase/base/config/internal/limits/fixedincome.h"
 #include "ttconfig/edits/fieldedits.h"
-#include "ttconfig/reasons/numberrowreasons.h"
+#include "ttconfig/edits/fieldtexts.h"
+#include "ttconfig/reasons/explainedcalls.h"
 #include "ttconfig/reasons/telling.h"
-#include "ttconfig/tables/creditfacts.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -16,12 +17,15 @@ namespace {
 
 namespace internal = ttservice::internal;
 namespace keys = ttservice::internal::keys;
+using standin::SettingsEntry;
 using ttservice::SHFixIncomeLimit;
 using LimitPtr = boost::shared_ptr<SHFixIncomeLimit>;
 
+// --- the fixed-income platform
+
 // The key of a bond trade type; null for a type that has none.
 const internal::SettingKey* keyOfType(int bondTradeType) {
-    for (const FixedIncomeKey& key : kFixedIncomeKeys) {
+    for (const internal::FixedIncomeKey& key : internal::kFixedIncomeKeys) {
         if (key.bondTradeType == bondTradeType) return key.key;
     }
     return nullptr;
@@ -33,7 +37,7 @@ Explanation explainFixedIncome(const Question& question) {
     if (key == nullptr) {
         return decided(LimitPtr(), Reason::Fixed, "bond trade type " + std::to_string(type) + " has no key");
     }
-    const standin::SettingsEntry* entry = entryOf(question, *key);
+    const SettingsEntry* entry = entryOf(question, *key);
     if (entry == nullptr) return decided(LimitPtr(), Reason::KeyAbsent, "there is no key " + nameOf(*key));
     Explanation explanation;
     if (const LimitPtr record = internal::fixedIncomeLimit(entry->value)) {
@@ -64,13 +68,92 @@ void suggestFixedIncome(const Question& question, const Wanted& wanted, Edits& e
     suggestPieces(question.settings(), key->section, key->key, row, edits);
 }
 
+// --- a number by its code
+
+struct NumberQuestion {
+    const Question& question;
+    const internal::SettingKey& topic;
+    const NumberRows& rows;
+
+    const std::string& code() const { return question.text(0); }
+    double whenMissing() const { return internal::valueWhenMissing<double>(topic); }
+};
+
+std::string rowName(const NumberQuestion& asked, const SettingsEntry& row) {
+    return nameOf(asked.topic.section, row.key);
+}
+
+// Other rows that come to the code, and what is wrong with them.
+void addOthers(const NumberQuestion& asked, const SettingsEntry* winner, Explanation& explanation) {
+    TextRows(asked.question.settings()).forEach(asked.topic, [&](const SettingsEntry& row) {
+        if (&row == winner) return;
+        const bool isCode = row.key == asked.code();
+        const std::string upper = boost::algorithm::to_upper_copy(std::string(row.key));
+        if (!isCode && upper != boost::algorithm::to_upper_copy(asked.code())) return;
+        const bool leadsHere = isCode || upper == asked.code();
+        lose(explanation, {Reason::Row, rowName(asked, row), keyPlace(row),
+                           row.repeated ? "of a repeated key the first value counts"
+                           : leadsHere  ? "an earlier row has the code"
+                                        : "found in upper case and as it is written, not so"});
+    });
+}
+
+Explanation explainNumberRow(const NumberQuestion& asked) {
+    const NumberRow* found = asked.rows.find(asked.code());
+    if (found == nullptr) {
+        const auto* section = asked.question.settings().findSection(asked.topic.section);
+        Explanation explanation =
+            decided(asked.whenMissing(), section == nullptr ? Reason::KeyAbsent : Reason::BuiltInDefault,
+                    section == nullptr ? "there is no section [" + std::string(asked.topic.section) + "]"
+                                       : "no row for " + nameOf(asked.topic.section, asked.code()));
+        addOthers(asked, nullptr, explanation);
+        return explanation;
+    }
+    const SettingsEntry& row = *found->entry;
+    const std::string name = rowName(asked, row);
+    const std::string upper = found->isUpperCase ? ", in upper case" : "";
+    Explanation explanation;
+    if (const auto number = numberOf(row)) {
+        explanation = decided(*number, Reason::Row, name + upper, keyPlace(row));
+    } else {
+        explanation = decided(asked.whenMissing(), Reason::BuiltInDefault, name + upper + " has no number");
+        lose(explanation, {Reason::Row, name, valuePlace(row), shownText(row.value) + " is no number"});
+    }
+    addOthers(asked, &row, explanation);
+    return explanation;
+}
+
+void suggestNumberRow(const NumberQuestion& asked, const Wanted& wanted, Edits& edits) {
+    const std::string number = writtenLike({}, FieldKind::StrictDecimal, wanted.text());
+    if (const NumberRow* found = asked.rows.find(asked.code())) {
+        const SettingsEntry& row = *found->entry;
+        if (found->isUpperCase || boost::algorithm::to_upper_copy(asked.code()) != asked.code()) {
+            edits.reaching("the code in the other letter case");
+        }
+        edits.setValue(row, writtenLike(row.value, FieldKind::StrictDecimal, number));
+        edits.removeLine(row);
+        edits.reaching({});
+    }
+    edits.addFirst(asked.topic.section, asked.code(), number);
+    edits.addLast(asked.topic.section, asked.code(), number);
+}
+
+ExplainedCall numberRowCall(const internal::SettingKey& topic) {
+    const auto asked = [&topic](const Question& question) {
+        return NumberQuestion{question, topic, question.facts.numberRows(topic)};
+    };
+    return {[asked](const Question& question) { return explainNumberRow(asked(question)); },
+            [asked](const Question& question, const Wanted& wanted, Edits& edits) {
+                suggestNumberRow(asked(question), wanted, edits);
+            }};
+}
+
 }  // namespace
 
 void addBondReasons(ExplainedCalls& calls) {
     calls.add("getSHFixIncomeLimit", {explainFixedIncome, suggestFixedIncome});
-    calls.add("getStandardBondUseLimit", numberRowCall(keys::standardBondUse, &SettingsFacts::standardBonds,
-                                                       internal::valueWhenMissing<double>(keys::standardBondUse)));
-    calls.add("getSubFee", numberRowCall(keys::subscriptionFees, &SettingsFacts::subscriptionFees, 0.0));
+    calls.add("getStandardBondUseLimit", numberRowCall(keys::standardBondUse));
+    calls.add("getSubFee", numberRowCall(keys::subscriptionFees));
 }
 
 }  // namespace ttconfig

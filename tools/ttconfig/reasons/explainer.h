@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "traderbase/base/config/internal/limits/limitcategories.h"
+#include "traderbase/base/config/internal/units/tradeunitrules.h"
 #include "ttconfig/calls/calltable.h"
 #include "ttconfig/reasons/reason.h"
 #include "ttconfig/settings/place.h"
@@ -25,6 +27,14 @@ struct Candidate {
     std::string outcome;         // what came of it: "no row", "overwritten by line 12", "would be 7"
 };
 
+// Where a limit table was looked at: by the code, or else by its category.
+struct LimitBasis {
+    std::string item;                               // "SH-600000" or "SH-STOCK"
+    ttservice::internal::LimitCategory category{};  // empty where the item names the code
+    std::string_view section{};                     // of the row
+    const standin::SettingsEntry* row = nullptr;    // without one the default holds
+};
+
 // A value of a million bad pieces is explained by its first ones.
 inline constexpr std::size_t kMostLost = 1000;
 
@@ -36,6 +46,9 @@ struct Explanation {
     std::optional<Place> place;   // of the piece, item, row or value that decided; none for what the file does not have
     std::vector<Candidate> lost;  // in the order in which they were considered, the first kMostLost of them
     std::size_t furtherLost = 0;  // how many there are beside those
+    // What decided, where it was a limit table or a rule of the trade units.
+    std::optional<LimitBasis> limit{};
+    const ttservice::internal::UnitRuleText* unitRule = nullptr;
 };
 
 // Explains answers of the library: what a new store that has loaded this settings text, and nothing before it, answers,

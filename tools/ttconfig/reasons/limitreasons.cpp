@@ -1,19 +1,14 @@
-// Reasons of the limits: which row gives the limits and rates of an instrument, or that none does.
+// Reasons of the limits: which row gives the limits and rates of an instrument, or that none does, and which edits of
+// the rows might give others.
 // Doors: addLimitReasons().
-// Owns: the order in which a table's rows are looked for, one LimitLookup a question.
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Test: tests/tools/ttconfig/explaining/explainedanswers_test.cpp
 
-#include <ttplatform/text.h>
-
-#include <vector>
-
-#include "traderbase/base/config/internal/limits/limitcategories.h"
 #include "traderbase/base/config/internal/limits/volumelimit.h"
-#include "traderbase/base/config/internal/text/strictnumbers.h"
-#include "traderbase/base/config/internal/words/markets.h"
+#include "ttconfig/edits/fieldedits.h"
 #include "ttconfig/reasons/explainedcalls.h"
-#include "ttconfig/reasons/limitedits.h"
 #include "ttconfig/reasons/telling.h"
+#include "ttconfig/tables/limitquestions.h"
+#include "ttconfig/tables/limittable.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -21,262 +16,250 @@ namespace ttconfig {
 namespace {
 
 namespace internal = ttservice::internal;
-namespace keys = ttservice::internal::keys;
-namespace markets = ttservice::internal::markets;
-using internal::LimitCategory;
-
-// --- values of rows
-
-Answer fieldAnswer(std::string_view field, internal::LimitField kind) {
-    switch (kind) {
-        case internal::LimitField::Integer:
-            return internal::looseInt(field);
-        case internal::LimitField::Decimal:
-            return internal::looseDouble(field);
-        case internal::LimitField::Text:
-            break;
-    }
-    return std::string(field);
-}
-
-template <std::size_t Count>
-std::vector<Answer> fieldAnswers(std::string_view value, const internal::LimitRowShape<Count>& shape) {
-    std::vector<Answer> answers;
-    internal::splitKeepEmpty(value, ',', [&](std::string_view field) {
-        if (answers.size() < Count) answers.push_back(fieldAnswer(field, shape[answers.size()]));
-    });
-    return answers;
-}
-
-Answer rateRecord(const std::vector<Answer>& fields) {
-    Answer record = Answer::object();
-    record["@"] = 1;
-    record["fields"] = fields;
-    return record;
-}
-
-Answer orderLimitOf(std::string_view value) {
-    return fieldAnswers(value, internal::kOrderLimitRow);
-}
-Answer blockTradeQuantityOf(std::string_view value) {
-    const std::vector<Answer> fields = fieldAnswers(value, internal::kBlockTradeLimitRow);
-    return {fields[0], fields[1]};
-}
-Answer blockTradeAmountOf(std::string_view value) {
-    return fieldAnswers(value, internal::kBlockTradeLimitRow)[2];
-}
-Answer stockRateOf(std::string_view value) {
-    return rateRecord(fieldAnswers(value, internal::kStockRateRow));
-}
-Answer connectRateOf(std::string_view value) {
-    return rateRecord(fieldAnswers(value, internal::kConnectRateRow));
-}
 
 // --- reasons
 
-// A candidate for each row that names the item and was passed over.
-void addPassedOver(const LimitLookup& asked, const std::string& item, Reason reason, Explanation& explanation) {
-    for (const LimitRow& passed : asked.table.passedOver) {
-        internal::forEachLimitItem(passed.row->key, [&](const internal::LimitItem& written) {
-            if (!isNamed(written, asked.market, item)) return;
-            lose(explanation,
-                 {reason, asked.nameOf(item), placeInKey(*passed.row, written.text),
-                  passed.row->repeated ? std::string("of a repeated key the first value counts")
-                                       : std::to_string(internal::fieldCount(passed.row->value)) + " fields, not " +
-                                             std::to_string(asked.fieldCount) + ": passed over"});
-        });
+// One place of the table, and what there is for it.
+struct LookedUp {
+    Reason reason;     // where its row decides
+    std::string item;  // the code, or the category word
+    LimitEntries entries;
+};
+
+class LimitExplanation {
+public:
+    LimitExplanation(const standin::SettingsText& settings, const AskedLimit& question)
+        : text(settings), asked(question) {}
+
+    Explanation explained() && {
+        asked.question.looksForCode ? byCodeOrCategory() : byCategoryAlone();
+        return std::move(explanation);
     }
-}
 
-// Rows that named the item before the one that counts.
-void addFormers(const LimitLookup& asked, const LimitEntries& entries, Reason reason, const std::string& item,
-                Explanation& explanation) {
-    for (const LimitEntry& former : entries.former) {
-        lose(explanation, {reason, asked.nameOf(item), former.place(),
-                           "overwritten by line " + std::to_string(entries.last->row->line)});
+private:
+    void byCodeOrCategory() {
+        const LookedUp own = lookUp(Reason::CodeRow, asked.code);
+        if (!own.entries.last) {
+            loseMissing(own);
+            losePassedOver(own);
+            return byCategory();
+        }
+        decideByRow(own);
+        const LookedUp category = lookUp(Reason::CategoryRow, asked.category.word);
+        if (!category.entries.last || category.item == asked.code) return;
+        const LimitEntry& other = *category.entries.last;
+        loseTo(category, other.place(), wouldBe(withoutRecordNumbers(answerOf(other.row->value))));
     }
-    explanation.furtherLost += entries.furtherFormer;
-}
 
-Explanation byRow(const LimitLookup& asked, const LimitEntries& entries, Reason reason, const std::string& item) {
-    const LimitEntry& entry = *entries.last;
-    Explanation explanation;
-    explanation.answer = asked.valueOf(entry.row->value);
-    explanation.reason = reason;
-    explanation.rule = asked.nameOf(item) + " in [" + std::string(entry.section->name) + "]" + asked.describe(reason);
-    explanation.place = entry.place();
-    addPassedOver(asked, item, reason, explanation);
-    addFormers(asked, entries, reason, item, explanation);
-    return explanation;
-}
-
-Candidate missingRow(const LimitLookup& asked, const std::string& item, Reason reason) {
-    return {reason, asked.nameOf(item), std::nullopt, "no row that counts names it"};
-}
-
-Explanation withoutRow(const LimitLookup& asked) {
-    Explanation explanation;
-    explanation.answer = asked.valueWithoutRow;
-    explanation.reason = asked.insertsDefault ? Reason::InsertedDefault : Reason::BuiltInDefault;
-    explanation.rule = "no row for " + asked.nameOf(asked.categoryWord()) + asked.describe(Reason::CategoryRow) +
-                       (asked.insertsDefault ? "; the default is kept there until the next load" : "");
-    explanation.lost.push_back(missingRow(asked, asked.categoryWord(), Reason::CategoryRow));
-    addPassedOver(asked, asked.categoryWord(), Reason::CategoryRow, explanation);
-    return explanation;
-}
-
-Explanation byCategory(const LimitLookup& asked) {
-    const LimitEntries entries = asked.table.entriesOf(asked.market, asked.category.word);
-    return entries.last ? byRow(asked, entries, Reason::CategoryRow, asked.categoryWord()) : withoutRow(asked);
-}
-
-// The code's own row is not looked for, but may be there.
-Explanation byCategoryAlone(const LimitLookup& asked) {
-    Explanation explanation = byCategory(asked);
-    const auto own = asked.table.find(asked.market, asked.code);
-    if (own && asked.code != asked.category.word) {
-        explanation.lost.insert(explanation.lost.begin(), {Reason::CodeRow, asked.nameOf(asked.code), own->place(),
+    // The code's own row is not looked for, but may be there.
+    void byCategoryAlone() {
+        byCategory();
+        const LookedUp own = lookUp(Reason::CodeRow, asked.code);
+        if (!own.entries.last || own.item == asked.category.word) return;
+        explanation.lost.insert(explanation.lost.begin(), {own.reason, nameOf(own), own.entries.last->place(),
                                                            "rows of codes are not looked for here"});
     }
-    return explanation;
+
+    void byCategory() {
+        const LookedUp category = lookUp(Reason::CategoryRow, asked.category.word);
+        if (category.entries.last) return decideByRow(category);
+        const bool isInserted = asked.question.insertsDefault;
+        decide(category, answerOf(std::nullopt), isInserted ? Reason::InsertedDefault : Reason::BuiltInDefault,
+               "no row for " + nameOf(category) + categoryIn(category) +
+                   (isInserted ? "; the default is kept there until the next load" : ""));
+        loseMissing(category);
+        losePassedOver(category);
+    }
+
+    void decideByRow(const LookedUp& found) {
+        const LimitEntry& entry = *found.entries.last;
+        decide(found, answerOf(entry.row->value), found.reason,
+               nameOf(found) + " in [" + std::string(entry.section->section) + "]" + categoryIn(found));
+        explanation.place = entry.place();
+        explanation.limit->section = entry.section->section;
+        explanation.limit->row = entry.row;
+        losePassedOver(found);
+        for (const LimitEntry& former : found.entries.former)
+            loseTo(found, former.place(), "overwritten by line " + std::to_string(entry.row->line));
+        explanation.furtherLost += found.entries.furtherFormer;
+    }
+
+    void decide(const LookedUp& found, Answer answer, Reason reason, std::string rule) {
+        explanation.answer = std::move(answer);
+        explanation.reason = reason;
+        explanation.rule = std::move(rule);
+        const bool isCategory = found.reason == Reason::CategoryRow;
+        explanation.limit = {asked.itemOf(found.item), isCategory ? asked.category : internal::LimitCategory(), {}, {}};
+    }
+
+    void loseTo(const LookedUp& found, std::optional<Place> place, std::string outcome) {
+        lose(explanation, {found.reason, nameOf(found), place, std::move(outcome)});
+    }
+
+    void loseMissing(const LookedUp& found) { loseTo(found, std::nullopt, "no row that counts names it"); }
+
+    void losePassedOver(const LookedUp& found) {
+        for (const LimitEntry& passed : found.entries.passedOver) {
+            loseTo(found, passed.place(),
+                   passed.row->repeated ? std::string("of a repeated key the first value counts")
+                                        : std::to_string(internal::fieldCount(passed.row->value)) + " fields, not " +
+                                              std::to_string(asked.question.table->fieldCount) + ": passed over");
+        }
+        explanation.furtherLost += found.entries.furtherPassedOver;
+    }
+
+    LookedUp lookUp(Reason reason, std::string_view item) const {
+        return {reason, std::string(item), limitEntries(text, *asked.question.table, asked.market, item)};
+    }
+
+    std::string nameOf(const LookedUp& found) const { return cutText(asked.itemOf(found.item), 60); }
+
+    // What makes its row the right one.
+    std::string categoryIn(const LookedUp& found) const {
+        return found.reason == Reason::CategoryRow ? ", the category of " + std::string(asked.category.rule) : "";
+    }
+
+    Answer answerOf(std::optional<std::string_view> value) const {
+        Answer answer = limitAnswer(asked.question, value);
+        return isRecord(asked.question) ? Answer{{"@", 1}, {"fields", std::move(answer)}} : answer;
+    }
+
+    const standin::SettingsText& text;
+    const AskedLimit& asked;
+    Explanation explanation;
+};
+
+// --- edits that might give the limit that was wanted
+
+constexpr std::string_view kOthersOfRow = "everything else that the row names";
+constexpr std::string_view kOthersOfCategory = "every other instrument of the category";
+
+// So many rows that say what is wanted are tried for naming one more item.
+constexpr std::size_t kMostRowsNaming = 20;
+
+// The fields of a row that gives what is wanted: fields that the answer does not have are as they are without a row
+// where no row says them.
+WantedPieces fieldsOf(const LimitQuestionSpec& asked, const std::vector<std::string>& wanted) {
+    const std::string quantity = std::to_string(internal::kLimitWithoutRow);
+    std::vector<WantedField> fields = {{quantity, true}, {internal::volumeLimitWithoutRow().second, true}};
+    fields.resize(asked.table->fieldCount, {quantity, true});
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        fields[asked.firstField + i] = {wanted[i]};
+    return wantedFields(asked.table->shape, std::move(fields));
 }
 
-Explanation explainLimit(const LimitLookup& asked) {
-    if (!asked.looksForCode) return byCategoryAlone(asked);
-    const LimitEntries entries = asked.table.entriesOf(asked.market, asked.code);
-    if (entries.last) {
-        Explanation explanation = byRow(asked, entries, Reason::CodeRow, asked.code);
-        const auto category = asked.table.find(asked.market, asked.category.word);
-        if (category && asked.category.word != asked.code) {
-            lose(explanation, {Reason::CategoryRow, asked.nameOf(asked.categoryWord()), category->place(),
-                               wouldBe(withoutRecordNumbers(asked.valueOf(category->row->value)))});
-        }
-        return explanation;
+// The key without the items that name this place of the table.
+std::string keyWithout(std::string_view key, const AskedLimit& asked, std::string_view item) {
+    std::string kept;
+    internal::forEachLimitItem(key, [&](const internal::LimitItem& written) {
+        if (!isNamed(written, asked.market, item)) kept.append(kept.empty() ? "" : ",").append(written.text);
+    });
+    return kept;
+}
+
+std::string_view reachOfRow(std::string_view key, bool isCategory) {
+    const bool isAlone = key.find(',') == std::string_view::npos;
+    if (isCategory) return kOthersOfCategory;
+    return isAlone ? std::string_view() : kOthersOfRow;
+}
+
+// The edits for one place of the table.
+class PlaceEdits {
+public:
+    PlaceEdits(const standin::SettingsText& settings, const AskedLimit& question, std::string_view placeItem,
+               Edits& target)
+        : text(settings),
+          asked(question),
+          table(*question.question.table),
+          item(placeItem),
+          isCategory(item == asked.category.word),
+          edits(target) {}
+
+    // The row that counts: another value, not this item, not at all. Without fields there is no other value.
+    void suggestRow(const WantedPieces* fields) {
+        const auto entry = limitEntries(text, table, asked.market, item).last;
+        if (!entry) return;
+        if (fields != nullptr) suggestFields(*entry->row, *fields);
+        edits.reaching(reachOfRow(entry->row->key, isCategory));
+        edits.removeLine(*entry->row);
+        const std::string key = keyWithout(entry->row->key, asked, item);
+        edits.reaching(isCategory ? kOthersOfCategory : std::string_view());
+        if (!key.empty()) edits.setKey(*entry->row, key);
     }
-    Explanation explanation;
-    explanation.lost.push_back(missingRow(asked, asked.code, Reason::CodeRow));
-    addPassedOver(asked, asked.code, Reason::CodeRow, explanation);
-    Explanation category = byCategory(asked);
-    explanation.furtherLost += category.furtherLost;
-    for (Candidate& candidate : category.lost)
-        lose(explanation, std::move(candidate));
-    category.lost = std::move(explanation.lost);
-    category.furtherLost = explanation.furtherLost;
-    return category;
+
+    // A new row, and the item named by a row that says it already.
+    void suggestNewRow(const WantedPieces& fields) {
+        edits.reaching(isCategory ? kOthersOfCategory : std::string_view());
+        const std::string key = asked.itemOf(item);
+        for (const internal::SettingKey* section : table.sections)
+            edits.addLast(section->section, key, wholeValue(fields));
+        std::size_t named = 0;
+        forEachLimitRow(text, table, [&](const auto& each) {
+            if (!each.counts() || named == kMostRowsNaming || !saysAll(fields, each.row.value)) return;
+            edits.setKey(each.row, std::string(each.row.key) + "," + key);
+            ++named;
+        });
+    }
+
+    // Rows that would name the item if they had the right number of fields.
+    void suggestPassedOver(const WantedPieces& fields) {
+        forEachLimitRow(text, table, [&](const auto& each) {
+            if (each.state != internal::LimitRowState::WrongFieldCount) return;
+            each.forEachItem([&](const internal::LimitItem& written) {
+                if (isNamed(written, asked.market, item)) suggestFields(each.row, fields);
+            });
+        });
+    }
+
+private:
+    void suggestFields(const standin::SettingsEntry& row, WantedPieces fields) {
+        fields.reach = reachOfRow(row.key, isCategory);
+        suggestPieces(row, row.value, fields, edits);
+    }
+
+    const standin::SettingsText& text;
+    const AskedLimit& asked;
+    const LimitTableSpec& table;
+    const std::string_view item;
+    const bool isCategory;
+    Edits& edits;
+};
+
+void suggestLimit(const standin::SettingsText& text, const AskedLimit& asked, const Wanted& wanted, Edits& edits) {
+    const LimitQuestionSpec& question = asked.question;
+    const std::vector<std::string> values = wanted.values();
+    const bool fits = !values.empty() && question.firstField + values.size() <= question.table->fieldCount;
+    const WantedPieces fields = fieldsOf(question, fits ? values : std::vector<std::string>());
+    std::vector<std::string_view> items;
+    if (question.looksForCode) items.emplace_back(asked.code);
+    if (items.empty() || items.front() != asked.category.word) items.push_back(asked.category.word);
+    for (const std::string_view item : items) {
+        PlaceEdits place(text, asked, item, edits);
+        place.suggestRow(fits ? &fields : nullptr);
+        if (!fits) continue;
+        place.suggestNewRow(fields);
+        place.suggestPassedOver(fields);
+    }
 }
 
 // --- questions
 
-// The question's market and code in upper case.
-struct AskedInstrument {
-    std::string market;
-    std::string code;
-
-    explicit AskedInstrument(const Question& question)
-        : market(utils::toUpper(question.text(0))), code(utils::toUpper(question.text(1))) {}
-};
-
-LimitLookup orderLimitQuestion(const Question& question) {
-    const AskedInstrument asked(question);
-    const auto priceType = static_cast<EBrokerPriceType>(question.number(2));
-    LimitLookup limit{question, question.facts.orderLimits(), asked.market, asked.code,
-                      internal::orderLimitCategory(asked.market, asked.code, priceType)};
-    limit.sections = {&keys::orderLimits, &keys::connectShanghaiOrderLimits, &keys::connectShenzhenOrderLimits};
-    limit.setShape(internal::kOrderLimitRow);
-    limit.valueOf = orderLimitOf;
-    limit.valueWithoutRow = answerOf(internal::volumeLimitWithoutRow());
-    return limit;
-}
-
-LimitLookup blockTradeQuestion(const Question& question, const AskedInstrument& asked, LimitCategory category) {
-    LimitLookup limit{question, question.facts.blockTrades(), asked.market, asked.code, category};
-    limit.sections = {&keys::blockTradeLimits};
-    limit.setShape(internal::kBlockTradeLimitRow);
-    limit.looksForCode = false;
-    limit.insertsDefault = false;
-    return limit;
-}
-
-LimitLookup blockTradeQuantityQuestion(const Question& question) {
-    const AskedInstrument asked(question);
-    LimitLookup limit =
-        blockTradeQuestion(question, asked, internal::blockTradeQuantityCategory(asked.market, asked.code));
-    limit.valueOf = blockTradeQuantityOf;
-    limit.valueWithoutRow = answerOf(internal::volumeLimitWithoutRow());
-    limit.firstField = 0;
-    return limit;
-}
-
-LimitLookup blockTradeAmountQuestion(const Question& question) {
-    const AskedInstrument asked(question);
-    LimitLookup limit =
-        blockTradeQuestion(question, asked, internal::blockTradeAmountCategory(asked.market, asked.code));
-    limit.valueOf = blockTradeAmountOf;
-    limit.valueWithoutRow = internal::kLimitWithoutRow;
-    limit.firstField = 2;
-    return limit;
-}
-
-LimitLookup stockRateQuestion(const Question& question) {
-    const AskedInstrument asked(question);
-    LimitLookup limit{question, question.facts.stockRates(), asked.market, asked.code,
-                      internal::stockRateCategory(asked.market, asked.code)};
-    limit.sections = {&keys::stockRates};
-    limit.setShape(internal::kStockRateRow);
-    limit.valueOf = stockRateOf;
-    limit.valueWithoutRow = rateRecord({0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0});
-    return limit;
-}
-
-// A connect takes the market HK for its own.
-LimitLookup connectRateQuestion(const Question& question, const LimitTable& table, const internal::SettingKey& key,
-                                std::string_view ownMarket) {
-    AskedInstrument asked(question);
-    if (asked.market == markets::kHk) asked.market = ownMarket;
-    LimitLookup limit{question, table, asked.market, asked.code, internal::shenzhenConnectRateCategory()};
-    limit.sections = {&key};
-    limit.setShape(internal::kConnectRateRow);
-    limit.valueOf = connectRateOf;
-    limit.valueWithoutRow = rateRecord(std::vector<Answer>(internal::kConnectRateRow.size(), 0.0));
-    return limit;
-}
-
-LimitLookup shanghaiConnectQuestion(const Question& question) {
-    LimitLookup limit =
-        connectRateQuestion(question, question.facts.shanghaiConnectRates(), keys::connectShanghaiRates, markets::kHgt);
-    limit.category = internal::shanghaiConnectRateCategory(limit.market, limit.code);
-    return limit;
-}
-
-LimitLookup shenzhenConnectQuestion(const Question& question) {
-    return connectRateQuestion(question, question.facts.shenzhenConnectRates(), keys::connectShenzhenRates,
-                               markets::kSgt);
-}
-
-ExplainedCall limitCall(LimitLookup (*asked)(const Question&)) {
-    return {[asked](const Question& question) { return explainLimit(asked(question)); },
-            [asked](const Question& question, const Wanted& wanted, Edits& edits) {
-                suggestLimit(asked(question), wanted, edits);
-            }};
+AskedLimit askedLimit(const LimitQuestionSpec& spec, const Question& question) {
+    return {spec, question.text(0), question.text(1), question.arguments.size() > 2 ? question.number(2) : 0};
 }
 
 }  // namespace
 
-std::string LimitLookup::nameOf(std::string_view item) const {
-    return cutText(market + "-" + std::string(item), 60);
-}
-
-std::string LimitLookup::describe(Reason reason) const {
-    return reason == Reason::CategoryRow ? ", the category of " + std::string(category.rule) : std::string();
-}
-
 void addLimitReasons(ExplainedCalls& calls) {
-    calls.add("getOrderLimit", limitCall(orderLimitQuestion));
-    calls.add("getDazongOrderNumLimit", limitCall(blockTradeQuantityQuestion));
-    calls.add("getDazongOrderTradeAmountLimit", limitCall(blockTradeAmountQuestion));
-    calls.add("getRateLimitPtr", limitCall(stockRateQuestion));
-    calls.add("getHGTExchangeRateLimitPtr", limitCall(shanghaiConnectQuestion));
-    calls.add("getSgtExchangeRateLimitPtr", limitCall(shenzhenConnectQuestion));
+    for (const LimitQuestionSpec* spec : internal::kLimitQuestions) {
+        calls.add(std::string(spec->operation),
+                  {[spec](const Question& question) {
+                       return LimitExplanation(question.settings(), askedLimit(*spec, question)).explained();
+                   },
+                   [spec](const Question& question, const Wanted& wanted, Edits& edits) {
+                       suggestLimit(question.settings(), askedLimit(*spec, question), wanted, edits);
+                   }});
+    }
 }
 
 }  // namespace ttconfig

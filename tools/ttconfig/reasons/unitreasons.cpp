@@ -54,8 +54,11 @@ thread_local Consulting* Consulting::current = nullptr;
 constexpr internal::UnitSwitches kSwitches{&Consulting::newBondRules, &Consulting::registIPORules};
 
 Explanation byRule(const Answer& answer, const internal::UnitRuleText& rule, std::vector<Candidate> consulted) {
-    return {answer, Reason::UnitRule, "rule " + std::string(rule.number) + ": " + std::string(rule.meaning),
-            std::nullopt, std::move(consulted)};
+    Explanation explanation{answer, Reason::UnitRule,
+                            "rule " + std::string(rule.number) + ": " + std::string(rule.meaning), std::nullopt,
+                            std::move(consulted)};
+    explanation.unitRule = &rule;
+    return explanation;
 }
 
 Explanation explainStockUnit(const Question& question) {

@@ -1,21 +1,20 @@
 // The limits' data: answers the rows of the limit and rate tables, as they stand after later rows have won.
 // Doors: writeLimitData().
 // Owns: the titles and columns of the tables.
-// Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
-
-#include <standin/numbertext.h>
+// Test: tests/tools/ttconfig/report/reportdata_test.cpp
 
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "traderbase/base/config/internal/keys/settingkeys.h"
-#include "traderbase/base/config/internal/limits/limitrows.h"
+#include "traderbase/base/config/internal/limits/fixedincome.h"
 #include "ttconfig/differences/mergedrows.h"
 #include "ttconfig/report/datawriters.h"
-#include "ttconfig/tables/creditfacts.h"
-#include "ttconfig/tables/limititems.h"
+#include "ttconfig/tables/limittable.h"
+#include "ttconfig/tables/numberrows.h"
 
 namespace ttconfig {
 
@@ -33,29 +32,53 @@ struct ShownRow {
     std::uint32_t line = 0;
 };
 
+using Columns = std::vector<const char*>;
+
 struct LimitPage {
     const char* title;
     const char* about;
-    std::vector<const char*> columns;
+    Columns columns;
+    const LimitTableSpec* table = nullptr;
 };
 
-const std::vector<const char*> kConnectColumns = {"rate 1",  "rate 2",  "rate 3",  "rate 4", "rate 5",
-                                                  "rate 6",  "rate 7",  "rate 8",  "rate 9", "rate 10",
-                                                  "rate 11", "rate 12", "rate 13", "rate 14"};
+const Columns kConnectColumns = {"rate 1", "rate 2", "rate 3",  "rate 4",  "rate 5",  "rate 6",  "rate 7",
+                                 "rate 8", "rate 9", "rate 10", "rate 11", "rate 12", "rate 13", "rate 14"};
+
+// The tables, in the order in which they are shown.
+const LimitPage kTablePages[] = {
+    {"Order limits",
+     "The largest quantity of one order; 1000000 shares where no row fits. A row for a code counts before the row for "
+     "its category.",
+     {"quantity", "unit"},
+     &kOrderLimitTable},
+    {"Block trades",
+     "By category alone: a row for a code is never found. 1000000 where no row fits.",
+     {"quantity", "unit", "amount"},
+     &kBlockTradeTable},
+    {"Rates, exchanges",
+     "What each number limits is for the order checks of the trading core to say.",
+     {"rate 1", "rate 2", "rate 3", "rate 4", "rate 5", "rate 6", "count"},
+     &kStockRateTable},
+    {"Rates, Shanghai connect", "The market HK goes by the rows of HGT here.", kConnectColumns,
+     &kShanghaiConnectRateTable},
+    {"Rates, Shenzhen connect", "The market HK goes by the rows of SGT here.", kConnectColumns,
+     &kShenzhenConnectRateTable}};
 
 // --- what a row says
 
 std::string fieldsJson(std::string_view value, const LimitField* shape) {
     std::string text;
     JsonStream json([&text](std::string_view piece) { text += piece; });
-    std::size_t at = 0;
-    const auto write = [&](std::string_view field) {
-        const LimitField kind = shape[at++];
-        if (kind == LimitField::Integer) json.integer(looseInt(field));
-        if (kind == LimitField::Decimal) json.decimal(looseDouble(field));
-        if (kind == LimitField::Text) json.text(field);
+    const auto write = [&json](auto field) {
+        if constexpr (std::is_same_v<decltype(field), int>) {
+            json.integer(field);
+        } else if constexpr (std::is_same_v<decltype(field), double>) {
+            json.decimal(field);
+        } else {
+            json.text(field);
+        }
     };
-    splitKeepEmpty(value, ',', write);
+    splitKeepEmpty(value, ',', [&](std::string_view field) { withFieldValue(*shape++, field, write); });
     json.flush();
     return '[' + text + ']';
 }
@@ -67,13 +90,13 @@ class RowWriter {
 public:
     RowWriter(JsonStream& stream, ReportState& reportState) : json(stream), state(reportState) {}
 
-    // Null for a file that has no such row.
-    void write(const ShownRow* now, const ShownRow* before) {
-        const ShownRow* either = now != nullptr ? now : before;
-        if (either == nullptr || count++ >= state.bounds.rows) return;
+    // Each of the file, and of the older one; one of them is there.
+    void write(const std::optional<ShownRow>& now, const std::optional<ShownRow>& before) {
+        if (count++ >= state.bounds.rows) return;
+        const ShownRow& either = now ? *now : *before;
         json.beginArray();
-        json.text(either->market);
-        json.text(either->item);
+        json.text(either.market);
+        json.text(either.item);
         writeSide(now, state.lines);
         if (state.oldText() != nullptr) writeSide(before, state.oldLines);
         json.endArray();
@@ -82,13 +105,9 @@ public:
     std::size_t leftOut() const { return count - std::min(count, state.bounds.rows); }
 
 private:
-    void writeSide(const ShownRow* row, LinkedLines& lines) {
-        if (row == nullptr) {
-            json.null();
-        } else {
-            json.written(row->values);
-        }
-        json.integer(row == nullptr ? 0 : lines.mark(row->line));
+    void writeSide(const std::optional<ShownRow>& row, LinkedLines& lines) {
+        row ? json.written(row->values) : json.null();
+        json.integer(row ? lines.mark(row->line) : 0);
     }
 
     JsonStream& json;
@@ -122,10 +141,11 @@ void writePage(JsonStream& json, ReportState& state, const LimitPage& page, Rows
 template <typename Row, typename Less, typename Shown>
 void mergeInto(RowWriter& writer, const std::vector<Row>& now, const std::vector<Row>& before, Less less,
                const Shown& shown) {
+    const auto shownIfThere = [&shown](const Row* row) {
+        return row == nullptr ? std::nullopt : std::optional<ShownRow>(shown(*row));
+    };
     mergeRows(before, now, less, [&](const Row& /*either*/, const Row* older, const Row* newer) {
-        const ShownRow newRow = newer == nullptr ? ShownRow{} : shown(*newer);
-        const ShownRow oldRow = older == nullptr ? ShownRow{} : shown(*older);
-        writer.write(newer == nullptr ? nullptr : &newRow, older == nullptr ? nullptr : &oldRow);
+        writer.write(shownIfThere(newer), shownIfThere(older));
     });
 }
 
@@ -136,27 +156,21 @@ ShownRow shownItem(const LimitItemRow& row, const LimitField* shape) {
     return {place.first, place.second, fieldsJson(row.entry->value, shape), row.entry->line};
 }
 
-using Sections = std::vector<const SettingKey*>;
-
-template <std::size_t Count>
-void writeLimitTable(JsonStream& json, ReportState& state, const LimitPage& page, const Sections& sections,
-                     const LimitRowShape<Count>& shape) {
+void writeLimitTable(JsonStream& json, ReportState& state, const LimitPage& page) {
     writePage(json, state, page, [&](RowWriter& writer) {
-        const auto shown = [&shape](const LimitItemRow& row) { return shownItem(row, shape.data()); };
+        const auto shown = [&page](const LimitItemRow& row) { return shownItem(row, page.table->shape); };
         const auto* old = state.oldText();
-        mergeInto(writer, limitItems(state.text(), sections, Count),
-                  old == nullptr ? LimitItemRows() : limitItems(*old, sections, Count), lessLimitItem, shown);
+        mergeInto(writer, limitItems(state.text(), *page.table),
+                  old == nullptr ? LimitItemRows() : limitItems(*old, *page.table), lessLimitItem, shown);
     });
 }
 
 using BondRow = const SettingsEntry*;
 
 ShownRow shownBond(BondRow row) {
-    double ratio = valueWhenMissing<double>(keys::standardBondUse);
-    standin::readDecimal(row->value, ratio);
     std::string values;
     JsonStream json([&values](std::string_view piece) { values += piece; });
-    json.decimal(ratio);
+    json.decimal(numberOf(*row).value_or(valueWhenMissing<double>(keys::standardBondUse)));
     json.flush();
     return {"", std::string(row->key), '[' + values + ']', row->line};
 }
@@ -168,12 +182,8 @@ bool lessBond(BondRow left, BondRow right) {
 // A code that is found in upper case as well has one row, the one that is written.
 std::vector<BondRow> bondsOf(const SettingsText* text) {
     std::vector<BondRow> rows;
-    const auto* section = text == nullptr ? nullptr : text->findSection(keys::standardBondUse.section);
-    if (section == nullptr) return rows;
-    rows.reserve(section->entries.size());
-    for (const SettingsEntry& entry : section->entries) {
-        if (!entry.repeated) rows.push_back(&entry);
-    }
+    if (text == nullptr) return rows;
+    forEachNumberRow(*text, keys::standardBondUse, [&rows](const SettingsEntry& entry) { rows.push_back(&entry); });
     std::sort(rows.begin(), rows.end(), lessBond);
     return rows;
 }
@@ -202,23 +212,9 @@ void writeFixedIncome(JsonStream& json, ReportState& state) {
         for (const FixedIncomeKey& key : kFixedIncomeKeys) {
             const auto now = fixedIncomeRow(state.text(), *key.key);
             const auto before = state.oldText() == nullptr ? std::nullopt : fixedIncomeRow(*state.oldText(), *key.key);
-            if (now || before) writer.write(now ? &*now : nullptr, before ? &*before : nullptr);
+            if (now || before) writer.write(now, before);
         }
     });
-}
-
-void writeRates(JsonStream& json, ReportState& state) {
-    writeLimitTable(json, state,
-                    {"Rates, exchanges",
-                     "What each number limits is for the order checks of the trading core to say.",
-                     {"rate 1", "rate 2", "rate 3", "rate 4", "rate 5", "rate 6", "count"}},
-                    {&keys::stockRates}, kStockRateRow);
-    writeLimitTable(json, state,
-                    {"Rates, Shanghai connect", "The market HK goes by the rows of HGT here.", kConnectColumns},
-                    {&keys::connectShanghaiRates}, kConnectRateRow);
-    writeLimitTable(json, state,
-                    {"Rates, Shenzhen connect", "The market HK goes by the rows of SGT here.", kConnectColumns},
-                    {&keys::connectShenzhenRates}, kConnectRateRow);
 }
 
 }  // namespace
@@ -226,19 +222,8 @@ void writeRates(JsonStream& json, ReportState& state) {
 void writeLimitData(JsonStream& json, ReportState& state) {
     json.name("limits");
     json.beginArray();
-    writeLimitTable(json, state,
-                    {"Order limits",
-                     "The largest quantity of one order; 1000000 shares where no row fits. A row for a code counts "
-                     "before the row for its category.",
-                     {"quantity", "unit"}},
-                    {&keys::orderLimits, &keys::connectShanghaiOrderLimits, &keys::connectShenzhenOrderLimits},
-                    kOrderLimitRow);
-    writeLimitTable(json, state,
-                    {"Block trades",
-                     "By category alone: a row for a code is never found. 1000000 where no row fits.",
-                     {"quantity", "unit", "amount"}},
-                    {&keys::blockTradeLimits}, kBlockTradeLimitRow);
-    writeRates(json, state);
+    for (const LimitPage& page : kTablePages)
+        writeLimitTable(json, state, page);
     writeFixedIncome(json, state);
     writeBonds(json, state);
     json.endArray();

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/limits/limittables.h"
 #include "ttconfig/report/datawriters.h"
 #include "ttconfig/text/showntext.h"
 
@@ -26,10 +27,6 @@ bool isOther(const SettingKey& key) {
         case ValueGrammar::Flag:
         case ValueGrammar::Integer:
         case ValueGrammar::Text:
-        case ValueGrammar::OrderLimitRow:
-        case ValueGrammar::BlockTradeLimitRow:
-        case ValueGrammar::StockRateRow:
-        case ValueGrammar::ConnectRateRow:
         case ValueGrammar::FixedIncomeNumbers:
             return false;
         case ValueGrammar::Decimal:
@@ -40,7 +37,7 @@ bool isOther(const SettingKey& key) {
         case ValueGrammar::PerPlatformDecimalKeepEmpty:
             return key.feeds.empty();
         default:
-            return true;
+            return limitTableOf(key.section) == nullptr;
     }
 }
 

@@ -1,13 +1,9 @@
 // Catalogue facts: answers which entry of the product settings each thing in the catalogues is from.
-// Doors: contractFacts(), subscriptionFeeRows(), standardBondRows().
+// Doors: contractFacts().
 // Owns: nothing; the catalogue is filled by the library's own readers of values.
 // Covered by tests/tools/ttconfig/reasonfacts_test.cpp.
 
 #include "ttconfig/tables/cataloguefacts.h"
-
-#include <standin/numbertext.h>
-
-#include <boost/algorithm/string/case_conv.hpp>
 
 #include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
@@ -51,21 +47,6 @@ void addTypes(const SettingsEntry& row, ContractFacts& facts) {
     forEachType(row, [&](const PairEntry& entry, std::string_view type) { addType(row, entry, type, facts); });
 }
 
-NumberRows numberRows(const SettingsText& text, const SettingKey& topic, double whenUnreadable) {
-    NumberRows rows;
-    const standin::SettingsSection* section = text.findSection(topic.section);
-    if (section == nullptr) return rows;
-    for (const SettingsEntry& entry : section->entries) {
-        if (entry.repeated) continue;
-        NumberRow row{&entry, whenUnreadable};
-        row.isNumber = standin::readDecimal(entry.value, row.value);
-        rows.emplace(entry.key, row);
-        row.isUpperCase = true;
-        rows.emplace(boost::algorithm::to_upper_copy(std::string(entry.key)), row);
-    }
-    return rows;
-}
-
 }  // namespace
 
 bool isForCredit(const ContractEntry& entry) {
@@ -81,14 +62,6 @@ ContractFacts contractFacts(const SettingsText& text) {
         addTypes(*row, facts);
     }
     return facts;
-}
-
-NumberRows subscriptionFeeRows(const SettingsText& text) {
-    return numberRows(text, keys::subscriptionFees, 0.0);
-}
-
-NumberRows standardBondRows(const SettingsText& text) {
-    return numberRows(text, keys::standardBondUse, valueWhenMissing<double>(keys::standardBondUse));
 }
 
 }  // namespace ttconfig

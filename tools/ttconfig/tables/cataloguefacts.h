@@ -55,18 +55,4 @@ struct ContractFacts {
 
 ContractFacts contractFacts(const standin::SettingsText& text);
 
-// A row of the subscription fees or of the bond ratios.
-struct NumberRow {
-    const standin::SettingsEntry* row = nullptr;
-    double value = 0.0;
-    bool isNumber = true;      // false where the value is none and the default stands for it
-    bool isUpperCase = false;  // found by the key in upper case, which is not how it is written
-};
-
-// The rows by what a question may ask for: each key as written and in upper case, the first that comes to one counts.
-using NumberRows = std::map<std::string, NumberRow>;
-
-NumberRows subscriptionFeeRows(const standin::SettingsText& text);
-NumberRows standardBondRows(const standin::SettingsText& text);
-
 }  // namespace ttconfig

@@ -55,17 +55,4 @@ void forEachCollateralSale(const standin::SettingsEntry& row, Sink&& sink) {
 ConcentrationFacts concentrationFacts(const standin::SettingsText& text);
 CollateralSaleFacts collateralSaleFacts(const standin::SettingsText& text);
 
-// The rows of the fixed-income platform, each with its bond trade type.
-struct FixedIncomeKey {
-    const ttservice::internal::SettingKey* key;
-    int bondTradeType;
-};
-
-inline constexpr FixedIncomeKey kFixedIncomeKeys[] = {
-    {&ttservice::internal::keys::shFixIncome, 2},
-    {&ttservice::internal::keys::shLoanClickDeal, 3},
-    {&ttservice::internal::keys::shLoanEnquiryDeal, 4},
-    {&ttservice::internal::keys::shLoanBidDeal, 5},
-};
-
 }  // namespace ttconfig

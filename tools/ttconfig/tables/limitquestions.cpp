@@ -1,14 +1,15 @@
 // Limit questions: answers which rows of a limit table any question looks for.
 // Doors: those of the header.
-// Owns: the category words of each table.
-// Covered by tests/tools/ttconfig/limitquestions_test.cpp and differences/differencesoracle_test.cpp.
+// Owns: the category words of each question.
+// Test: tests/tools/ttconfig/tables/limitquestions_test.cpp
 
 #include "ttconfig/tables/limitquestions.h"
+
+#include <ttplatform/text.h>
 
 #include <algorithm>
 #include <utility>
 
-#include "traderbase/base/config/internal/limits/limitcategories.h"
 #include "traderbase/base/config/internal/words/categorywords.h"
 #include "traderbase/base/config/internal/words/markets.h"
 #include "ttconfig/text/nearestname.h"
@@ -41,33 +42,14 @@ const Words& orderWords(std::string_view market) {
     return isOptionExchange(market) ? kOptions : kOthers;
 }
 
-const Words& blockTradeWords() {
-    static const Words kWords = {words::kStock, words::kDirectionalConvertibleBond, words::kPif, words::kLoan,
-                                 words::kFund};
-    return kWords;
-}
-
-const Words& blockTradeAmountWords() {
-    static const Words kWords = {words::kStock, words::kLoan, words::kFund};
-    return kWords;
-}
-
-const Words& stockRateWords() {
-    static const Words kWords = {words::kLondonCdr, words::kInnovation, words::kCdr, words::kStock,      words::kLoan,
-                                 words::kPif,       words::kFund,       words::kEtf, words::kRepurchase, words::kDef};
-    return kWords;
-}
-
-const Words& shanghaiConnectRateWords(std::string_view market) {
-    static const Words kConnect = {words::kStock};
-    static const Words kOthers = {words::kLoan, words::kDef};
-    return isShanghaiConnect(market) ? kConnect : kOthers;
-}
-
-const Words& shenzhenConnectRateWords() {
-    static const Words kWords = {words::kStock};
-    return kWords;
-}
+// The words of each question; those of the block trades' quantity include the amount's.
+const Words kBlockTradeQuantityWords = {words::kStock, words::kDirectionalConvertibleBond, words::kPif, words::kLoan,
+                                        words::kFund};
+const Words kBlockTradeAmountWords = {words::kStock, words::kLoan, words::kFund};
+const Words kStockRateWords = {words::kLondonCdr, words::kInnovation, words::kCdr, words::kStock,      words::kLoan,
+                               words::kPif,       words::kFund,       words::kEtf, words::kRepurchase, words::kDef};
+const Words kConnectRateWords = {words::kStock};
+const Words kOtherShanghaiConnectRateWords = {words::kLoan, words::kDef};
 
 bool holds(const Words& list, std::string_view word) {
     return std::find(list.begin(), list.end(), word) != list.end();
@@ -75,17 +57,13 @@ bool holds(const Words& list, std::string_view word) {
 
 // --- markets
 
-bool isConnectTable(LimitTopic topic) {
-    return topic == LimitTopic::ShanghaiConnectRates || topic == LimitTopic::ShenzhenConnectRates;
+// Whoever asks a connect for HK is answered from its own market.
+bool isAskedUnderAnotherName(const LimitQuestionSpec& question, std::string_view market) {
+    return marketLookedFor(question, market) != market;
 }
 
-// Whoever asks the connects for HK is answered from HGT and from SGT.
-bool isAskedUnderAnotherName(LimitTopic topic, std::string_view market) {
-    return isConnectTable(topic) && market == markets::kHk;
-}
-
-bool isBlockTrade(LimitTopic topic) {
-    return topic == LimitTopic::BlockTrades || topic == LimitTopic::BlockTradeAmounts;
+bool isOrderLimit(const LimitQuestionSpec& question) {
+    return &question == &kOrderLimitQuestion;
 }
 
 // Whether codes of the market always hold a digit.
@@ -103,9 +81,8 @@ bool hasFutures(std::string_view market) {
 }
 
 // Options are told apart by the price type and by nothing else, as long as the platform gives them no other type.
-bool isUsual(LimitTopic topic, std::string_view market, std::string_view word) {
-    return topic != LimitTopic::OrderLimits || !isOptionExchange(market) ||
-           isOneOf(word, words::kMarket, words::kLimit);
+bool isUsual(const LimitQuestionSpec& question, std::string_view market, std::string_view word) {
+    return !isOrderLimit(question) || !isOptionExchange(market) || isOneOf(word, words::kMarket, words::kLimit);
 }
 
 // One of each kind of price that the rules for orders tell apart.
@@ -113,10 +90,37 @@ constexpr int kKindsOfPrice[] = {0, 50, 84, 117};
 
 }  // namespace
 
+AskedLimit::AskedLimit(const LimitQuestionSpec& asked, const std::string& askedMarket, const std::string& askedCode,
+                       int priceType)
+    : question(asked),
+      market(marketLookedFor(asked, utils::toUpper(askedMarket))),
+      code(utils::toUpper(askedCode)),
+      category(asked.category(market, code, static_cast<EBrokerPriceType>(priceType))) {}
+
+Answer limitAnswer(const LimitQuestionSpec& question, std::optional<std::string_view> rowValue) {
+    LimitFieldTexts fields;
+    splitLimitFields(rowValue.value_or(question.withoutRow), fields);
+    const std::string_view* field = fields.data() + (rowValue ? question.firstField : 0);
+    const LimitField* kind = question.table->shape + question.firstField;
+    const auto answer = [](auto value) {
+        if constexpr (std::is_same_v<decltype(value), std::string_view>) {
+            return Answer(std::string(value));
+        } else {
+            return Answer(value);
+        }
+    };
+    if (question.fieldCount == 1) return withFieldValue(*kind, *field, answer);
+    Answer all = Answer::array();
+    for (std::size_t i = 0; i < question.fieldCount; ++i)
+        all.push_back(withFieldValue(kind[i], field[i], answer));
+    return all;
+}
+
 const std::vector<std::string_view>& categoryWords() {
     static const Words kWords = [] {
         Words all;
-        for (const Words* list : {&orderWords({}), &orderWords(markets::kSho), &blockTradeWords(), &stockRateWords()}) {
+        for (const Words* list :
+             {&orderWords({}), &orderWords(markets::kSho), &kBlockTradeQuantityWords, &kStockRateWords}) {
             for (const std::string_view word : *list) {
                 if (!holds(all, word)) all.push_back(word);
             }
@@ -130,53 +134,31 @@ bool isCategoryWord(std::string_view item) {
     return holds(categoryWords(), item);
 }
 
-const std::vector<std::string_view>& categoryWordsOf(LimitTopic topic, std::string_view market) {
-    switch (topic) {
-        case LimitTopic::OrderLimits:
-            return orderWords(market);
-        case LimitTopic::BlockTrades:
-            return blockTradeWords();
-        case LimitTopic::BlockTradeAmounts:
-            return blockTradeAmountWords();
-        case LimitTopic::StockRates:
-            return stockRateWords();
-        case LimitTopic::ShanghaiConnectRates:
-            return shanghaiConnectRateWords(market);
-        case LimitTopic::ShenzhenConnectRates:
-            break;
+const std::vector<std::string_view>& categoryWordsOf(const LimitQuestionSpec& question, std::string_view market) {
+    if (&question == &kBlockTradeQuantityQuestion) return kBlockTradeQuantityWords;
+    if (&question == &kBlockTradeAmountQuestion) return kBlockTradeAmountWords;
+    if (&question == &kStockRateQuestion) return kStockRateWords;
+    if (&question == &kShenzhenConnectRateQuestion) return kConnectRateWords;
+    if (&question == &kShanghaiConnectRateQuestion) {
+        return isShanghaiConnect(market) ? kConnectRateWords : kOtherShanghaiConnectRateWords;
     }
-    return shenzhenConnectRateWords();
+    return orderWords(market);
 }
 
-bool isReachable(LimitTopic topic, std::string_view market, std::string_view item) {
-    if (market.empty() || item.empty() || isAskedUnderAnotherName(topic, market)) return false;
-    if (isCategoryWord(item)) return holds(categoryWordsOf(topic, market), item);
-    return !isBlockTrade(topic) && !isNeitherCodeNorCategory(market, item);
+bool isReachable(const LimitQuestionSpec& question, std::string_view market, std::string_view item) {
+    if (market.empty() || item.empty() || isAskedUnderAnotherName(question, market)) return false;
+    if (isCategoryWord(item)) return holds(categoryWordsOf(question, market), item);
+    return question.looksForCode && !isNeitherCodeNorCategory(market, item);
 }
 
-std::vector<std::string_view> categoryWordsOfCode(LimitTopic topic, const std::string& market,
+std::vector<std::string_view> categoryWordsOfCode(const LimitQuestionSpec& question, const std::string& market,
                                                   const std::string& code) {
-    switch (topic) {
-        case LimitTopic::OrderLimits: {
-            Words found;
-            for (const int price : kKindsOfPrice) {
-                const auto word = orderLimitCategory(market, code, static_cast<EBrokerPriceType>(price)).word;
-                if (!holds(found, word)) found.push_back(word);
-            }
-            return found;
-        }
-        case LimitTopic::BlockTrades:
-            return {blockTradeQuantityCategory(market, code).word};
-        case LimitTopic::BlockTradeAmounts:
-            return {blockTradeAmountCategory(market, code).word};
-        case LimitTopic::StockRates:
-            return {stockRateCategory(market, code).word};
-        case LimitTopic::ShanghaiConnectRates:
-            return {shanghaiConnectRateCategory(market, code).word};
-        case LimitTopic::ShenzhenConnectRates:
-            break;
+    Words found;
+    for (const int price : kKindsOfPrice) {
+        const auto word = question.category(market, code, static_cast<EBrokerPriceType>(price)).word;
+        if (!holds(found, word)) found.push_back(word);
     }
-    return {shenzhenConnectRateCategory().word};
+    return found;
 }
 
 bool knowsInstrument(const standin::PlatformData& platform, const std::string& market, const std::string& code) {
@@ -189,31 +171,31 @@ bool knowsInstrument(const standin::PlatformData& platform, const std::string& m
                        [&](int type) { return platform.isBaseType(type, market, code); });
 }
 
-bool isOfOtherConnect(LimitTopic topic, std::string_view market) {
-    return (topic == LimitTopic::ShanghaiConnectRates && isShenzhenConnect(market)) ||
-           (topic == LimitTopic::ShenzhenConnectRates && isShanghaiConnect(market));
+bool isOfOtherConnect(const LimitQuestionSpec& question, std::string_view market) {
+    return (&question == &kShanghaiConnectRateQuestion && isShenzhenConnect(market)) ||
+           (&question == &kShenzhenConnectRateQuestion && isShanghaiConnect(market));
 }
 
 bool isNeitherCodeNorCategory(std::string_view market, std::string_view item) {
     return !item.empty() && codesHaveDigits(market) && !hasDigit(item) && !isCategoryWord(item);
 }
 
-std::string whyUnreachable(LimitTopic topic, std::string_view market, std::string_view item) {
-    if (isAskedUnderAnotherName(topic, market)) {
-        return topic == LimitTopic::ShanghaiConnectRates ? "the market HK is looked up as HGT; write HGT for HK"
-                                                         : "the market HK is looked up as SGT; write SGT for HK";
+std::string whyUnreachable(const LimitQuestionSpec& question, std::string_view market, std::string_view item) {
+    if (isAskedUnderAnotherName(question, market)) {
+        const std::string own(question.hkStandsFor);
+        return "the market HK is looked up as " + own + "; write " + own + " for HK";
     }
     if (!isCategoryWord(item)) {
-        if (!isBlockTrade(topic)) return {};
+        if (question.looksForCode) return {};
         return "block trades go by category alone; write the row of the category, or take it out";
     }
-    if (holds(categoryWordsOf(topic, market), item) && isUsual(topic, market, item)) return {};
-    if (topic == LimitTopic::OrderLimits && isOptionExchange(market))
+    if (holds(categoryWordsOf(question, market), item) && isUsual(question, market, item)) return {};
+    if (isOrderLimit(question) && isOptionExchange(market))
         return "options go by MARKET or LIMIT, as long as the platform gives them no other type; write one";
-    if (topic == LimitTopic::OrderLimits && isOneOf(item, words::kMarket, words::kLimit)) {
+    if (isOrderLimit(question) && isOneOf(item, words::kMarket, words::kLimit)) {
         return "only the option markets SHO and SZO go by MARKET and LIMIT";
     }
-    if (isBlockTrade(topic)) {
+    if (!question.looksForCode) {
         return "block trades know STOCK, LOAN, FUND, PIF and DIRECTIONALCONVERTIBALEBOND and no other category";
     }
     return "instruments of this market never go by that category here; take it out";
@@ -235,8 +217,8 @@ std::string_view categoryMeant(std::string_view word) {
     return nearestName(word, categoryWords());
 }
 
-bool isOddForFutures(LimitTopic topic, std::string_view market, std::string_view word) {
-    const bool goesByType = topic == LimitTopic::OrderLimits || topic == LimitTopic::StockRates;
+bool isOddForFutures(const LimitQuestionSpec& question, std::string_view market, std::string_view word) {
+    const bool goesByType = isOrderLimit(question) || &question == &kStockRateQuestion;
     return goesByType && hasFutures(market) && word != words::kDef && isCategoryWord(word);
 }
 

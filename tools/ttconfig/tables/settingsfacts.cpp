@@ -24,9 +24,9 @@ SettingsFacts::Repeats SettingsFacts::repeatsIn(const standin::SettingsText& tex
 
 std::vector<const SettingsEntry*> SettingsFacts::repeatsOf(std::string_view section, std::string_view key) const {
     std::vector<const SettingsEntry*> found;
-    const Repeats& all = kept(repeats, &repeatsIn);
-    const auto place = all.find(section);
-    if (place == all.end()) return found;
+    if (!repeats) repeats = repeatsIn(source);
+    const auto place = repeats->find(section);
+    if (place == repeats->end()) return found;
     std::copy_if(place->second.begin(), place->second.end(), std::back_inserter(found),
                  [key](const SettingsEntry* entry) { return entry->key == key; });
     return found;

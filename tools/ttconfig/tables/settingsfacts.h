@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "ttconfig/tables/cataloguefacts.h"
-#include "ttconfig/tables/limittablefacts.h"
+#include "ttconfig/tables/numberrows.h"
 
 namespace ttconfig {
 
@@ -23,13 +23,10 @@ public:
 
     const standin::SettingsText& text() const { return source; }
 
-    const LimitTable& orderLimits() const { return kept(orderLimitRows, orderLimitTable); }
-    const LimitTable& blockTrades() const { return kept(blockTradeRows, blockTradeTable); }
-    const LimitTable& stockRates() const { return kept(stockRateRows, stockRateTable); }
-    const LimitTable& shanghaiConnectRates() const { return kept(shanghaiConnectRows, shanghaiConnectRateTable); }
-    const LimitTable& shenzhenConnectRates() const { return kept(shenzhenConnectRows, shenzhenConnectRateTable); }
-    const NumberRows& subscriptionFees() const { return kept(feeRows, subscriptionFeeRows); }
-    const NumberRows& standardBonds() const { return kept(bondRows, standardBondRows); }
+    // The rows of a section whose keys are names and whose values are numbers.
+    const NumberRows& numberRows(const ttservice::internal::SettingKey& topic) const {
+        return numbers.try_emplace(&topic, source, topic).first->second;
+    }
 
     // The later entries of a repeated key, in file order.
     std::vector<const standin::SettingsEntry*> repeatsOf(std::string_view section, std::string_view key) const;
@@ -38,24 +35,12 @@ public:
     const std::string settingsPath;
 
 private:
-    template <typename Table>
-    const Table& kept(std::optional<Table>& place, Table (*make)(const standin::SettingsText&)) const {
-        if (!place) place = make(source);
-        return *place;
-    }
-
     // All later entries of repeated keys, by section.
     using Repeats = std::map<std::string_view, std::vector<const standin::SettingsEntry*>>;
     static Repeats repeatsIn(const standin::SettingsText& text);
 
     const standin::SettingsText& source;
-    mutable std::optional<LimitTable> orderLimitRows;
-    mutable std::optional<LimitTable> blockTradeRows;
-    mutable std::optional<LimitTable> stockRateRows;
-    mutable std::optional<LimitTable> shanghaiConnectRows;
-    mutable std::optional<LimitTable> shenzhenConnectRows;
-    mutable std::optional<NumberRows> feeRows;
-    mutable std::optional<NumberRows> bondRows;
+    mutable std::map<const ttservice::internal::SettingKey*, NumberRows> numbers;
     mutable std::optional<Repeats> repeats;
 };
 

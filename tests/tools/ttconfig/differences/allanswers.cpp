@@ -19,7 +19,7 @@ namespace tests {
 namespace {
 
 using ttconfig::Answer;
-using ttconfig::LimitTopic;
+using ttconfig::LimitQuestionSpec;
 using ttservice::ConfigCollector;
 
 struct Kind {
@@ -190,9 +190,9 @@ private:
     }
 
     // A code that no row names stands for its category: the answer is that of the category.
-    void addLimit(LimitTopic topic, const std::string& market, const std::string& code, const std::string& category,
-                  const std::string& question, const Answer& answer) {
-        if (ttconfig::isCategoryWord(code) || !ttconfig::isReachable(topic, market, code)) return;
+    void addLimit(const LimitQuestionSpec& asked, const std::string& market, const std::string& code,
+                  const std::string& category, const std::string& question, const Answer& answer) {
+        if (ttconfig::isCategoryWord(code) || !ttconfig::isReachable(asked, market, code)) return;
         add(market + '-' + (code == "ZZZ9" ? category : code) + ": " + question, answer);
     }
 
@@ -201,19 +201,18 @@ private:
         for (const int price : kPriceTypes) {
             const auto priceType = static_cast<EBrokerPriceType>(price);
             const auto limit = store.getOrderLimit(market, code, priceType);
-            addLimit(LimitTopic::OrderLimits, market, code,
-                     std::string(orderLimitCategory(market, code, priceType).word), "getOrderLimit",
-                     Answer::array({limit.first, limit.second}));
+            addLimit(kOrderLimitQuestion, market, code, std::string(orderLimitCategory(market, code, priceType).word),
+                     "getOrderLimit", Answer::array({limit.first, limit.second}));
         }
         if (code == "ZZZ9") askBlockTrades(market, code);
-        addLimit(LimitTopic::StockRates, market, code, std::string(stockRateCategory(market, code).word),
-                 "getRateLimitPtr", fields(*store.getRateLimitPtr(market, code)));
+        addLimit(kStockRateQuestion, market, code, std::string(stockRateCategory(market, code).word), "getRateLimitPtr",
+                 fields(*store.getRateLimitPtr(market, code)));
         const std::string shanghai = market == "HK" ? "HGT" : market;
-        addLimit(LimitTopic::ShanghaiConnectRates, shanghai, code,
+        addLimit(kShanghaiConnectRateQuestion, shanghai, code,
                  std::string(shanghaiConnectRateCategory(shanghai, code).word), "getHGTExchangeRateLimitPtr",
                  connectFields(*store.getHGTExchangeRateLimitPtr(market, code)));
         const std::string shenzhen = market == "HK" ? "SGT" : market;
-        addLimit(LimitTopic::ShenzhenConnectRates, shenzhen, code, "STOCK", "getSgtExchangeRateLimitPtr",
+        addLimit(kShenzhenConnectRateQuestion, shenzhen, code, "STOCK", "getSgtExchangeRateLimitPtr",
                  connectFields(*store.getSgtExchangeRateLimitPtr(market, code)));
     }
 

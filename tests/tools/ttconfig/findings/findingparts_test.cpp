@@ -11,11 +11,11 @@
 #include "ttconfig/advice/causes.h"
 #include "ttconfig/advice/marketnames.h"
 #include "ttconfig/advice/names.h"
-#include "ttconfig/checks/limitwinners.h"
 #include "ttconfig/findings/rules.h"
 #include "ttconfig/findings/sarif.h"
 #include "ttconfig/findings/textcolumns.h"
 #include "ttconfig/invocation/fault.h"
+#include "ttconfig/tables/limittable.h"
 
 namespace {
 
@@ -98,8 +98,9 @@ TEST(MarketNames, AreThoseOfTheRulesAndOfThePlatformData) {
 
 TEST(LimitWinners, AreTheLastRowsInTheOrderOfALoad) {
     const standin::SettingsText text{
-        std::string("[b]\nSH-1,sz-2=1,u\n[a]\nsh-1=1,u\nSZ-2=1\nSH-3,SH-4=1,u\nSH-4=2,u\n")};
-    const LimitWinners winners(text, {{"a", 2}, {"b", 2}, {"missing", 2}});
+        std::string("[HGTExchangeOrderLimit]\nSH-1,sz-2=1,u\n"
+                    "[StkExchangeOrderLimit]\nsh-1=1,u\nSZ-2=1\nSH-3,SH-4=1,u\nSH-4=2,u\n")};
+    const LimitWinners winners(text, ttservice::internal::kOrderLimitTable);
     using ttservice::internal::limitItem;
     EXPECT_EQ(winners.winner(limitItem("Sh-1")), (Place{2, 1}));
     EXPECT_EQ(winners.winner(limitItem("SZ-2")), (Place{2, 6}));

@@ -25,9 +25,9 @@ namespace {
 
 using nlohmann::json;
 using ttconfig::Answer;
+using ttconfig::LimitBasis;
 using ttconfig::LimitFact;
 using ttconfig::LimitQuestion;
-using ttconfig::LimitReason;
 
 using Instrument = std::pair<std::string, std::string>;
 
@@ -89,32 +89,32 @@ public:
 
 private:
     json said(const LimitFact& fact, const LimitQuestion& question) {
-        const LimitReason& reason = fact.reason;
-        if (reason.rule != nullptr) {
+        if (const auto* rule = fact.explanation.unitRule) {
             ++seen["rule"];
-            rulesNamed.insert(fact.name + " " + std::string(reason.rule->number));
-            return saidByRule(std::string(reason.rule->meaning), question);
+            rulesNamed.insert(fact.name + " " + std::string(rule->number));
+            return saidByRule(std::string(rule->meaning), question);
         }
-        if (!reason.row) {
+        const LimitBasis& limit = fact.explanation.limit.value();
+        if (limit.row == nullptr) {
             ++seen["default"];
             return valueWithoutRow(fact.name);
         }
-        ++seen[reason.category.word.empty() ? "code row" : "category row"];
-        const std::string word =
-            reason.category.word.empty() ? upper(question.code) : std::string(reason.category.word);
-        EXPECT_EQ(reason.item.substr(reason.item.find('-') + 1), word);
-        checkThatItStandsThere(*reason.row, reason.item);
-        return saidByFields(fact.name, split(std::string(reason.row->row->value), ','));
+        ++seen[limit.category.word.empty() ? "code row" : "category row"];
+        const std::string word = limit.category.word.empty() ? upper(question.code) : std::string(limit.category.word);
+        EXPECT_EQ(limit.item.substr(limit.item.find('-') + 1), word);
+        checkThatItStandsThere(limit);
+        return saidByFields(fact.name, split(std::string(limit.row->value), ','));
     }
 
-    void checkThatItStandsThere(const ttconfig::LimitEntry& entry, const std::string& item) const {
-        const standin::SettingsEntry& row = *entry.row;
+    void checkThatItStandsThere(const LimitBasis& limit) const {
+        const standin::SettingsEntry& row = *limit.row;
+        const std::string& item = limit.item;
         ASSERT_LE(row.line, lines.size());
         EXPECT_EQ(lines[row.line - 1], std::string(row.key) + "=" + std::string(row.value));
         std::size_t header = row.line - 1;
         while (header > 0 && lines[header][0] != '[')
             --header;
-        EXPECT_EQ(lines[header], "[" + std::string(entry.section->name) + "]");
+        EXPECT_EQ(lines[header], "[" + std::string(limit.section) + "]");
         bool isNamed = false;
         for (const std::string& written : split(upper(std::string(row.key)), ','))
             isNamed |= written == item || (written.find('-') == std::string::npos && written + "-" + written == item);

@@ -8,7 +8,8 @@
 #include "ttconfig/settings/place.h"
 #include "ttconfig/tables/cataloguefacts.h"
 #include "ttconfig/tables/creditfacts.h"
-#include "ttconfig/tables/limittablefacts.h"
+#include "ttconfig/tables/limittable.h"
+#include "ttconfig/tables/numberrows.h"
 #include "ttconfig/tables/platformvaluefacts.h"
 #include "ttconfig/tables/settingsfacts.h"
 #include "ttconfig/tables/switchfacts.h"
@@ -81,18 +82,24 @@ TEST(LimitTable, KnowsWhatEachEntryOverwrote) {
     const SettingsText text(
         std::string("[StkExchangeOrderLimit]\nSH-1,sh-1=1,a\nSH-2=5\n"
                     "[HGTExchangeOrderLimit]\nSH-1=2,b\nSH-1=3,c\n"));
-    const ttconfig::LimitTable table = ttconfig::orderLimitTable(text);
-    const ttconfig::LimitEntries entries = table.entriesOf("SH", "1");
+    const auto entriesOf = [&text](const char* item) {
+        return ttconfig::limitEntries(text, ttservice::internal::kOrderLimitTable, "SH", item);
+    };
+    const ttconfig::LimitEntries entries = entriesOf("1");
     ASSERT_TRUE(entries.last);
     EXPECT_EQ(entries.last->place(), (Place{5, 1}));
-    EXPECT_EQ(entries.last->section->name, "HGTExchangeOrderLimit");
+    EXPECT_EQ(entries.last->section->section, "HGTExchangeOrderLimit");
     EXPECT_EQ(entries.last->row->value, "2,b");
     ASSERT_EQ(entries.former.size(), 2U);
     EXPECT_EQ(entries.former[0].place(), (Place{2, 6}));
     EXPECT_EQ(entries.former[1].place(), (Place{2, 1}));
     EXPECT_EQ(entries.furtherFormer, 0U);
-    EXPECT_FALSE(table.find("SH", "2"));
-    EXPECT_EQ(table.passedOver.size(), 2U);
+    ASSERT_EQ(entries.passedOver.size(), 1U);
+    EXPECT_EQ(entries.passedOver[0].place(), (Place{6, 1}));
+    const ttconfig::LimitEntries others = entriesOf("2");
+    EXPECT_FALSE(others.last);
+    ASSERT_EQ(others.passedOver.size(), 1U);
+    EXPECT_EQ(others.passedOver[0].place(), (Place{3, 1}));
 }
 
 TEST(ContractFacts, HaveTheEntryBehindEachRecordAndType) {
@@ -111,13 +118,18 @@ TEST(ContractFacts, HaveTheEntryBehindEachRecordAndType) {
 
 TEST(NumberRows, AreFoundAsWrittenAndInUpperCase) {
     const SettingsText text(std::string("[StandardBondUseLimit]\nab=0.5\nAB=0.6\ncd=x\n"));
-    const ttconfig::NumberRows rows = ttconfig::standardBondRows(text);
-    EXPECT_EQ(rows.at("ab").value, 0.5);
-    EXPECT_EQ(rows.at("AB").value, 0.5);
-    EXPECT_TRUE(rows.at("AB").isUpperCase);
-    EXPECT_FALSE(rows.at("cd").isNumber);
-    EXPECT_EQ(rows.at("cd").value, 1.0);
-    EXPECT_EQ(ttconfig::subscriptionFeeRows(text).size(), 0U);
+    const ttconfig::NumberRows rows(text, keys::standardBondUse);
+    for (const char* name : {"ab", "AB"}) {
+        const ttconfig::NumberRow* row = rows.find(name);
+        ASSERT_NE(row, nullptr) << name;
+        EXPECT_EQ(ttconfig::numberOf(*row->entry), 0.5) << name;
+        EXPECT_EQ(row->isUpperCase, name == std::string("AB"));
+        EXPECT_EQ(rows.less.nameOf(*row), name);
+    }
+    ASSERT_NE(rows.find("cd"), nullptr);
+    EXPECT_EQ(ttconfig::numberOf(*rows.find("cd")->entry), std::nullopt);
+    EXPECT_EQ(rows.find("ef"), nullptr);
+    EXPECT_EQ(ttconfig::NumberRows(text, keys::subscriptionFees).find("ab"), nullptr);
 }
 
 TEST(CreditFacts, HaveTheEntriesOfEachPlatform) {

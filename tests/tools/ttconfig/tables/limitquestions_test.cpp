@@ -12,20 +12,16 @@
 #include <utility>
 #include <vector>
 
-#include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "traderbase/base/config/internal/limits/limitcategories.h"
-#include "traderbase/base/config/internal/limits/limitrows.h"
-#include "ttconfig/tables/limititems.h"
+#include "traderbase/base/config/internal/limits/limittables.h"
 #include "ttconfig/tables/limitquestions.h"
+#include "ttconfig/tables/limittable.h"
 
 namespace {
 
-using ttconfig::LimitTopic;
+using ttconfig::LimitQuestionSpec;
 using namespace ttservice::internal;
 
-const std::vector<LimitTopic> kTopics = {LimitTopic::OrderLimits,          LimitTopic::BlockTrades,
-                                         LimitTopic::BlockTradeAmounts,    LimitTopic::StockRates,
-                                         LimitTopic::ShanghaiConnectRates, LimitTopic::ShenzhenConnectRates};
 const std::vector<std::string> kMarkets = {"SH",      "SZ",  "BJ",       "NEEQ", "SHFE", "HGT",
                                            "SSEHKEX", "SGT", "SZSEHKEX", "HKFE", "SHO",  "SZO"};
 
@@ -53,19 +49,19 @@ void withEveryKind(const Look& look) {
     standin::PlatformData::install(standin::PlatformData());
 }
 
-using Asked = std::map<std::pair<LimitTopic, std::string>, std::set<std::string_view>>;
+using Asked = std::map<std::pair<const LimitQuestionSpec*, std::string>, std::set<std::string_view>>;
 
 void addAsked(Asked& asked) {
     for (const std::string& market : kMarkets) {
         for (const int price : {0, 50, 117, 84}) {
             const auto type = static_cast<EBrokerPriceType>(price);
-            asked[{LimitTopic::OrderLimits, market}].insert(orderLimitCategory(market, "1", type).word);
+            asked[{&kOrderLimitQuestion, market}].insert(orderLimitCategory(market, "1", type).word);
         }
-        asked[{LimitTopic::BlockTrades, market}].insert(blockTradeQuantityCategory(market, "1").word);
-        asked[{LimitTopic::BlockTradeAmounts, market}].insert(blockTradeAmountCategory(market, "1").word);
-        asked[{LimitTopic::StockRates, market}].insert(stockRateCategory(market, "1").word);
-        asked[{LimitTopic::ShanghaiConnectRates, market}].insert(shanghaiConnectRateCategory(market, "1").word);
-        asked[{LimitTopic::ShenzhenConnectRates, market}].insert(shenzhenConnectRateCategory().word);
+        asked[{&kBlockTradeQuantityQuestion, market}].insert(blockTradeQuantityCategory(market, "1").word);
+        asked[{&kBlockTradeAmountQuestion, market}].insert(blockTradeAmountCategory(market, "1").word);
+        asked[{&kStockRateQuestion, market}].insert(stockRateCategory(market, "1").word);
+        asked[{&kShanghaiConnectRateQuestion, market}].insert(shanghaiConnectRateCategory(market, "1").word);
+        asked[{&kShenzhenConnectRateQuestion, market}].insert(shenzhenConnectRateCategory().word);
     }
 }
 
@@ -76,14 +72,14 @@ std::set<std::string_view> asSet(const std::vector<std::string_view>& words) {
 TEST(LimitQuestions, KnowTheCategoriesThatTheRulesProduce) {
     Asked asked;
     withEveryKind([&asked] { addAsked(asked); });
-    ASSERT_EQ(asked.size(), kTopics.size() * kMarkets.size());
+    ASSERT_EQ(asked.size(), std::size(kLimitQuestions) * kMarkets.size());
     std::set<std::string_view> all;
     for (const auto& [table, words] : asked) {
-        EXPECT_EQ(asSet(ttconfig::categoryWordsOf(table.first, table.second)), words)
-            << static_cast<int>(table.first) << ' ' << table.second;
+        EXPECT_EQ(asSet(ttconfig::categoryWordsOf(*table.first, table.second)), words)
+            << table.first->operation << ' ' << table.second;
         for (const std::string_view word : ttconfig::categoryWords()) {
-            EXPECT_EQ(ttconfig::isReachable(table.first, table.second, word), words.count(word) > 0)
-                << static_cast<int>(table.first) << ' ' << table.second << ' ' << word;
+            EXPECT_EQ(ttconfig::isReachable(*table.first, table.second, word), words.count(word) > 0)
+                << table.first->operation << ' ' << table.second << ' ' << word;
         }
         all.insert(words.begin(), words.end());
     }
@@ -95,14 +91,14 @@ TEST(LimitQuestions, SayWhyARowIsUnreachableAndOnlyThen) {
     installTypes(0, 0, 0);
     Asked untyped;
     addAsked(untyped);
-    for (const LimitTopic topic : kTopics) {
+    for (const LimitQuestionSpec* question : kLimitQuestions) {
         for (const std::string& market : kMarkets) {
-            const bool isOption = topic == LimitTopic::OrderLimits && (market == "SHO" || market == "SZO");
+            const bool isOption = question == &kOrderLimitQuestion && (market == "SHO" || market == "SZO");
             for (const std::string_view word : ttconfig::categoryWords()) {
-                const bool isAsked =
-                    isOption ? untyped[{topic, market}].count(word) > 0 : ttconfig::isReachable(topic, market, word);
-                EXPECT_EQ(ttconfig::whyUnreachable(topic, market, word).empty(), isAsked)
-                    << static_cast<int>(topic) << ' ' << market << ' ' << word;
+                const bool isAsked = isOption ? untyped[{question, market}].count(word) > 0
+                                              : ttconfig::isReachable(*question, market, word);
+                EXPECT_EQ(ttconfig::whyUnreachable(*question, market, word).empty(), isAsked)
+                    << question->operation << ' ' << market << ' ' << word;
             }
         }
     }
@@ -110,16 +106,16 @@ TEST(LimitQuestions, SayWhyARowIsUnreachableAndOnlyThen) {
 
 TEST(LimitQuestions, AskForCodesWhereThereAreAny) {
     using ttconfig::isReachable;
-    EXPECT_TRUE(isReachable(LimitTopic::OrderLimits, "SH", "600000"));
-    EXPECT_TRUE(isReachable(LimitTopic::StockRates, "SHFE", "AG"));
-    EXPECT_FALSE(isReachable(LimitTopic::BlockTrades, "SH", "600000")) << "by category alone";
-    EXPECT_FALSE(isReachable(LimitTopic::BlockTradeAmounts, "SH", "600000"));
-    EXPECT_FALSE(isReachable(LimitTopic::OrderLimits, "SH", "STOCKS")) << "codes of SH hold a digit";
-    EXPECT_FALSE(isReachable(LimitTopic::OrderLimits, "SH", "CDR")) << "a category of the rates";
-    EXPECT_FALSE(isReachable(LimitTopic::OrderLimits, "SH", ""));
-    EXPECT_FALSE(isReachable(LimitTopic::OrderLimits, "", "600000"));
-    EXPECT_FALSE(isReachable(LimitTopic::ShanghaiConnectRates, "HK", "00700")) << "looked up as HGT";
-    EXPECT_TRUE(isReachable(LimitTopic::OrderLimits, "HK", "00700"));
+    EXPECT_TRUE(isReachable(kOrderLimitQuestion, "SH", "600000"));
+    EXPECT_TRUE(isReachable(kStockRateQuestion, "SHFE", "AG"));
+    EXPECT_FALSE(isReachable(kBlockTradeQuantityQuestion, "SH", "600000")) << "by category alone";
+    EXPECT_FALSE(isReachable(kBlockTradeAmountQuestion, "SH", "600000"));
+    EXPECT_FALSE(isReachable(kOrderLimitQuestion, "SH", "STOCKS")) << "codes of SH hold a digit";
+    EXPECT_FALSE(isReachable(kOrderLimitQuestion, "SH", "CDR")) << "a category of the rates";
+    EXPECT_FALSE(isReachable(kOrderLimitQuestion, "SH", ""));
+    EXPECT_FALSE(isReachable(kOrderLimitQuestion, "", "600000"));
+    EXPECT_FALSE(isReachable(kShanghaiConnectRateQuestion, "HK", "00700")) << "looked up as HGT";
+    EXPECT_TRUE(isReachable(kOrderLimitQuestion, "HK", "00700"));
 }
 
 TEST(LimitQuestions, KnowWordsThatAreNeitherCategoriesNorCodes) {
@@ -141,10 +137,10 @@ TEST(LimitQuestions, KnowTheWordsOfACodeWhateverItsPriceIs) {
             std::set<std::string_view> words;
             for (int price = -1; price < 200; ++price)
                 words.insert(orderLimitCategory(market, "1", static_cast<EBrokerPriceType>(price)).word);
-            ASSERT_EQ(asSet(ttconfig::categoryWordsOfCode(LimitTopic::OrderLimits, market, "1")), words) << market;
-            for (const LimitTopic topic : kTopics) {
-                for (const std::string_view word : ttconfig::categoryWordsOfCode(topic, market, "1"))
-                    ASSERT_THAT(ttconfig::categoryWordsOf(topic, market), testing::Contains(word)) << market;
+            ASSERT_EQ(asSet(ttconfig::categoryWordsOfCode(kOrderLimitQuestion, market, "1")), words) << market;
+            for (const LimitQuestionSpec* question : kLimitQuestions) {
+                for (const std::string_view word : ttconfig::categoryWordsOfCode(*question, market, "1"))
+                    ASSERT_THAT(ttconfig::categoryWordsOf(*question, market), testing::Contains(word)) << market;
             }
         }
     });
@@ -154,8 +150,7 @@ TEST(LimitItems, AreTheRowsThatCountInOrder) {
     const standin::SettingsText text(
         std::string("[StkExchangeOrderLimit]\nsz-2,SH-9=1,u\nSH-9=2,u\nSH-1=too,many,fields\nSH-1=3,u\nsh-9=4,u\n"
                     "[HGTExchangeOrderLimit]\nSZ-2=5,u\nSH=6,u\n"));
-    const auto rows =
-        ttconfig::limitItems(text, {&keys::orderLimits, &keys::connectShanghaiOrderLimits}, kOrderLimitRow.size());
+    const auto rows = ttconfig::limitItems(text, kOrderLimitTable);
     std::vector<std::string> written;
     for (const auto& row : rows)
         written.push_back(std::string(row.item().text) + '=' + std::string(row.entry->value));
