@@ -1,5 +1,5 @@
 // Reads the figures of the benchmark programs.
-// Doors: Figures(folder), find(), machine().
+// Entry points: Figures(folder), find(), machine().
 // Owns: the choice of the time that counts, and the names of runs.
 // Not covered by tests: ./bench shows what it reads.
 

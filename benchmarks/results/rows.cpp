@@ -1,5 +1,5 @@
 // The rows of the table.
-// Doors: allGroups().
+// Entry points: allGroups().
 // Owns: the comparisons and their goals.
 // Not covered by tests: building the table reports missing runs.
 

@@ -1,5 +1,5 @@
 // The table of results.
-// Doors: resultsOf(), asMarkdown(), asJson().
+// Entry points: resultsOf(), asMarkdown(), asJson().
 // Owns: the meaning of goals, and the format of figures.
 // Not covered by tests: ./bench shows the result.
 

@@ -1,5 +1,5 @@
 // Writes BSON objects as plain JSON.
-// Doors: jsonOfObject(), decimalText().
+// Entry points: jsonOfObject(), decimalText().
 // Test: tests/platform/records_test.cpp
 #include "standin/bsonjson.h"
 

@@ -1,5 +1,5 @@
 // utils::Configuration, on top of the INI text reader.
-// Doors: parse(), getProperties(), read(), readInt(), readDouble().
+// Entry points: parse(), getProperties(), read(), readInt(), readDouble().
 // Owns: the parsed text of one configuration.
 // Test: tests/platform/configuration_test.cpp
 #include "ttplatform/configuration.h"

@@ -1,5 +1,5 @@
 // Reads whole files for the stand-in services.
-// Doors: readFileBytes(), fileProblemText().
+// Entry points: readFileBytes(), fileProblemText().
 // Test: tests/platform/filebytes_test.cpp
 #include "standin/filebytes.h"
 

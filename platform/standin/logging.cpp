@@ -1,5 +1,5 @@
 // The host's loggers and log channels.
-// Doors: g_TTStdLogger, CLogCenter, ttDbgLogNew(), setFileLogEnabled(), setEveryFileLogEnabled().
+// Entry points: g_TTStdLogger, CLogCenter, ttDbgLogNew(), setFileLogEnabled(), setEveryFileLogEnabled().
 // Owns: the standard logger and the set of enabled channels.
 // Test: tests/platform/logging_test.cpp
 #include "ttplatform/logging.h"

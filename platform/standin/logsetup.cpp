@@ -1,5 +1,5 @@
 // Where log lines go: a plain text file, or the memory of a test.
-// Doors: startLogFile(), stopLogging(), LogCapture.
+// Entry points: startLogFile(), stopLogging(), LogCapture.
 // Owns: the appenders on the root logger.
 // Test: tests/platform/logging_test.cpp
 #include "standin/logsetup.h"

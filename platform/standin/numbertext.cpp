@@ -1,5 +1,5 @@
 // Converts setting values to numbers.
-// Doors: readInt32(), readDecimal().
+// Entry points: readInt32(), readDecimal().
 // Test: tests/platform/numbertext_test.cpp
 #include "standin/numbertext.h"
 

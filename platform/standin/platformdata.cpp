@@ -1,5 +1,5 @@
 // The data that the stand-in services answer from.
-// Doors: the add and set operations, the queries, current(), install().
+// Entry points: the add and set operations, the queries, current(), install().
 // Owns: all tables, and the installed data.
 // Test: tests/platform/platformdata_test.cpp
 #include "standin/platformdata.h"

@@ -1,5 +1,5 @@
 // Reads platform data from JSON.
-// Doors: parsePlatformData(), installPlatformFile().
+// Entry points: parsePlatformData(), installPlatformFile().
 // Owns: the format of the file and the wording of its error messages.
 // Test: tests/platform/platformdatafile_test.cpp
 #include "standin/platformdatafile.h"

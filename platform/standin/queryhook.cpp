@@ -1,5 +1,5 @@
 // Lets tests observe the queries made to the stand-in services.
-// Doors: setQueryHook(), showQuery().
+// Entry points: setQueryHook(), showQuery().
 // Owns: the hook.
 // Test: tests/platform/services_test.cpp
 #include "standin/queryhook.h"

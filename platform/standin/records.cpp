@@ -1,5 +1,5 @@
 // The record classes: their log lines, and the conversion of the algorithm record.
-// Doors: toLog(), bsonValueFromObj(), CAlgorithmsParams::contentJson().
+// Entry points: toLog(), bsonValueFromObj(), CAlgorithmsParams::contentJson().
 // Test: tests/platform/records_test.cpp
 #include <mongo/util/assert_util.h>
 #include <initializer_list>

@@ -1,5 +1,5 @@
 // The host's services, answered from the installed platform data.
-// Doors: StockTypeCenter, TraderCenter, IDataCenter, the instrument queries and the rights query.
+// Entry points: StockTypeCenter, TraderCenter, IDataCenter, the instrument queries and the rights query.
 // Owns: the two singletons, which are stateless.
 // Test: tests/platform/services_test.cpp
 #include "standin/installeddata.h"

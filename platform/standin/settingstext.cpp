@@ -1,5 +1,5 @@
 // The INI reader: one pass over one buffer, and the look-ups.
-// Doors: SettingsText(bytes), load(), findSection(), findEntry().
+// Entry points: SettingsText(bytes), load(), findSection(), findEntry().
 // Owns: the rules of the format, the two hash tables.
 // Test: tests/platform/settingstext_test.cpp, tests/platform/settingsoracle_test.cpp
 #include "standin/settingstext.h"

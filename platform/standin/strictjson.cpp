@@ -1,5 +1,5 @@
 // Strict JSON parsing; errors carry their place.
-// Doors: parseStrictJson(), pathWithIndex(), pathWithName(), shownInMessage().
+// Entry points: parseStrictJson(), pathWithIndex(), pathWithName(), shownInMessage().
 // Owns: the depth limit.
 // Test: tests/platform/platformdatafile_test.cpp
 #include "standin/strictjson.h"

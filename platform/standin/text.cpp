@@ -1,5 +1,5 @@
 // Letter case.
-// Doors: utils::toUpper().
+// Entry points: utils::toUpper().
 // Test: tests/platform/text_test.cpp
 #include "ttplatform/text.h"
 

@@ -1,5 +1,5 @@
 // Guarded logging: answers whether a line is wanted, and writes it.
-// Doors: infoWanted(), errorWanted(), debugWanted(), writeInfo(), writeError(), writeDebug(), writeIfPossible(),
+// Entry points: infoWanted(), errorWanted(), debugWanted(), writeInfo(), writeError(), writeDebug(), writeIfPossible(),
 // logInfo(), logDebug().
 // Owns: nothing; the loggers belong to the host.
 // Covered by tests/config/runtimeswitches_test.cpp, ratelimits_test.cpp and tests/reliability/scriptmemory_test.cpp.

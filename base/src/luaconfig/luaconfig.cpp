@@ -1,5 +1,5 @@
 // The script runtime: runs a configuration script and asks its functions for texts.
-// Doors: LuaConfig::init, LuaConfig::getConfig, printLog; TableScript.
+// Entry points: LuaConfig::init, LuaConfig::getConfig, printLog; TableScript.
 // Owns: the interpreter and the lock of each instance.
 // Covered by tests/base/luaconfig/.
 

@@ -1,5 +1,5 @@
 // The algorithm catalogue: vendors' parameter descriptions out of the algorithm script.
-// Doors: the operations of AlgorithmParamConfig.
+// Entry points: the operations of AlgorithmParamConfig.
 // Owns: the vendors' texts, their records, the market times.
 // Covered by tests/config/algorithmparamconfig_test.cpp.
 

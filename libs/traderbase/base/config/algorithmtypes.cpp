@@ -1,5 +1,5 @@
 // Algorithm types: answers which smart algorithm types and T0 strategies are offered, and where buy/sell is hidden.
-// Doors: getAlgoTypes, getBuySellHideAlgoTypes, getT0Strategy.
+// Entry points: getAlgoTypes, getBuySellHideAlgoTypes, getT0Strategy.
 // Owns: AlgorithmTypeState; isQueryAlgoPerm is a platform switch.
 // Covered by tests/config/algorithmtypes_test.cpp.
 

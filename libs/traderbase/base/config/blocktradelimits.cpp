@@ -1,5 +1,5 @@
 // Block-trade limits: answers the largest quantity and the largest amount of one negotiated trade.
-// Doors: getDazongOrderNumLimit, getDazongOrderTradeAmountLimit; reader readOrderDazongLimitConfig.
+// Entry points: getDazongOrderNumLimit, getDazongOrderTradeAmountLimit; reader readOrderDazongLimitConfig.
 // Owns: BlockTradeState.
 // Covered by tests/config/blocktradelimits_test.cpp.
 

@@ -1,5 +1,5 @@
 // Bond limits: answers the order parameters of the fixed-income platform and the usage ratio of standard bonds.
-// Doors: getSHFixIncomeLimit, getStandardBondUseLimit.
+// Entry points: getSHFixIncomeLimit, getStandardBondUseLimit.
 // Owns: BondLimitState.
 // Covered by tests/config/bondlimits_test.cpp.
 

@@ -1,5 +1,5 @@
 // The store: how it comes to be, and what a load does and in which order.
-// Doors: instance, readConfig, getOriginalStr; internal::StoreSlot.
+// Entry points: instance, readConfig, getOriginalStr; internal::StoreSlot.
 // Owns: LoadState.
 // Covered by tests/config/configcollector_test.cpp and loadorder_test.cpp.
 

@@ -1,5 +1,5 @@
 // Contract info: answers which algorithm products there are, which one serves an algorithm type, and which go by HTTP.
-// Doors: getContractInfo, getAllContractInfo, getProductIdbyAlgoName, isHttpProductID.
+// Entry points: getContractInfo, getAllContractInfo, getProductIdbyAlgoName, isHttpProductID.
 // Owns: ContractState.
 // Covered by tests/config/contractinfo_test.cpp.
 

@@ -1,5 +1,5 @@
 // Credit ratios: answers what holds for the credit accounts of each platform: ratios, numbers, a flag, codes.
-// Doors: isUseConcentrationRatioPts ... isNeedCheckAssureEnbuyBalancePts in the header; the six readers below.
+// Entry points: isUseConcentrationRatioPts ... isNeedCheckAssureEnbuyBalancePts in the header; the six readers below.
 // Owns: CreditState.
 // Covered by tests/config/creditratios_test.cpp.
 

@@ -1,5 +1,5 @@
 // Money-market funds: answers which are paid from the lending balance first, and which need their price fixed.
-// Doors: isMonetaryFundUseSloBalanceFirst, isNeedFixPriceByNonTradeMonetaryFund.
+// Entry points: isMonetaryFundUseSloBalanceFirst, isNeedFixPriceByNonTradeMonetaryFund.
 // Owns: MoneyFundState.
 // Covered by tests/config/moneyfunds_test.cpp.
 

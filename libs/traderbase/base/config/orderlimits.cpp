@@ -1,5 +1,5 @@
 // Order volume limits: answers the largest quantity of one order, and its unit word.
-// Doors: getOrderLimit; reader readOrderLimitConfig.
+// Entry points: getOrderLimit; reader readOrderLimitConfig.
 // Owns: OrderLimitState.
 // Covered by tests/config/orderlimits_test.cpp.
 

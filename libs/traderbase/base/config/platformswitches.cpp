@@ -1,5 +1,5 @@
 // Platform switches: answers for which platforms a behaviour is on.
-// Doors: setPts, getPts, getAllpts, isSomePt, addLocalConfig, setUseLocalConfig, the predicates.
+// Entry points: setPts, getPts, getAllpts, isSomePt, addLocalConfig, setUseLocalConfig, the predicates.
 // Owns: the store's switch table, internal/switches/platformswitches.h.
 // Covered by tests/config/platformswitches_test.cpp.
 

@@ -1,5 +1,5 @@
 // Exchange rate limits: answers the rate parameters of an instrument, for exchanges and for the two connects.
-// Doors: getRateLimitPtr, getHGTExchangeRateLimitPtr, getSgtExchangeRateLimitPtr; reader readRateConfig.
+// Entry points: getRateLimitPtr, getHGTExchangeRateLimitPtr, getSgtExchangeRateLimitPtr; reader readRateConfig.
 // Owns: RateLimitState.
 // Covered by tests/config/ratelimits_test.cpp.
 

@@ -1,5 +1,5 @@
 // Run-time values: answers what the client itself has set since start-up.
-// Doors: the operations under "run-time values", and the split permissions.
+// Entry points: the operations under "run-time values", and the split permissions.
 // Owns: RuntimeState.
 // Covered by tests/config/runtimeswitches_test.cpp.
 

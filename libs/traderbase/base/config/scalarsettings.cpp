@@ -1,5 +1,5 @@
 // Scalar settings: answers the single values of the settings file and the values given platform by platform.
-// Doors: the operations under "single values", "one value for each platform" and "fixed answers".
+// Entry points: the operations under "single values", "one value for each platform" and "fixed answers".
 // Owns: ScalarState.
 // Covered by tests/config/scalarsettings_test.cpp.
 

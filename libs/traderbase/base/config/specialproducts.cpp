@@ -1,5 +1,5 @@
 // Special products: answers subscription fees, combinations whose margin is charged once, and the ETF broker client.
-// Doors: getSubFee, getSingleMarginProductName, getETFBrokerCLientTag, getETFBrokerCLientQueryTimes,
+// Entry points: getSubFee, getSingleMarginProductName, getETFBrokerCLientTag, getETFBrokerCLientQueryTimes,
 // isCanQueryETFFromCounter.
 // Owns: SpecialProductState.
 // Covered by tests/config/specialproducts_test.cpp.

@@ -1,5 +1,5 @@
 // Trade units: how an instrument is counted and in which steps it is ordered.
-// Doors: isBuyOpt, getStockUnit, getStockTradeUnit, getTradeMinUnit, getUiMinUnit; the rules stand in internal/.
+// Entry points: isBuyOpt, getStockUnit, getStockTradeUnit, getTradeMinUnit, getUiMinUnit; the rules stand in internal/.
 // Owns: nothing; hands the store's switches to the rules that want them.
 // Covered by tests/config/tradeunit/.
 

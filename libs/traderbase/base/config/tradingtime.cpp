@@ -1,5 +1,5 @@
 // Market trading time: answers when each market trades.
-// Doors: initMarketTradingTime, getTradingTime, getSecondFromGMT.
+// Entry points: initMarketTradingTime, getTradingTime, getSecondFromGMT.
 // Owns: TradingTimeState.
 // Covered by tests/config/tradingtime_test.cpp.
 

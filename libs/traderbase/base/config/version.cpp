@@ -1,5 +1,5 @@
 // The version: answers which library is loaded.
-// Doors: traderbaseVersion().
+// Entry points: traderbaseVersion().
 // Owns: nothing; the build says the number.
 // Covered by tests/config/exports_test.cpp.
 

@@ -1,5 +1,5 @@
 // Key catalogue: answers how the value of a key is written, in words.
-// Doors: describe(); the rows themselves are in the header.
+// Entry points: describe(); the rows themselves are in the header.
 // Covered by tests/config/loadorder_test.cpp.
 
 #include "traderbase/base/config/internal/keys/settingkeys.h"

@@ -1,5 +1,5 @@
 // Fixed-income values: answers which order parameters a value gives.
-// Doors: fixedIncomeLimit().
+// Entry points: fixedIncomeLimit().
 // Covered by tests/config/bondlimits_test.cpp.
 
 #include "traderbase/base/config/internal/limits/fixedincome.h"

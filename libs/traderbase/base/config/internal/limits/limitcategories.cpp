@@ -1,5 +1,5 @@
 // Limit categories: answers by which category word a limit table knows an instrument, and which rule says so.
-// Doors: orderLimitCategory(), blockTrade...Category(), ...RateCategory().
+// Entry points: orderLimitCategory(), blockTrade...Category(), ...RateCategory().
 // Owns: the rules and their order, one function a table; they differ from table to table, and that is meant.
 // Covered by tests/config/internal/limits/limitcategories_test.cpp.
 

@@ -1,5 +1,5 @@
 // Limit rows: answers how the keys and values of the limit sections fall apart, and what is wrong with one.
-// Doors: limitItem(), tableKey(), forEachLimitItem(), fieldCount(), examineLimitKey(), examineLimitValue().
+// Entry points: limitItem(), tableKey(), forEachLimitItem(), fieldCount(), examineLimitKey(), examineLimitValue().
 // Owns: the shapes of the rows.
 // Covered by tests/config/internal/limits/limitrows_test.cpp.
 

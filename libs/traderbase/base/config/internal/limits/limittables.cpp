@@ -1,5 +1,5 @@
 // Limit tables: answers how the value of a row falls into its fields.
-// Doors: splitLimitFields(); tables, questions and the walk are in the header.
+// Entry points: splitLimitFields(); tables, questions and the walk are in the header.
 // Covered by tests/config/internal/limits/limittables_test.cpp.
 
 #include "traderbase/base/config/internal/limits/limittables.h"

@@ -1,5 +1,5 @@
 // Platform lists: answers which platform IDs a switch lists.
-// Doors: readPlatformList(), sortedKeys(), readSwitchLists(); in the header, piece by piece, forEachPlatformPiece().
+// Entry points: readPlatformList(), sortedKeys(), readSwitchLists(); forEachPlatformPiece() is in the header.
 // Covered by tests/config/internal/keys/grammars_test.cpp.
 
 #include "traderbase/base/config/internal/platforms/platformlist.h"

@@ -1,5 +1,5 @@
 // Catalogue entries: answers what one entry of a product catalogue says, and what becomes of it.
-// Doors: pairEntry(), contractEntry(), marketCodesEntry(), tagEntry(), describe(); forEachEntry() in the header.
+// Entry points: pairEntry(), contractEntry(), marketCodesEntry(), tagEntry(), describe(); forEachEntry() in the header.
 // Owns: nothing.
 // Covered by tests/config/internal/catalogueentries_test.cpp.
 

@@ -1,5 +1,5 @@
 // Contract catalogue: answers which records and index entries the contract settings make.
-// Doors: contractKey(), enterContracts(), enterContractTypes(), contractTypesOutcome().
+// Entry points: contractKey(), enterContracts(), enterContractTypes(), contractTypesOutcome().
 // Owns: nothing; the store holds the catalogue.
 // Covered by tests/config/internal/contractcatalogue_test.cpp.
 

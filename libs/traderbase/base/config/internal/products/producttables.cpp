@@ -1,5 +1,5 @@
 // Product tables: answers what the settings of futures products and money-market funds make.
-// Doors: those of the header, by topic: fees, combinations, funds, fixed prices.
+// Entry points: those of the header, by topic: fees, combinations, funds, fixed prices.
 // Owns: nothing; the store holds the tables.
 // Covered by tests/config/internal/producttables_test.cpp.
 

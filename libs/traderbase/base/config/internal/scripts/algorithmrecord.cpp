@@ -1,5 +1,5 @@
 // From a vendor's text to its record.
-// Doors: algorithmRecord().
+// Entry points: algorithmRecord().
 // Covered by tests/config/algorithmparamconfig_test.cpp.
 
 #include "traderbase/base/config/internal/scripts/algorithmrecord.h"

@@ -1,5 +1,5 @@
 // The door to the JSON parser: looks every text over before the parser gets it.
-// Doors: parseJson(), readJsonObject(), preparedJson().
+// Entry points: parseJson(), readJsonObject(), preparedJson().
 // Covered by tests/config/internal/scripts/jsonobject_test.cpp.
 
 #include "traderbase/base/config/internal/scripts/jsonobject.h"

@@ -1,5 +1,5 @@
 // The questions put to a market-time script.
-// Doors: readMarketTimes().
+// Entry points: readMarketTimes().
 // Covered by tests/config/tradingtime_test.cpp and algorithmparamconfig_test.cpp.
 
 #include "traderbase/base/config/internal/scripts/markettimescript.h"

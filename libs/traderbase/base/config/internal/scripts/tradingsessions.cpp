@@ -1,5 +1,5 @@
 // Session building: from a market's clock times and status codes to its trading sessions.
-// Doors: buildTradingSessions(), sessionStatus(), secondOfClockTime(), secondOfTradingDay().
+// Entry points: buildTradingSessions(), sessionStatus(), secondOfClockTime(), secondOfTradingDay().
 // Covered by tests/config/internal/scripts/tradingsessions_test.cpp.
 
 #include "traderbase/base/config/internal/scripts/tradingsessions.h"

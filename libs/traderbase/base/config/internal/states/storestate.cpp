@@ -1,5 +1,5 @@
 // Store state: makes and releases the states of all topics.
-// Doors: StoreState.
+// Entry points: StoreState.
 // Owns: the order in which they are made.
 // Covered by tests/config/configcollector_test.cpp.
 

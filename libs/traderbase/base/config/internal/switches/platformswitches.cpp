@@ -1,5 +1,5 @@
 // Switch table: keeps the platform lists, the overrides and the slots of the known switches in step.
-// Doors: PlatformSwitches.
+// Entry points: PlatformSwitches.
 // Owns: the lists and the overrides.
 // Covered by tests/config/platformswitches_test.cpp.
 

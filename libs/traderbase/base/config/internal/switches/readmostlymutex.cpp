@@ -1,5 +1,5 @@
 // The reader/writer mutex of the switch table: how a writer gets alone.
-// Doors: ReadMostlyMutex::Writer; the readers' way is in the header.
+// Entry points: ReadMostlyMutex::Writer; the readers' way is in the header.
 // Covered by tests/config/internal/switches/readmostlymutex_test.cpp.
 
 #include "traderbase/base/config/internal/switches/readmostlymutex.h"

@@ -1,5 +1,5 @@
 // Bad values: tells the world that a piece of a settings value was passed over.
-// Doors: reportBadValue(), reportBadValues().
+// Entry points: reportBadValue(), reportBadValues().
 // Covered by tests/config/internal/keys/grammars_test.cpp.
 
 #include "traderbase/base/config/internal/text/badvalue.h"

@@ -1,5 +1,5 @@
 // Splitting: answers which pieces a settings value has.
-// Doors: pieces(); the streaming splitters are templates in the header.
+// Entry points: pieces(); the streaming splitters are templates in the header.
 // Covered by tests/config/internal/text/splitting_test.cpp.
 
 #include "traderbase/base/config/internal/text/splitting.h"

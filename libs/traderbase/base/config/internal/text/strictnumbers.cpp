@@ -1,5 +1,5 @@
 // Numbers: answers what number a settings text is, strictly or as the C library reads it.
-// Doors: leadingInt(), strictInt(), strictBool(), strictDouble(), looseInt(), looseLong(), looseDouble().
+// Entry points: leadingInt(), strictInt(), strictBool(), strictDouble(), looseInt(), looseLong(), looseDouble().
 // Covered by tests/config/internal/text/strictnumbers_test.cpp.
 
 #include "traderbase/base/config/internal/text/strictnumbers.h"

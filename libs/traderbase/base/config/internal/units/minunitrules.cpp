@@ -1,5 +1,5 @@
 // The rules of the minimum unit of an operation.
-// Doors: tradeMinUnit().
+// Entry points: tradeMinUnit().
 // Owns: nothing; the rules and their order. What each number stands for is said in tradeunitrules.def.
 // Covered by tests/config/tradeunit/tradeunitmin_test.cpp.
 

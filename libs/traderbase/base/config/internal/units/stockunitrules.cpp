@@ -1,5 +1,5 @@
 // The rules of the unit word and of the exchange's trading unit.
-// Doors: stockUnit(), stockTradeUnit().
+// Entry points: stockUnit(), stockTradeUnit().
 // Owns: nothing; the rules and their order. What each number stands for is said in tradeunitrules.def.
 // Covered by tests/config/tradeunit/tradeunitword_test.cpp and tradeunitexchange_test.cpp.
 

@@ -1,5 +1,5 @@
 // The rules of the minimum unit of the order form: much like those of the operations, with differences that are meant.
-// Doors: uiMinUnit().
+// Entry points: uiMinUnit().
 // Owns: nothing; the rules and their order. What each number stands for is said in tradeunitrules.def.
 // Covered by tests/config/tradeunit/tradeunitui_test.cpp.
 

@@ -1,5 +1,5 @@
 // The instrument that a unit is asked for: the questions that several unit rules put to the platform.
-// Doors: UnitInstrument, isStepSet().
+// Entry points: UnitInstrument, isStepSet().
 // Covered by tests/config/tradeunit/.
 
 #include "traderbase/base/config/internal/units/unitinstrument.h"
