@@ -1,7 +1,6 @@
-// Guarded logging: answers whether a line is wanted, and writes it.
+// Guarded logging: checks whether a line is wanted, and writes it. The loggers belong to the host.
 // Entry points: infoWanted(), errorWanted(), debugWanted(), writeInfo(), writeError(), writeDebug(), writeIfPossible(),
 // logInfo(), logDebug().
-// Owns: nothing; the loggers belong to the host.
 // Covered by tests/config/runtimeswitches_test.cpp, ratelimits_test.cpp and tests/reliability/scriptmemory_test.cpp.
 
 #include "logging/guardedlog.h"
@@ -17,7 +16,7 @@ log4cxx::LoggerPtr debugFileLogger() {
     return log4cxx::Logger::getLogger("TTDbgFile");
 }
 
-// Asked for a level for the first time, log4cxx takes memory to make it.
+// Takes the level as a function, because log4cxx allocates when it first creates a level.
 void write(const LogPlace& place, log4cxx::LevelPtr (*level)(), const std::string& text) {
     const log4cxx::spi::LocationInfo location(place.file, place.shortFile, place.function, 0);
     if (g_TTStdLogger) g_TTStdLogger->forcedLog(level(), text, location);
@@ -33,7 +32,7 @@ bool errorWanted() {
     return g_TTStdLogger && g_TTStdLogger->isErrorEnabled();
 }
 
-// The channel is asked first: asking log4cxx for a logger by name makes it configure itself, which is the host's to do.
+// Checks the channel first: getLogger() makes log4cxx configure itself, and that is up to the host.
 bool debugWanted(int channel) {
     return CLogCenter::fileLogEnabled(channel) && debugFileLogger()->isDebugEnabled();
 }

@@ -5,12 +5,12 @@
 
 #include <fmt/format.h>
 
-// Logging that looks before it speaks: no line is formatted for a logger that is absent or does not want it, and no
-// trouble with a line ever reaches the caller.
+// Logging that checks first: no line is formatted for a logger that is absent or does not want it, and no failure to
+// log ever reaches the caller.
 
 namespace ttservice::internal {
 
-// Where a line says it comes from. Hosts filter by these names, so they stay whatever file the code lives in.
+// The source location shown with a line. Hosts filter by these names, so they stay the same wherever the code moves.
 struct LogPlace {
     const char* file;       // source unit, such as "libs/traderbase/base/config/configcollector"
     const char* shortFile;  // its last part
@@ -22,15 +22,15 @@ inline constexpr int kTradingTimeChannel = 535;
 
 bool infoWanted();
 bool errorWanted();
-// Whether the debug file takes lines of this channel.
+// Whether the debug file accepts lines of this channel.
 bool debugWanted(int channel);
 
-// The text as it stands, whatever characters it holds.
+// Logs the text unchanged, whatever characters it contains.
 void writeInfo(const LogPlace& place, const std::string& text) noexcept;
 void writeError(const LogPlace& place, const std::string& text) noexcept;
 void writeDebug(int channel, const std::string& text) noexcept;
 
-// Carries out what writes lines. Lines that cannot be made are lost; the answer is not.
+// Runs the function that writes lines. If memory runs out, the line is lost but the caller goes on.
 template <typename Write>
 void writeIfPossible(const Write& write) noexcept {
     try {

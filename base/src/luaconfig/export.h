@@ -1,7 +1,7 @@
 #pragma once
 
-// Marks what the configuration library offers to its clients; everything else stays inside it, and so does what an
-// exported class keeps to itself, where the system exports members one by one.
+// Marks what the configuration library exports; everything else stays hidden. Where the system exports members one by
+// one, TRADERBASE_HIDDEN hides single members of an exported class as well.
 #if defined(TRADERBASE_STATIC)
 #define TRADERBASE_API
 #define TRADERBASE_HIDDEN

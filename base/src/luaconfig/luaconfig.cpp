@@ -1,4 +1,4 @@
-// The script runtime: runs a configuration script and asks its functions for texts.
+// The script runtime: runs a configuration script and calls its functions for texts.
 // Entry points: LuaConfig::init, LuaConfig::getConfig, printLog; TableScript.
 // Owns: the interpreter and the lock of each instance.
 // Covered by tests/base/luaconfig/.
@@ -20,14 +20,14 @@
 #include "logging/guardedlog.h"
 #include "luaconfig/internal/tablescript.h"
 
-// An error that reaches Lua outside of a protected call ends the process. Running out of memory is such an error and
-// may come from nearly every call, and so is whatever a script's metamethods raise. So all work is done in C functions
-// under lua_cpcall and lua_pcall; outside of them stand only calls that neither allocate nor call back. No C++
-// exception may pass through Lua's own frames, and no object with a destructor may live across a call that can raise.
+// A Lua error outside a protected call ends the process. Nearly every call can raise one, for lack of memory or from a
+// script's metamethod. All work is therefore done in C functions under lua_cpcall and lua_pcall; outside them there are
+// only calls that neither allocate nor call back. No C++ exception may pass through Lua's own frames, and no object
+// with a destructor may live across a call that can raise.
 
 namespace {
 
-// A text that a script hands to printLog, where the interpreter keeps it.
+// A text that a script passes to printLog; the interpreter owns the bytes.
 struct ScriptText {
     const char* data;
     std::size_t size;
@@ -35,8 +35,8 @@ struct ScriptText {
 
 }  // namespace
 
-// luabind's own conversion to std::string would make a script's error of an exception that says there is no memory.
-// Scripts are told of a std::string all the same.
+// luabind's own conversion to std::string would turn a std::bad_alloc into an error of the script. Scripts still see
+// the type name std::string in messages.
 namespace luabind {
 
 template <>
@@ -69,13 +69,13 @@ constexpr LogPlace kInitPlace{kFile, kShortFile, "init"};
 constexpr LogPlace kGetConfigPlace{kFile, kShortFile, "getConfig"};
 constexpr LogPlace kPrintLogPlace{kFile, kShortFile, "luabase::printLog"};
 
-// Their addresses are places in the registry: where the loaded script waits to be run; where a true says that the
-// standard libraries were opened and that no memory has been lacking since; where the host function lies.
+// The addresses of these variables are registry keys, for: the loaded script that is still to be run; a boolean, true
+// once the standard libraries are open and as long as memory has not run out; the host function.
 const char kLoadedScript = 0;
 const char kWhole = 0;
 const char kHostFunction = 0;
 
-// The number as the interpreter writes it, but with a point whatever the process's locale.
+// The number as the interpreter writes it, but always with a decimal point, whatever the process's locale.
 std::string numberText(lua_Number number) {
     std::array<char, 32> digits;
     constexpr int kLuaDigits = 14;
@@ -89,15 +89,15 @@ bool isText(lua_State* lua, int index) {
     return type == LUA_TSTRING || type == LUA_TNUMBER;
 }
 
-// The text of a string, up to a NUL byte, or of a number; empty for every other value. Unlike lua_tolstring alone it
-// leaves a number a number, and so never raises.
+// The text of a string, up to a NUL byte, or of a number; empty for any other value. Unlike a bare lua_tolstring(), it
+// does not convert the number on the stack, so it never raises.
 std::string textAt(lua_State* lua, int index) {
     if (!isText(lua, index)) return {};
     if (lua_type(lua, index) == LUA_TNUMBER) return numberText(lua_tonumber(lua, index));
     return lua_tostring(lua, index);
 }
 
-// Logs the error on top of the stack and takes it off.
+// Logs and pops the error on top of the stack.
 void reportError(lua_State* lua, const LogPlace& place) noexcept {
     try {
         const bool readable = isText(lua, -1);
@@ -108,12 +108,12 @@ void reportError(lua_State* lua, const LogPlace& place) noexcept {
     lua_pop(lua, 1);
 }
 
-// To open a named pipe would be to wait for somebody who writes to it.
+// Opening a named pipe would block until a process writes to it.
 bool isPipe(const char* path) {
     try {
         std::error_code ignored;
         return std::filesystem::is_fifo(path, ignored);
-    } catch (const std::system_error&) {  // a text that the system cannot make a path of opens nothing
+    } catch (const std::system_error&) {  // not a valid path on this system, so it opens nothing
         return false;
     }
 }
@@ -122,7 +122,7 @@ void pushPlace(lua_State* lua, const char& place) {
     lua_pushlightuserdata(lua, const_cast<char*>(&place));
 }
 
-// Whether the script that init() loaded is there as far as memory goes. Raises nothing.
+// Whether the script was loaded by init() without a lack of memory. Raises nothing.
 bool isWhole(lua_State* lua) {
     pushPlace(lua, kWhole);
     lua_rawget(lua, LUA_REGISTRYINDEX);
@@ -131,7 +131,7 @@ bool isWhole(lua_State* lua) {
     return whole;
 }
 
-// Pushes the key and the value of the table's entry with that name, or nothing when there is none. Unlike lua_getfield
+// Pushes the key and value of the table's entry with this name; pushes nothing if there is none. Unlike lua_getfield(),
 // it raises nothing.
 bool pushEntry(lua_State* lua, int table, const char* name) {
     lua_pushnil(lua);
@@ -142,8 +142,8 @@ bool pushEntry(lua_State* lua, int table, const char* name) {
     return false;
 }
 
-// Takes from file handles what closes them when they are released. Lua's io library makes handles for the process's own
-// standard streams and only then marks them as not to be closed: cut short in between, it would close the stream.
+// Removes the finaliser that closes file handles. Lua's io library creates handles for the process's standard streams
+// and only then marks them as not to be closed; if it is interrupted in between, the finaliser would close the stream.
 // Raises nothing.
 void letGoOfFiles(lua_State* lua) {
     const int top = lua_gettop(lua);
@@ -158,15 +158,15 @@ void letGoOfFiles(lua_State* lua) {
     lua_settop(lua, top);
 }
 
-// Whether an interpreter that ran out of memory has it all itself. Its script is to blame then, which failed like any
-// other; one that had little met a process without memory. Raises nothing.
+// Whether an interpreter that ran out of memory holds a large amount itself. If so, its script is to blame and has
+// simply failed; if not, the process as a whole is out of memory. Raises nothing.
 bool hasTakenItAll(lua_State* lua) {
     constexpr int kMuchForAScript = 64 * 1024;  // KiB
     return lua_gc(lua, LUA_GCCOUNT, 0) >= kMuchForAScript;
 }
 
-// Remembers that the interpreter ran out of memory on its way to the loaded script. Raises nothing: an entry that is
-// there is changed, and none is made.
+// Records that the interpreter ran out of memory while loading the script. Raises nothing: it changes an existing entry
+// and never creates one.
 void rememberLack(lua_State* lua) {
     if (!isWhole(lua)) return letGoOfFiles(lua);
     pushPlace(lua, kWhole);
@@ -177,10 +177,10 @@ void rememberLack(lua_State* lua) {
 struct Loading {
     const char* path;
     bool isPipe;
-    bool noMemory = false;  // it was lacking elsewhere than in the interpreter, which raised an error like any other
+    bool noMemory = false;  // memory ran out outside the interpreter, which reports that as an ordinary error
 };
 
-// Opens the libraries and loads the file. Argument: the loading.
+// Opens the libraries and loads the file. Argument: a Loading.
 int loadScript(lua_State* lua) {
     Loading& loading = *static_cast<Loading*>(lua_touserdata(lua, 1));
     luaL_openlibs(lua);
@@ -191,7 +191,7 @@ int loadScript(lua_State* lua) {
     pushPlace(lua, kLoadedScript);
     errno = 0;
     if (const int status = luaL_loadfile(lua, loading.path); status != 0) {
-        // For a file, the system's reason is left in errno, and nowhere else but in the message.
+        // When a file cannot be read, only errno and the message give the system's reason.
         loading.noMemory = status == LUA_ERRFILE ? errno == ENOMEM : status == LUA_ERRMEM && !hasTakenItAll(lua);
         return lua_error(lua);
     }
@@ -199,7 +199,7 @@ int loadScript(lua_State* lua) {
     return 0;
 }
 
-// Pushes the script that loadScript() left. Raises nothing: the entry is there, and it is emptied, not removed.
+// Pushes the script that loadScript() stored. Raises nothing: the entry exists, and it is emptied, not removed.
 void pushLoadedScript(lua_State* lua) {
     pushPlace(lua, kLoadedScript);
     lua_rawget(lua, LUA_REGISTRYINDEX);
@@ -219,8 +219,8 @@ using PrintLog = luabind::detail::function_object_impl<decltype(&printScriptText
                                                        decltype(luabind::detail::deduce_signature(&printScriptText)),
                                                        luabind::detail::null_type>;
 
-// printLog as luabind calls it. It lies in the interpreter's own memory, so that nothing is lost when an error of Lua's
-// jumps over the making of it; the interpreter gives that memory back, and luabind gives back nothing.
+// printLog as luabind calls it. It lies in the interpreter's own memory, so nothing leaks when a Lua error jumps over
+// its construction. The interpreter frees that memory; luabind's delete does nothing.
 struct HostFunction : PrintLog {
     HostFunction() : PrintLog(&printScriptText, {}) { name = "printLog"; }
     static void* operator new(std::size_t /*size*/, void* place) { return place; }
@@ -228,7 +228,7 @@ struct HostFunction : PrintLog {
     static void operator delete(void* /*place*/) {}
 };
 
-// False when there is no memory for it elsewhere than in the interpreter.
+// False when memory runs out outside the interpreter.
 bool pushHostFunction(lua_State* lua, void* memory) {
     try {
         luabind::detail::make_function_aux(lua, new (memory) HostFunction).push(lua);
@@ -238,8 +238,8 @@ bool pushHostFunction(lua_State* lua, void* memory) {
     }
 }
 
-// Registers printLog, and puts it where no metatable can object: a script that guards its globals against new names
-// gets it all the same. Argument: the loading.
+// Registers printLog with a raw set, so that no metatable can object: even a script that protects its globals against
+// new names gets it. Argument: a Loading.
 int registerHostFunctions(lua_State* lua) {
     Loading& loading = *static_cast<Loading*>(lua_touserdata(lua, 1));
     pushPlace(lua, kHostFunction);
@@ -258,21 +258,22 @@ struct Question {
     const char* function;
     const char* argument;  // null when the function is called without one
     std::string answer;
-    bool tooLarge = false;  // there is no memory for the answer
+    bool tooLarge = false;  // no memory for the answer
 };
 
 void keepAnswer(lua_State* lua, Question& question) noexcept {
     try {
         question.answer = textAt(lua, -1);
-    } catch (...) {  // told outside of Lua's frames, which no exception may pass
+    } catch (...) {  // reported outside Lua's frames, which no exception may cross
         question.tooLarge = true;
     }
 }
 
-// Calls the function. Argument: the question.
+// Calls the function. Argument: a Question.
 int callFunction(lua_State* lua) {
     Question& question = *static_cast<Question*>(lua_touserdata(lua, 1));
-    // lua_getfield would do the same, but never gives the collector a turn; constant answers would pile up garbage.
+    // Pushing the name lets the garbage collector run; lua_getfield() never does, so garbage from constant answers
+    // would pile up.
     lua_pushstring(lua, question.function);
     lua_gettable(lua, LUA_GLOBALSINDEX);
     if (question.argument != nullptr) lua_pushstring(lua, question.argument);
@@ -318,7 +319,7 @@ LuaConfig::Run LuaConfig::ask(const char* function, const char* argument, std::s
         reportError(lua, kGetConfigPlace);
         return status == LUA_ERRMEM && !hasTakenItAll(lua) ? Run::NoMemory : Run::Failed;
     }
-    // An empty answer would say that the script has none, and what is made of that would be wrong.
+    // An empty answer would mean that the script has none, and callers would store that.
     if (question.tooLarge) throw std::bad_alloc();
     answer = std::move(question.answer);
     return Run::Done;

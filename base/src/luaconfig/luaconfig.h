@@ -9,25 +9,27 @@
 
 namespace luabase {
 
-// Writes a line to the standard logger at ERROR level, as it stands; scripts know it as printLog. Silent without a
-// logger or when it does not want errors. Any thread may call it; it throws nothing.
+// Logs the message to the standard logger at ERROR level, unchanged; scripts call it as printLog. Does nothing if there
+// is no logger or it does not want errors. Any thread may call it; throws nothing.
 TRADERBASE_API void printLog(std::string message);
 
-// One interpreter with one script, asked for texts: construct, init() once, getConfig() as often as needed, destroy.
+// One interpreter with one script that returns texts. Construct it, call init() once, call getConfig() as often as
+// needed, destroy it.
 //
-// Thread safety: every operation holds the instance's recursive lock from start to end, so threads may share an
-// instance, and a call that comes back to the same instance from inside a script's printLog is answered. Destroy it
-// when nobody asks any more. Instances share nothing.
+// Thread safety: every operation holds the instance's recursive lock throughout, so threads may share an instance, and
+// a call back into the same instance from within a script's printLog works. Destroy it only when no thread uses it any
+// more. Instances share nothing.
 //
-// Whatever a script gets wrong is one line at ERROR level, Lua's own message, and an empty answer; so is running out of
-// the interpreter's memory, "not enough memory". Nothing is thrown but std::bad_alloc, when there is no memory for an
-// interpreter or for an answer. (The store and the catalogue tell a lack of memory from an empty answer and keep what
-// they have.)
-// Scripts are trusted: one that runs for ever is waited for, and one that ends the process by os.exit, or by a string
-// pattern of many thousand items, for which the interpreter takes the stack of the process, ends it.
+// Any fault in a script is logged as one line at ERROR level with Lua's own message, and the answer is empty. If the
+// interpreter runs out of memory, the same happens, with "not enough memory". Only std::bad_alloc is thrown, when there
+// is no memory for an interpreter or for an answer. (The store and the catalogue can tell a lack of memory from an
+// empty answer and then keep what they have.)
+//
+// Scripts are trusted. One that never returns blocks its caller. A script can end the process by calling os.exit, or
+// with a string pattern of many thousand items, which makes the interpreter overflow the stack.
 class LuaConfig {
 public:
-    // Both stay inline: whoever owns an instance brings the interpreter's library along.
+    // Both are inline, so that code that owns an instance links the interpreter's library itself.
     LuaConfig() = default;
     ~LuaConfig() {
         if (state != nullptr) lua_close(state);
@@ -35,26 +37,26 @@ public:
     LuaConfig(const LuaConfig&) = delete;
     LuaConfig& operator=(const LuaConfig&) = delete;
 
-    // Starts an interpreter with the standard libraries, loads the file and runs it once; what the script returns stays
-    // on the interpreter's stack. printLog is there only after that, and only when the script ran to its end: its
-    // functions may use it, its top level may not. After a failure the interpreter stays, with what the script had
-    // defined by then. A pipe is not opened: nobody may ever write to it. Every call starts an interpreter anew and
-    // gives up the one before, unclosed: call it once.
+    // Starts an interpreter with the standard libraries, loads the file and runs it once; the values that the script
+    // returns stay on the interpreter's stack. printLog is registered only after the script has run to its end: its
+    // functions may call it, its top level may not. After a failure the interpreter stays, with whatever the script had
+    // defined by then. A pipe is not opened, because opening it might block for ever. Call init() once: each further
+    // call starts a new interpreter and abandons the previous one without closing it.
     TRADERBASE_API void init(std::string path);
 
-    // Calls the script's global function, without or with one argument, and answers the text that it gives, up to a NUL
-    // byte; a number gives its decimal text. Empty for every other result and when the function is missing or fails.
-    // Empty, and silent, before init().
+    // Calls the script's global function, with one argument or none, and returns its text up to the first NUL byte; a
+    // number is returned as decimal text. Empty for any other result, and if the function is missing or fails. Empty,
+    // without a log line, before init().
     TRADERBASE_API std::string getConfig(std::string function);
     TRADERBASE_API std::string getConfig(std::string function, std::string argument);
 
 private:
-    // The tests' way to the interpreter.
+    // Gives the tests access to the interpreter.
     friend struct LuaConfigPeer;
-    // The library's own way to learn that an empty answer means a lack of memory.
+    // Tells the library's own code when an empty answer means a lack of memory.
     friend struct TableScript;
 
-    // What came of running a script or one of its functions.
+    // The result of running a script or one of its functions.
     enum class Run { Done, Failed, NoMemory };
 
     Run start(const char* path);

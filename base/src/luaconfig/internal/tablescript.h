@@ -6,15 +6,14 @@ namespace luabase {
 
 class LuaConfig;
 
-// How a script is asked by who fills a table with its answers: as by LuaConfig's own operations, lines in the log
-// included, but that memory which its interpreter runs out of is std::bad_alloc. Answered by an empty text, it would
-// replace what the table holds by nothing. A script that took all the memory itself, 64 MiB or more, is one that
-// failed, and answers empty texts.
+// Script access for code that fills a table with the answers. Works like LuaConfig's own operations, including the log
+// lines, but throws std::bad_alloc when the interpreter runs out of memory: an empty answer would erase what the table
+// holds. A script that took 64 MiB or more itself counts as a failed script, and its answers are empty.
 struct TableScript {
     static void init(LuaConfig& script, const std::string& path);
 
-    // Throws as well when memory ran out while the script was loaded, whoever loaded it: what it answers may be half of
-    // what it was to answer.
+    // Also throws if memory ran out while the script was loaded, whichever code loaded it: the script may be
+    // incomplete.
     static std::string getConfig(LuaConfig& script, const std::string& function);
     static std::string getConfig(LuaConfig& script, const std::string& function, const std::string& argument);
 };

@@ -1,4 +1,4 @@
-// The algorithm catalogue: vendors' parameter descriptions out of the algorithm script.
+// The algorithm catalogue: reads the vendors' parameter descriptions from the algorithm script.
 // Entry points: the operations of AlgorithmParamConfig.
 // Owns: the vendors' texts, their records, the market times.
 // Covered by tests/config/algorithmparamconfig_test.cpp.
@@ -148,7 +148,7 @@ void AlgorithmParamConfig::readHuaChuangConfig(std::string text) {
 }
 
 void AlgorithmParamConfig::readVendor(std::string& original, const std::string& text) {
-    // Hosts may refuse a text here, by an exception that passes on to the caller; nothing else comes of it.
+    // A host may reject the text here with an exception, which reaches the caller. The parsed result is not used.
     utils::Configuration().parse(text);
     original = text;
     pushAlgotoVec(original);

@@ -33,7 +33,7 @@ void internal::readOrderDazongLimitConfig(const utils::Configuration& configurat
     state.amounts.swap(amounts);
 }
 
-// Neither question looks for a row of the code itself, and neither leaves anything in its table.
+// Neither query looks up the code itself, and neither inserts a default.
 
 std::pair<int, std::string> ConfigCollector::getDazongOrderNumLimit(const std::string& market,
                                                                     const std::string& code) const {

@@ -22,7 +22,7 @@ namespace ttservice {
 
 namespace keys = internal::keys;
 
-// The table is not cleared: a key that is missing or malformed leaves its type as the load before set it.
+// The table is not cleared: when a key is missing or malformed, its type keeps the values of the previous load.
 void internal::readSHFixIncomeLimitConfig(const utils::Configuration& configuration, BondLimitState& state) {
     decltype(state.fixedIncome) fresh;
     for (const FixedIncomeKey& key : kFixedIncomeKeys) {
@@ -38,7 +38,7 @@ void internal::readStandardBondUseLimit(const utils::Configuration& configuratio
     const double fallback = valueWhenMissing<double>(keys::standardBondUse);
     for (const std::string& code : configuration.getProperties(section)) {
         const double ratio = configuration.readDouble(section, code, fallback);
-        // emplace, not assignment: where two rows come to one key, the one met first keeps its number.
+        // emplace, not assignment: if two rows give the same code, the first one counts.
         fresh.emplace(code, ratio);
         fresh.emplace(boost::algorithm::to_upper_copy(code), ratio);
     }
@@ -51,7 +51,7 @@ boost::shared_ptr<SHFixIncomeLimit> ConfigCollector::getSHFixIncomeLimit(EBondTr
     return found == limits.end() ? boost::shared_ptr<SHFixIncomeLimit>() : found->second;
 }
 
-// The code as passed, not in upper case: a row in upper case is not found by a question in lower case.
+// The code is not converted to upper case: a lower-case query does not match an upper-case row.
 double ConfigCollector::getStandardBondUseLimit(const std::string& code) const {
     const auto& ratios = state->bonds->standardBondUse;
     const auto found = ratios.find(code);

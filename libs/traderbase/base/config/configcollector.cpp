@@ -1,4 +1,4 @@
-// The store: how it comes to be, and what a load does and in which order.
+// The store: how it is created, and what a load does in which order.
 // Entry points: instance, readConfig, getOriginalStr; internal::StoreSlot.
 // Owns: LoadState.
 // Covered by tests/config/configcollector_test.cpp and loadorder_test.cpp.
@@ -25,7 +25,7 @@ namespace internal {
 
 namespace {
 
-// One that was built after the end reads no script and so logs nothing.
+// A store built after the process's own is gone reads no script and so logs nothing.
 boost::shared_ptr<ConfigCollector> buildStore(Lifetime lifetime) {
     const boost::shared_ptr<ConfigCollector> store(new BuiltStore(std::make_unique<StoreState>()));
     if (lifetime == Lifetime::Process) store->initMarketTradingTime();

@@ -1,4 +1,4 @@
-// Money-market funds: answers which are paid from the lending balance first, and which need their price fixed.
+// Money-market funds: answers which ones are paid for from the lending balance first, and which need a fixed price.
 // Entry points: isMonetaryFundUseSloBalanceFirst, isNeedFixPriceByNonTradeMonetaryFund.
 // Owns: MoneyFundState.
 // Covered by tests/config/moneyfunds_test.cpp.
@@ -23,7 +23,7 @@ constexpr int kMoneyMarketFundType = 100024;
 
 }  // namespace
 
-// Platform IDs are taken loosely here: a key that is no number stands for platform 0.
+// Platform IDs are read loosely here: a key that is not a number stands for platform 0.
 void internal::readSpecialMonetaryFund(const utils::Configuration& configuration, MoneyFundState& state) {
     decltype(state.sloBalanceFirst) funds;
     const std::string section(keys::sloBalanceFirstFunds.section);
@@ -33,7 +33,7 @@ void internal::readSpecialMonetaryFund(const utils::Configuration& configuration
     state.sloBalanceFirst.swap(funds);
 }
 
-// Locked while the settings are read, too: who asks meanwhile waits for the new table.
+// The lock is held while the settings are read, so concurrent queries wait for the new table.
 void internal::readNonTradeMonetaryFundFixPriceConfig(const utils::Configuration& configuration,
                                                       MoneyFundState& state) {
     const boost::unique_lock<boost::shared_mutex> lock(state.fixedPriceMutex);

@@ -1,4 +1,4 @@
-// Order volume limits: answers the largest quantity of one order, and its unit word.
+// Order limits: answers the largest quantity of one order, and its unit word.
 // Entry points: getOrderLimit; reader readOrderLimitConfig.
 // Owns: OrderLimitState.
 // Covered by tests/config/orderlimits_test.cpp.
@@ -33,7 +33,7 @@ std::pair<int, std::string> ConfigCollector::getOrderLimit(const std::string& ma
     const auto found = internal::findLimit<internal::kOrderLimitQuestion>(
         state->orderLimits->limits, upperMarket.text(), upperCode.text(), priceType);
     if (found.value != nullptr) return *found.value;
-    // This write from a question is meant: the category has a row until the next load.
+    // A query that writes, deliberately: the category keeps this row until the next load.
     return state->orderLimits->limits
         .emplace(internal::MarketItem(upperMarket.text(), found.category), internal::volumeLimitWithoutRow())
         .first->second;

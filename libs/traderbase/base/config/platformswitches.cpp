@@ -35,7 +35,7 @@ bool ConfigCollector::isSomePt(std::string_view key, int platformId) const {
     return state->switches.isOn(key, platformId);
 }
 
-// An override is turned round like any other answer.
+// NotListed negates an override too.
 #define TT_PLATFORM_SWITCH(predicate, key, sense, meaning)                                         \
     bool ConfigCollector::predicate(int platformId) const {                                        \
         constexpr std::size_t kIndex = internal::platformSwitchIndex(key);                         \

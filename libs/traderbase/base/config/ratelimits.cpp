@@ -1,4 +1,4 @@
-// Exchange rate limits: answers the rate parameters of an instrument, for exchanges and for the two connects.
+// Exchange rate limits: answers an instrument's rate parameters, for the exchanges and for both connect markets.
 // Entry points: getRateLimitPtr, getHGTExchangeRateLimitPtr, getSgtExchangeRateLimitPtr; reader readRateConfig.
 // Owns: RateLimitState.
 // Covered by tests/config/ratelimits_test.cpp.
@@ -38,7 +38,7 @@ void readFields(const internal::LimitFieldTexts& fields, ConnectRecord& record) 
 
 void logItem(const internal::LimitItem& item, std::string_view family, const IData& record) {
     internal::writeIfPossible([&] {
-        if (!internal::debugWanted(internal::kRateLimitChannel)) return;  // before the record is turned into text
+        if (!internal::debugWanted(internal::kRateLimitChannel)) return;  // before formatting the record
         internal::logDebug(internal::kRateLimitChannel, "[readRateConfig], market = {0}, stockCode = {1}, {2} = {3}",
                            item.market, item.item, family, record.toLog());
     });
@@ -62,7 +62,7 @@ void readTable(const utils::Configuration& configuration, const internal::LimitT
     table.swap(fresh);
 }
 
-// The row of the code or its category. The one that this makes when there is none is meant: the same record answers
+// The record of the code or of its category. If there is none, inserts one deliberately: the same record is returned
 // until the next load.
 template <const internal::LimitQuestionSpec& Question, typename Record>
 boost::shared_ptr<Record> findOrMake(RateTable<Record>& table, std::string market, std::string code) {

@@ -77,7 +77,7 @@ bool ConfigCollector::isNeedCalcAccountDetail() const {
 }
 
 void ConfigCollector::setUseOrderIdFunction(bool use) {
-    // (sic) hosts search their logs for this very text
+    // (sic) hosts search their logs for this exact text
     internal::logInfo(kSetUseOrderIdFunction, "set use order id fuction, isUse: {0}", use);
     state->runtime->useOrderIdFunction = use;
 }

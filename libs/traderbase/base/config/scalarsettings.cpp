@@ -1,4 +1,4 @@
-// Scalar settings: answers the single values of the settings file and the values given platform by platform.
+// Scalar settings: answers the single values of the settings file and the values given per platform.
 // Entry points: the operations under "single values", "one value for each platform" and "fixed answers".
 // Owns: ScalarState.
 // Covered by tests/config/scalarsettings_test.cpp.
@@ -63,7 +63,7 @@ void internal::readHgtSgtPriceDiff(const utils::Configuration& configuration, Sc
 
 void internal::readSM3PlatformIDs(const utils::Configuration& configuration, ScalarState& state) {
     readPerPlatform(configuration, keys::sm3Platforms, state.sm3Platforms);
-    state.sm3Platforms.byDefault = 0;  // this table has no default: what an item without platform says is dropped
+    state.sm3Platforms.byDefault = 0;  // this table has no default: an item without a platform is dropped
 }
 
 void internal::readGloalRef(const utils::Configuration& configuration, ScalarState& state) {
@@ -94,7 +94,7 @@ void internal::readCreditCompactDeferT3(const utils::Configuration& configuratio
     state.creditCompactDeferT3 = readFlag(configuration, keys::creditCompactDeferT3);
 }
 
-// New single values and values by platform are read here, after everything else, and need no row in loadorder.def.
+// New single values and per-platform values are read here, after everything else, and need no row in loadorder.def.
 void internal::readLastScalars(const utils::Configuration& configuration, ScalarState& state) {
     state.flowHistoryDays = readInteger(configuration, keys::flowHistoryDays);
 }
@@ -139,7 +139,7 @@ bool ConfigCollector::useNewBondRules(const std::string& market) const {
     return false;
 }
 
-// Not newShangHaiLoanRules: clients rely on the bond rules answering here.
+// Deliberately not newShangHaiLoanRules: clients rely on getting the bond rules here.
 bool ConfigCollector::useNewShangHaiLoanRules() const {
     return state->scalars->shangHaiNewBondRules;
 }
@@ -182,7 +182,7 @@ bool ConfigCollector::useCounterIpwanPos(int platformId) const {
     return state->scalars->counterIpwanPos.at(platformId) != 0;
 }
 
-// --- fixed answers: operations of the interface that no setting changes
+// --- fixed answers: operations that no setting affects
 
 bool ConfigCollector::getUseNewIPOFrozenCalcMethod() const {
     return true;

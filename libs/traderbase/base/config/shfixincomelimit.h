@@ -2,8 +2,8 @@
 
 namespace ttservice {
 
-// The order parameters of one bond trade type on the Shanghai fixed-income platform, in the order in which the settings
-// file gives them. What each of them limits is for the order checks of the trading core to say; here they are numbers.
+// The order parameters of one bond trade type on the Shanghai fixed-income platform, in the order of the settings file.
+// The store treats them as plain numbers; the trading core's order checks decide what each one limits.
 struct SHFixIncomeLimit {
     double doubleValue = 0.0;
     int intValue1 = 0;

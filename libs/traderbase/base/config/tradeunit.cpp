@@ -1,6 +1,6 @@
-// Trade units: how an instrument is counted and in which steps it is ordered.
-// Entry points: isBuyOpt, getStockUnit, getStockTradeUnit, getTradeMinUnit, getUiMinUnit; the rules stand in internal/.
-// Owns: nothing; hands the store's switches to the rules that want them.
+// Trade units: answers how an instrument is counted and in which steps it is ordered.
+// Entry points: isBuyOpt, getStockUnit, getStockTradeUnit, getTradeMinUnit, getUiMinUnit; the rules are in
+// internal/units.
 // Covered by tests/config/tradeunit/.
 
 #include "traderbase/base/config/tradeunit.h"
@@ -13,7 +13,7 @@ namespace ttservice {
 
 namespace {
 
-// The store is built by whoever asks for it first, so it is asked for only where a rule gets that far.
+// The first call of instance() builds the store, so a rule calls it only when it needs a switch.
 constexpr internal::UnitSwitches kStoreSwitches{
     [](const std::string& market) { return ConfigCollector::instance()->useNewBondRules(market); },
     [] { return ConfigCollector::instance()->useRegistIPORules(); },

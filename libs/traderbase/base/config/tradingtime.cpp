@@ -1,4 +1,4 @@
-// Market trading time: answers when each market trades.
+// Market trading time: answers when each market is open.
 // Entry points: initMarketTradingTime, getTradingTime, getSecondFromGMT.
 // Owns: TradingTimeState.
 // Covered by tests/config/tradingtime_test.cpp.

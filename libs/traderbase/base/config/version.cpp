@@ -1,6 +1,5 @@
-// The version: answers which library is loaded.
+// The version: answers which library is loaded; the build sets the number.
 // Entry points: traderbaseVersion().
-// Owns: nothing; the build says the number.
 // Covered by tests/config/exports_test.cpp.
 
 #include "traderbase/base/config/version.h"

@@ -4,8 +4,8 @@
 
 namespace ttservice {
 
-// The version of the library that is loaded, "MAJOR.MINOR.PATCH"; never empty. For reports and for comparing with what
-// a client was built for. From any thread, locks nothing.
+// The version of the loaded library, "MAJOR.MINOR.PATCH"; never empty. Use it in reports, or compare it with the
+// version that a client was built for. Any thread may call it; locks nothing.
 TRADERBASE_API const char* traderbaseVersion();
 
 }  // namespace ttservice
