@@ -9,11 +9,13 @@ include(GoogleTest)
 function(tt_add_test name)
     cmake_parse_arguments(arg "EXPORTS_ONLY;OPTIMISED" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
-    tt_configure_target(${name})
-    # Under a sanitizer, optimising test bodies takes long; the code under test stays optimised.
-    if(TT_SANITIZE AND NOT MSVC AND NOT arg_OPTIMISED)
-        target_compile_options(${name} PRIVATE -O0)
+    # Optimising test bodies takes long; the code under test stays optimised.
+    if(arg_OPTIMISED)
+        tt_configure_target(${name})
+    else()
+        tt_configure_target(${name} TESTING)
     endif()
+    set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
     target_compile_definitions(${name} PRIVATE
         TT_SOURCE_DIR="${PROJECT_SOURCE_DIR}" TT_BINARY_DIR="${PROJECT_BINARY_DIR}" TT_COUNTS_COVERAGE=$<BOOL:${TT_COVERAGE}>

@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kDeepestNesting = 32;
 constexpr std::size_t kLongestShown = 120;
 constexpr int kNumberBeyondDouble = 406;  // the parser's number for this error
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 std::string placeText(std::string_view text, std::size_t offset) {
     const std::string_view before = text.substr(0, std::min(offset, text.size()));
@@ -196,7 +196,7 @@ std::string shownInMessage(std::string_view text) {
 }
 
 bool parseStrictJson(std::string_view text, JsonValue& value, std::string& problem) {
-    if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark) text.remove_prefix(kByteOrderMark.size());
+    if (text.substr(0, kUtf8Mark.size()) == kUtf8Mark) text.remove_prefix(kUtf8Mark.size());
     value = JsonValue();
     // The parser would take a NUL for the end of the text and ignore the rest.
     if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {

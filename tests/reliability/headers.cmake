@@ -48,7 +48,7 @@ add_custom_target(headers)
 foreach(standard 17 20)
     add_library(headers_cxx${standard} OBJECT EXCLUDE_FROM_ALL ${sources})
     tt_configure_target(headers_cxx${standard})
-    set_target_properties(headers_cxx${standard} PROPERTIES CXX_STANDARD ${standard} CXX_STANDARD_REQUIRED ON)
+    set_target_properties(headers_cxx${standard} PROPERTIES CXX_STANDARD ${standard} CXX_STANDARD_REQUIRED ON UNITY_BUILD OFF)
     target_include_directories(headers_cxx${standard} PRIVATE ${PROJECT_SOURCE_DIR}/libs ${PROJECT_SOURCE_DIR}/base/src)
     target_link_libraries(headers_cxx${standard} PRIVATE
         ${TRADERBASE_PLATFORM_TARGET} tt::boost tt::lua tt::bson tt::log4cxx)

@@ -20,7 +20,7 @@ using namespace ttservice::internal;
 using standin::SettingsEntry;
 using standin::SettingsSection;
 
-constexpr std::string_view kMainSection = "setting";
+constexpr std::string_view kSwitchSection = "setting";
 
 // A platform, and the first piece that lists it.
 struct Listed {
@@ -46,7 +46,7 @@ bool holdsValue(std::string_view key) {
     static const std::unordered_set<std::string_view> kKeys = [] {
         std::unordered_set<std::string_view> keys;
         for (const SettingKey& row : kSettingKeys) {
-            if (row.section == kMainSection) keys.insert(row.key);
+            if (row.section == kSwitchSection) keys.insert(row.key);
         }
         return keys;
     }();
@@ -60,8 +60,8 @@ public:
 
     void compareAll(const TextPair& texts) {
         static const std::vector<SettingsEntry> kNone;
-        const SettingsSection* oldSection = texts.before.findSection(kMainSection);
-        const SettingsSection* newSection = texts.after.findSection(kMainSection);
+        const SettingsSection* oldSection = texts.before.findSection(kSwitchSection);
+        const SettingsSection* newSection = texts.after.findSection(kSwitchSection);
         const auto& before = oldSection == nullptr ? kNone : oldSection->entries;
         const auto& after = newSection == nullptr ? kNone : newSection->entries;
         // Most of two files is alike and stands at the same place: there nothing needs to be looked up.
@@ -72,11 +72,11 @@ public:
         for (std::size_t i = 0; i < before.size(); ++i) {
             if (before[i].repeated) continue;
             compare(before[i].key,
-                    {&before[i], alike(i) ? &after[i] : texts.after.findEntry(kMainSection, before[i].key)});
+                    {&before[i], alike(i) ? &after[i] : texts.after.findEntry(kSwitchSection, before[i].key)});
         }
         for (std::size_t i = 0; i < after.size(); ++i) {
             if (after[i].repeated || alike(i)) continue;
-            if (texts.before.findEntry(kMainSection, after[i].key) == nullptr)
+            if (texts.before.findEntry(kSwitchSection, after[i].key) == nullptr)
                 compare(after[i].key, {nullptr, &after[i]});
         }
     }

@@ -25,7 +25,7 @@ using ttservice::internal::kSettingKeys;
 using ttservice::internal::PlatformSwitch;
 using ttservice::internal::SettingKey;
 
-constexpr const char* kPage =
+constexpr const char* kKeysPage =
     "# Keys of the settings file\n\n"
     "Every key that is not a platform switch, section by section; `*` stands for every key of a section whose keys "
     "are\n"
@@ -102,7 +102,7 @@ std::string asCode(const std::string& names) {
 
 // One table a section, in the order in which the catalogue names them first.
 std::string keysPage(const Table& table) {
-    std::string page = kPage;
+    std::string page = kKeysPage;
     std::vector<Answer> sections;
     for (const std::vector<Answer>& row : table.rows) {
         if (std::find(sections.begin(), sections.end(), row[0]) == sections.end()) sections.push_back(row[0]);

@@ -20,7 +20,7 @@ using ttservice::internal::kPlatformSwitches;
 using ttservice::internal::PlatformSwitch;
 using ttservice::internal::SwitchSense;
 
-constexpr const char* kPage =
+constexpr const char* kSwitchesPage =
     "# Platform switches\n\n"
     "Each is a key of section `[setting]` whose value lists platform IDs, separated by `,`: `needmaxamount=12,15`. "
     "The\n"
@@ -79,7 +79,7 @@ void runSwitches(const CommandLine& commandLine, Output& output) {
             break;
         case Format::Markdown:
             output.write(commandLine.platformId ? tableMarkdown(withPlaceColumn(table, {}), 2)
-                                                : kPage + tableMarkdown(table, 2));
+                                                : kSwitchesPage + tableMarkdown(table, 2));
             break;
     }
 }

@@ -54,13 +54,13 @@ struct WantedContract {
     }
 };
 
-bool isNamed(const WantedContract& contract, const internal::ContractEntry& entry) {
+bool namesContract(const WantedContract& contract, const internal::ContractEntry& entry) {
     return internal::isStored(entry.outcome) && entry.productId == contract.productId &&
            isForCredit(entry) == contract.isCredit;
 }
 
 bool isSaid(const WantedContract& contract, const internal::ContractEntry& entry) {
-    if (!isNamed(contract, entry)) return false;
+    if (!namesContract(contract, entry)) return false;
     for (std::size_t i = 0; i < kCreditField; ++i) {
         if (!says(entry.fields[i], kContractFields[i].kind, contract.fields[i])) return false;
     }
@@ -92,7 +92,7 @@ WantedPieces wantedContracts(std::vector<WantedContract> contracts,
         return internal::isStored(entry.outcome) && counts(entry);
     };
     wanted.names = [contracts](std::size_t number, std::string_view piece) {
-        return isNamed(contracts[number], internal::contractEntry(piece));
+        return namesContract(contracts[number], internal::contractEntry(piece));
     };
     wanted.says = [contracts](std::size_t number, std::string_view piece) {
         return isSaid(contracts[number], internal::contractEntry(piece));

@@ -19,7 +19,7 @@ using namespace ttservice::internal;
 using standin::SettingsEntry;
 using standin::SettingsSection;
 
-constexpr std::size_t kMostShown = 400;
+constexpr std::size_t kLongestShown = 400;
 
 // Whether the key is shown with the lists and catalogues, and not in a table of its own.
 bool isOther(const SettingKey& key) {
@@ -82,7 +82,7 @@ private:
         if (count++ >= state.bounds.rows) return;
         json.beginArray();
         json.text(section);
-        json.text(cutText(now != nullptr ? now->key : before->key, kMostShown));
+        json.text(cutText(now != nullptr ? now->key : before->key, kLongestShown));
         writeSide(now, state.lines);
         if (state.oldText() != nullptr) writeSide(before, state.oldLines);
         json.endArray();
@@ -92,7 +92,7 @@ private:
         if (entry == nullptr) {
             json.null();
         } else {
-            json.text(cutText(entry->value, kMostShown));
+            json.text(cutText(entry->value, kLongestShown));
         }
         json.integer(entry == nullptr ? 0 : lines.mark(entry->line));
     }
