@@ -194,9 +194,9 @@ private:
 
 void checkLimitRow(EntryRemarks& remarks, SettingsContext& context, const SettingKey& row) {
     remarks.lookForComment(Semicolons::Comment);
-    const LimitTableSpec& table = *limitTableOf(row.section);
-    if (!checkLimitFields(remarks, fieldShapeOf(table), rangeOf(row))) return;
-    ItemCheck items(remarks, context, table);
+    const LimitTableSpec* table = limitTableOf(row.section);
+    if (table == nullptr || !checkLimitFields(remarks, fieldShapeOf(*table), rangeOf(row))) return;
+    ItemCheck items(remarks, context, *table);
     forEachLimitItem(remarks.entry().key, [&items](const LimitItem& item) { items.check(item); });
 }
 
