@@ -11,29 +11,29 @@
 
 namespace ttservice::internal {
 
-// The value as it stands; empty without the key.
+// The value as written; empty without the key.
 inline std::string readText(const utils::Configuration& configuration, const SettingKey& row) {
     return configuration.read(std::string(row.section), std::string(row.key));
 }
 
-// The value as a whole number; the row's own value when the key is missing or its value is no such number.
+// The value as a whole number; the row's default if the key is missing or its value is not a whole number.
 inline int readInteger(const utils::Configuration& configuration, const SettingKey& row) {
     return configuration.readInt(std::string(row.section), std::string(row.key), valueWhenMissing<int>(row));
 }
 
-// A key of a section whose keys are data, and its value. The settings reader hands each key out once.
+// A key and its value, from a section whose keys are data. The settings reader returns each key once.
 struct SectionRow {
     std::string_view key;
     std::string_view value;
     static constexpr bool repeated = false;
 };
 
-// The rows of the settings file as its reader hands them out, for the walks through whole sections.
+// The rows of the settings file as its reader returns them, for code that walks whole sections.
 class ConfigurationRows {
 public:
     explicit ConfigurationRows(const utils::Configuration& source) : configuration(source) {}
 
-    // Hands every row of the key's section to sink(SectionRow), in file order.
+    // Passes every row of the key's section to sink(SectionRow), in file order.
     template <typename Sink>
     void forEach(const SettingKey& row, Sink&& sink) const {
         const std::string section(row.section);
@@ -47,7 +47,7 @@ private:
     const utils::Configuration& configuration;
 };
 
-// Yes exactly when the number is 1.
+// True exactly when the number is 1.
 inline bool readFlag(const utils::Configuration& configuration, const SettingKey& row) {
     return readInteger(configuration, row) == 1;
 }

@@ -1,4 +1,4 @@
-// Key catalogue: answers how the value of a key is written, in words.
+// Key catalogue: describes in words how the value of a key is written.
 // Entry points: describe(); the rows themselves are in the header.
 // Covered by tests/config/loadorder_test.cpp.
 

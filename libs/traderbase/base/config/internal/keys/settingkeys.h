@@ -5,47 +5,47 @@
 
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 
-// The catalogue of settings keys: everything that readers, tool and reference page know about a key, said once in
-// settingkeys.def.
+// The catalogue of settings keys. Everything that readers, the tool and the reference page know about a key is stated
+// once, in settingkeys.def.
 
 namespace ttservice::internal {
 
-// How a value is written. platformlist.h and perplatformlist.h hold the grammars that several keys share, the rooms
-// those of their own rows.
+// How a value is written. platformlist.h and perplatformlist.h hold the grammars that several keys share; each topic
+// holds the grammars of its own rows.
 enum class ValueGrammar {
-    Flag,                // an integer; 1 is yes, every other number no
+    Flag,                // an integer; 1 means yes, any other number no
     Integer,             // a decimal integer
     Decimal,             // a decimal number
-    Text,                // taken as it stands
-    PerPlatformFlag,     // items platform:0 or platform:1 and a default, separated by ";"
-    PerPlatformInteger,  // items platform:number and a default, separated by ";"
+    Text,                // used as written
+    PerPlatformFlag,     // items platform:0 or platform:1, and a default, separated by ";"
+    PerPlatformInteger,  // items platform:number, and a default, separated by ";"
 
-    // Limits and credit; limitrows.h and creditlists.h hold the grammars, perplatformlist.h the next two.
-    PerPlatformFlagKeepEmpty,     // as PerPlatformFlag, but an empty item counts wherever it stands
-    PerPlatformDecimalKeepEmpty,  // the same with decimal numbers
+    // Limits and credit: limitrows.h and creditlists.h hold these grammars, perplatformlist.h the next two.
+    PerPlatformFlagKeepEmpty,     // like PerPlatformFlag, but an empty item counts wherever it stands
+    PerPlatformDecimalKeepEmpty,  // the same for decimal numbers
     OrderLimitRow,                // quantity,unit
     BlockTradeLimitRow,           // quantity,unit,amount
     StockRateRow,                 // six decimals and an integer
     ConnectRateRow,               // fourteen decimals
     FixedIncomeNumbers,           // a decimal and six integers
     PlatformRatioPairs,           // items platform:first,second, separated by ";"
-    PlatformCodes,                // items platform:codes, separated by ";", the codes by ","
+    PlatformCodes,                // items platform:codes, separated by ";", with the codes separated by ","
 
-    // Catalogues; catalogueentries.h and producttables.h hold the grammars.
-    ProductGroups,          // groups separated by ";", each of products separated by ","
-    MarketCodes,            // items market:codes, separated by ";", the codes by ","
-    Funds,                  // market and code without anything between, separated by ",", or ALL alone
-    KeyAlone,               // the key says it; the value is not read
+    // Catalogues: catalogueentries.h and producttables.h hold these grammars.
+    ProductGroups,          // groups separated by ";", each a list of products separated by ","
+    MarketCodes,            // items market:codes, separated by ";", with the codes separated by ","
+    Funds,                  // market and code joined without a separator, items separated by ",", or ALL alone
+    KeyAlone,               // the key is the setting; the value is not read
     Contracts,              // items product:text,number,integer,integer,flag, separated by ";"
-    ContractTypes,          // items product:types, separated by ";", the types by "|"
+    ContractTypes,          // items product:types, separated by ";", with the types separated by "|"
     PairsBySemicolon,       // items first:second, separated by ";"
-    TextsByCommaDropEmpty,  // texts separated by ",", empty ones not counted
-    TextsByComma,           // texts separated by ",", empty ones counted
-    TextsBySemicolon,       // texts separated by ";", empty ones counted
-    TagAndTimes,            // a text, ":" and texts separated by ","
+    TextsByCommaDropEmpty,  // texts separated by ","; empty ones do not count
+    TextsByComma,           // texts separated by ","; empty ones count
+    TextsBySemicolon,       // texts separated by ";"; empty ones count
+    TagAndTimes,            // a text, ":", and texts separated by ","
 };
 
-// The section of the single keys; every one of its keys is in the switch table as well.
+// The section of single keys; each of its keys is in the switch table as well.
 inline constexpr std::string_view kMainSection = "setting";
 
 struct SettingKey {
@@ -87,7 +87,7 @@ constexpr bool everySettingKeyStandsOnce() {
 }
 static_assert(everySettingKeyStandsOnce(), "a settings key stands twice in settingkeys.def");
 
-// A key's value when it is missing, as the type that its reader stores.
+// The value for a missing key, as the type that its reader stores.
 template <typename Value>
 Value valueWhenMissing(const SettingKey& row) {
     return strictValue<Value>(row.whenMissing).value_or(Value());

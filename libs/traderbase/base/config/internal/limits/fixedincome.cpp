@@ -1,4 +1,4 @@
-// Fixed-income values: answers which order parameters a value gives.
+// Fixed-income values: reads the order parameters that a value gives.
 // Entry points: fixedIncomeLimit().
 // Covered by tests/config/bondlimits_test.cpp.
 

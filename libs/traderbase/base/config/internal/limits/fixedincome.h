@@ -9,7 +9,7 @@
 
 namespace ttservice::internal {
 
-// The keys of the fixed-income platform in the order of a load, each with the bond trade type that it is for.
+// The keys of the fixed-income platform in load order, each with its bond trade type.
 struct FixedIncomeKey {
     const SettingKey* key;
     int bondTradeType;
@@ -17,7 +17,7 @@ struct FixedIncomeKey {
 inline constexpr FixedIncomeKey kFixedIncomeKeys[] = {
     {&keys::shFixIncome, 2}, {&keys::shLoanClickDeal, 3}, {&keys::shLoanEnquiryDeal, 4}, {&keys::shLoanBidDeal, 5}};
 
-// The order parameters that a fixed-income value gives: a decimal and six integers. Null when it has not exactly seven
+// The order parameters in a fixed-income value: a decimal and six integers. Null unless the value has exactly seven
 // fields.
 boost::shared_ptr<SHFixIncomeLimit> fixedIncomeLimit(std::string_view value);
 

@@ -1,6 +1,6 @@
-// Limit categories: answers by which category word a limit table knows an instrument, and which rule says so.
+// Limit categories: answers which category word each limit table uses for an instrument, and which rule decided.
 // Entry points: orderLimitCategory(), blockTrade...Category(), ...RateCategory().
-// Owns: the rules and their order, one function a table; they differ from table to table, and that is meant.
+// Owns: the rules and their order, one function per table. The tables differ deliberately.
 // Covered by tests/config/internal/limits/limitcategories_test.cpp.
 
 #include "traderbase/base/config/internal/limits/limitcategories.h"
@@ -15,7 +15,7 @@ namespace ttservice::internal {
 
 namespace {
 
-// One instrument, asked for its types. The base library and the stock type centre number their types independently.
+// One instrument and its types. The base library and the stock type centre number their types independently.
 class Instrument {
 public:
     Instrument(const std::string& instrumentMarket, const std::string& instrumentCode)
@@ -33,7 +33,7 @@ private:
     const std::string& code;
 };
 
-// The price types of options that are market orders, in one of their many variants.
+// The price types of option market orders.
 bool isOptionMarketPrice(int priceType) {
     return (priceType >= 84 && priceType <= 89) || (priceType >= 130 && priceType <= 137) ||
            (priceType >= 140 && priceType <= 142);
@@ -80,12 +80,14 @@ LimitCategory blockTradeQuantityCategory(const std::string& market, const std::s
     if (instrument.isType(100104)) return {words::kDirectionalConvertibleBond, "type 100104"};
     if (instrument.isType(100103)) return {words::kPif, "type 100103"};
     if (instrument.isType(100016)) return {words::kLoan, "type 100016"};
-    // Exchange-traded funds share the row of the other funds in block trades; order limits give them their own.
+    // In block trades, exchange-traded funds share a row with the other funds; order limits have a separate row for
+    // them.
     if (instrument.isType(100004) || instrument.isType(100013)) return {words::kFund, "type 100004 or 100013"};
     return {words::kStock, "no other rule"};
 }
 
-// No "PIF" and no directional convertible bonds here: their amount is that of the stock row, their quantity their own.
+// Deliberately without "PIF" and directional convertible bonds: they use the stock row for the amount, and rows of
+// their own for the quantity.
 LimitCategory blockTradeAmountCategory(const std::string& market, const std::string& code) {
     const Instrument instrument(market, code);
     if (instrument.isType(100003)) return {words::kStock, "type 100003"};
@@ -104,19 +106,19 @@ LimitCategory stockRateCategory(const std::string& market, const std::string& co
     if (instrument.isType(100103)) return {words::kPif, "type 100103"};
     if (instrument.isType(100004)) return {words::kFund, "type 100004"};
     if (instrument.isType(100013)) return {words::kEtf, "type 100013"};
-    // Rates know one kind of repurchase; only order limits tell pledged ones from buy-outs.
+    // Rate limits know one kind of repurchase; only order limits distinguish pledged repurchase from buy-out.
     if (instrument.isType(126) || instrument.isType(100017)) return {words::kRepurchase, "type 126 or 100017"};
     return {words::kDef, "no other rule"};
 }
 
 LimitCategory shanghaiConnectRateCategory(const std::string& market, const std::string& code) {
-    // The market decides before the instrument is looked at: every code of the connect is a stock.
+    // The market alone decides: every code of the connect counts as a stock.
     if (isShanghaiConnect(market)) return {words::kStock, "market HGT or SSEHKEX"};
     if (Instrument(market, code).isType(100016)) return {words::kLoan, "type 100016"};
     return {words::kDef, "no other rule"};
 }
 
-// No classification at all: bonds and codes that nobody knows go by the stock row as well.
+// Nothing is classified here: bonds and unknown codes use the stock row as well.
 LimitCategory shenzhenConnectRateCategory() {
     return {words::kStock, "always"};
 }

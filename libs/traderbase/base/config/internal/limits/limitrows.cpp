@@ -1,4 +1,4 @@
-// Limit rows: answers how the keys and values of the limit sections fall apart, and what is wrong with one.
+// Limit rows: splits the keys and values of the limit sections, and reports what is wrong with them.
 // Entry points: limitItem(), tableKey(), forEachLimitItem(), fieldCount(), examineLimitKey(), examineLimitValue().
 // Owns: the shapes of the rows.
 // Covered by tests/config/internal/limits/limitrows_test.cpp.

@@ -10,12 +10,12 @@
 #include "traderbase/base/config/internal/limits/marketitem.h"
 #include "traderbase/base/config/internal/text/splitting.h"
 
-// The rows of the limit sections. The key names instruments, items separated by ",", each a market, "-" and a code or
-// category word; the value gives all of them the same fields, separated by ",". Nothing is trimmed.
+// The rows of the limit sections. The key is a list of items separated by ",", each a market, "-" and a code or
+// category word. The value gives all of these items the same fields, separated by ",". Nothing is trimmed.
 
 namespace ttservice::internal {
 
-// One item of a row's key, as written. It is split at its first "-".
+// One item of a row's key, as written, split at its first "-".
 struct LimitItem {
     std::string_view text;
     std::string_view market;
@@ -23,19 +23,20 @@ struct LimitItem {
     bool hasDash = false;
 };
 
-// Without a "-" market and item are both the whole text. Such a row is kept; a code that equals its market finds it.
+// Without a "-", market and item are both the whole text. Such a row is kept; only a code equal to its market matches
+// it.
 LimitItem limitItem(std::string_view text);
 
-// The item's place in a table.
+// The key of the item in a table.
 MarketItem tableKey(const LimitItem& item);
 
-// Every item of a key, empty ones included.
+// Passes on every item of a key, including empty ones.
 template <typename Sink>
 void forEachLimitItem(std::string_view key, Sink&& sink) {
     splitKeepEmpty(key, ',', [&sink](std::string_view text) { sink(limitItem(text)); });
 }
 
-// How the fields of a value are read: as atoi and atof do, or as they stand.
+// How the fields of a value are read: like atoi, like atof, or as written.
 enum class LimitField { Integer, Decimal, Text };
 
 template <std::size_t Count>
@@ -56,27 +57,27 @@ inline constexpr LimitRowShape<7> kFixedIncomeRow{LimitField::Decimal, LimitFiel
                                                   LimitField::Integer, LimitField::Integer, LimitField::Integer,
                                                   LimitField::Integer};
 
-// The fields of a row of that shape.
+// The fields of a row with this shape.
 template <typename Shape>
 using LimitFields = std::array<std::string_view, std::tuple_size_v<Shape>>;
 
-// How many fields a value has; an empty one has one.
+// The number of fields in a value; an empty value has one.
 std::size_t fieldCount(std::string_view value);
 
-// What there is to say about a row.
+// What can be wrong with a row.
 enum class LimitRowFinding {
-    WrongFieldCount,  // the whole value: the row is passed over
-    ItemWithoutDash,  // an item of the key: no question finds it, unless for a code that equals its market
-    LooseNumber       // a field that is no number as a whole: its front part counts, or 0 when that is none either
+    WrongFieldCount,  // the whole value; the row is skipped
+    ItemWithoutDash,  // an item of the key; only a code equal to its market matches it
+    LooseNumber       // a field that is not entirely a number; its leading number counts, or 0 if there is none
 };
 
 struct LimitRowRemark {
     LimitRowFinding finding;
-    std::string_view where;  // the piece of the key or value that it is about
+    std::string_view where;  // the part of the key or value concerned
 };
 
-// Everything there is to say about a key, and about a value of that shape. A value with the wrong number of fields gets
-// one remark: its fields are never looked at.
+// All remarks about a key, or about a value of the given shape. A value with the wrong number of fields gets one remark
+// only; its fields are not examined.
 std::vector<LimitRowRemark> examineLimitKey(std::string_view key);
 std::vector<LimitRowRemark> examineLimitValue(std::string_view value, const LimitField* shape, std::size_t count);
 

@@ -1,4 +1,4 @@
-// Limit tables: answers how the value of a row falls into its fields.
+// Limit tables: splits the value of a row into its fields.
 // Entry points: splitLimitFields(); tables, questions and the walk are in the header.
 // Covered by tests/config/internal/limits/limittables_test.cpp.
 

@@ -15,15 +15,15 @@
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "traderbase/base/config/internal/words/markets.h"
 
-// What the limit tables are made of, and how each question about them is answered: one description a table, one a
-// question, and one walk through the rows. The store walks through the texts of the host's settings reader, the tool
-// through views with their places; which row counts is decided here for both.
+// What the limit tables contain and how questions are answered from them: one description per table, one per question,
+// and one walk through the rows. The store walks the texts of the host's settings reader, the tool walks views with
+// their places; this header decides for both which row counts.
 
 namespace ttservice::internal {
 
 // --- tables
 
-// The sections whose rows make one table, in the order in which a load reads them.
+// The sections whose rows form one table, in load order.
 struct LimitSections {
     const SettingKey* const* first;
     std::size_t count;
@@ -34,9 +34,9 @@ struct LimitSections {
 
 struct LimitTableSpec {
     LimitSections sections;
-    const LimitField* shape;  // of a row's value
+    const LimitField* shape;  // shape of a row's value
     std::size_t fieldCount;
-    std::string_view words;  // the fields of a row, for messages
+    std::string_view words;  // names of a row's fields, for messages
 
     template <std::size_t Sections, std::size_t Fields>
     constexpr LimitTableSpec(const SettingKey* const (&keys)[Sections], const LimitRowShape<Fields>& rowShape,
@@ -51,7 +51,7 @@ inline constexpr const SettingKey* kStockRateSections[] = {&keys::stockRates};
 inline constexpr const SettingKey* kShanghaiConnectRateSections[] = {&keys::connectShanghaiRates};
 inline constexpr const SettingKey* kShenzhenConnectRateSections[] = {&keys::connectShenzhenRates};
 
-// One table for three sections: which of them a row came from plays no part in an answer.
+// One table for three sections: a row's section does not affect the answers.
 inline constexpr LimitTableSpec kOrderLimitTable{kOrderLimitSections, kOrderLimitRow, "quantity,unit"};
 inline constexpr LimitTableSpec kBlockTradeTable{kBlockTradeSections, kBlockTradeLimitRow, "quantity,unit,amount"};
 inline constexpr LimitTableSpec kStockRateTable{kStockRateSections, kStockRateRow, "six decimals and a whole number"};
@@ -60,11 +60,11 @@ inline constexpr LimitTableSpec kShanghaiConnectRateTable{kShanghaiConnectRateSe
 inline constexpr LimitTableSpec kShenzhenConnectRateTable{kShenzhenConnectRateSections, kConnectRateRow,
                                                           "fourteen decimals"};
 
-// In the order in which a load reads them.
+// In load order.
 inline constexpr const LimitTableSpec* kLimitTables[] = {&kOrderLimitTable, &kBlockTradeTable, &kStockRateTable,
                                                          &kShanghaiConnectRateTable, &kShenzhenConnectRateTable};
 
-// The table that the section's rows go into; null for any other section.
+// The table for the section's rows; null if the section has none.
 constexpr const LimitTableSpec* limitTableOf(std::string_view section) {
     for (const LimitTableSpec* table : kLimitTables) {
         for (const SettingKey* key : table->sections) {
@@ -76,25 +76,25 @@ constexpr const LimitTableSpec* limitTableOf(std::string_view section) {
 
 // --- questions
 
-// The category word of an instrument; market and code in upper case.
+// Returns the category word of an instrument. Market and code must be in upper case.
 using LimitCategoryRule = LimitCategory (*)(const std::string& market, const std::string& code,
                                             EBrokerPriceType priceType);
 
-// How an answer comes from a table: by the row of (market, code), then by the row of (market, category), then by the
+// How a table answers a question: by the row of (market, code), otherwise the row of (market, category), otherwise the
 // default.
 struct LimitQuestionSpec {
     std::string_view operation;
     const LimitTableSpec* table;
     LimitCategoryRule category;
-    std::string_view hkStandsFor;  // the market that HK is looked up as; empty where HK is a market of its own
-    bool looksForCode;             // false: by category alone
-    bool insertsDefault;           // the default is kept as the category's row until the next load
-    std::size_t firstField;        // the fields of the row that make the answer
+    std::string_view hkStandsFor;  // market under which HK is looked up; empty if HK is a market of its own
+    bool looksForCode;             // false: looks up the category only
+    bool insertsDefault;           // the default is stored as the category's row until the next load
+    std::size_t firstField;        // fields of the row that form the answer
     std::size_t fieldCount;
-    std::string_view withoutRow;  // these fields where no row fits, as a row would have them
+    std::string_view withoutRow;  // the default for these fields, written as in a row
 };
 
-// A category rule that does not depend on the price type, nor, where it says so, on the instrument.
+// Adapts a category rule that ignores the price type, or that also ignores the instrument.
 template <auto Rule>
 LimitCategory atAnyPrice(const std::string& market, const std::string& code, EBrokerPriceType /*priceType*/) {
     if constexpr (std::is_invocable_v<decltype(Rule)>) {
@@ -107,7 +107,7 @@ LimitCategory atAnyPrice(const std::string& market, const std::string& code, EBr
 // clang-format off
 inline constexpr LimitQuestionSpec kOrderLimitQuestion{
     "getOrderLimit", &kOrderLimitTable, &orderLimitCategory, {}, true, true, 0, 2, "1000000,股"};
-// Block trades go by category alone, and no default is left in their table.
+// Block trades look up the category only, and no default is inserted into their table.
 inline constexpr LimitQuestionSpec kBlockTradeQuantityQuestion{
     "getDazongOrderNumLimit", &kBlockTradeTable, &atAnyPrice<blockTradeQuantityCategory>,
     {}, false, false, 0, 2, "1000000,股"};
@@ -129,13 +129,13 @@ inline constexpr const LimitQuestionSpec* kLimitQuestions[] = {
     &kOrderLimitQuestion, &kBlockTradeQuantityQuestion,  &kBlockTradeAmountQuestion,
     &kStockRateQuestion,  &kShanghaiConnectRateQuestion, &kShenzhenConnectRateQuestion};
 
-// The market whose rows answer for a market; both in upper case.
+// The market under which a market's rows are looked up; both in upper case.
 constexpr std::string_view marketLookedFor(const LimitQuestionSpec& question, std::string_view market) {
     return !question.hkStandsFor.empty() && market == markets::kHk ? question.hkStandsFor : market;
 }
 
-// What a question finds in a table: the row's value, null without one, and the category that was looked for last, empty
-// where the code has a row of its own. Market and code in upper case, the market as marketLookedFor() answers it.
+// The result of a look-up: the row's value, or null, and the category looked up last, which is empty if the code has a
+// row of its own. Market and code must be in upper case, the market as returned by marketLookedFor().
 template <typename Value>
 struct FoundLimit {
     const Value* value;
@@ -154,10 +154,10 @@ FoundLimit<Value> findLimit(const MarketItemTable<Value>& table, const std::stri
 
 // --- fields
 
-// Room for the fields of any table's row.
+// Large enough for the fields of any table's row.
 using LimitFieldTexts = std::array<std::string_view, 14>;
 
-// Hands the field's value to the sink as what its kind says: an int, a double or a std::string_view.
+// Passes the field's value to the sink as the type of its kind: int, double or std::string_view.
 template <typename Sink>
 decltype(auto) withFieldValue(LimitField kind, std::string_view field, Sink&& sink) {
     switch (kind) {
@@ -171,7 +171,7 @@ decltype(auto) withFieldValue(LimitField kind, std::string_view field, Sink&& si
     return sink(field);
 }
 
-// Reads the fields of a row, from the first on, into values of the types that its shape has there.
+// Reads consecutive fields of a row, starting at the first, into values of the types given by its shape.
 template <const auto& Shape, typename... Values>
 void readLimitFields(const LimitFieldTexts& fields, Values&... values) {
     static_assert(sizeof...(Values) == Shape.size(), "a value for each field");
@@ -194,34 +194,34 @@ void readLimitFields(const LimitFieldTexts& fields, Values&... values) {
 
 enum class LimitRowState {
     Counts,
-    Repeated,        // its key stands in the section before: the first one's value counts
-    WrongFieldCount  // passed over
+    Repeated,        // an earlier row of the section has the same key; that one counts
+    WrongFieldCount  // skipped
 };
 
-// One row of a table as the walk comes to it. A row of the source has a key, a value and whether its key is repeated.
+// One row of a table as the walk reaches it. A row of the source has a key, a value and a flag for a repeated key.
 template <typename Row>
 struct LimitTableRow {
     const SettingKey& section;
     const Row& row;
     std::size_t foundFields;
     LimitRowState state;
-    const LimitFieldTexts& fields;  // of a row that counts
+    const LimitFieldTexts& fields;  // the fields, if the row counts
 
     bool counts() const { return state == LimitRowState::Counts; }
 
-    // Hands the places that the row is entered at to sink(LimitItem). Of a table's rows for one market and item the
-    // last counts, whichever section it is from.
+    // Passes each table key that the row sets to sink(LimitItem). If several rows set the same market and item, the
+    // last one counts, whichever section it is in.
     template <typename Sink>
     void forEachItem(Sink&& sink) const {
         forEachLimitItem(row.key, std::forward<Sink>(sink));
     }
 };
 
-// The fields of a value, as many as there is room for; answers how many it has, an empty value one.
+// Stores the fields of a value, as many as fit. Returns how many the value has; an empty value has one.
 std::size_t splitLimitFields(std::string_view value, LimitFieldTexts& fields);
 
-// Hands every row of a table to sink(LimitTableRow), in the order of a load, those that do not count included. The
-// source's rows.forEach(section, sink) hands the rows of a section to its sink in file order.
+// Passes every row of a table to sink(LimitTableRow) in load order, including rows that do not count. The source's
+// rows.forEach(section, sink) passes a section's rows to its sink in file order.
 template <typename Rows, typename Sink>
 void forEachLimitRow(const LimitTableSpec& table, const Rows& rows, Sink&& sink) {
     LimitFieldTexts fields;

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <utility>
 
-// Tables keyed by a market and an item of it, which is an instrument code or a category word; both in upper case. They
-// are searched with views, so that asking for a row allocates nothing.
+// Tables keyed by market and item, where an item is an instrument code or a category word; both in upper case. They are
+// searched with views, so a look-up allocates nothing.
 
 namespace ttservice::internal {
 
@@ -26,7 +26,7 @@ struct MarketItemLess {
 template <typename Value>
 using MarketItemTable = std::map<MarketItem, Value, MarketItemLess>;
 
-// The row of (market, item); null when there is none.
+// The row of (market, item), or null.
 template <typename Value>
 const Value* findRow(const MarketItemTable<Value>& table, std::string_view market, std::string_view item) {
     const auto found = table.find(MarketItemView(market, item));

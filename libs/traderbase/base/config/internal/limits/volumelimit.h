@@ -5,13 +5,13 @@
 
 #include "traderbase/base/config/internal/words/unitwords.h"
 
-// The largest quantity that one order may carry, and the unit word it is counted in: the settings file's bytes.
+// The largest quantity of one order and its unit word, in the bytes of the settings file.
 
 namespace ttservice::internal {
 
 using VolumeLimit = std::pair<int, std::string>;
 
-// What holds where no row says anything. Amounts use the number alone.
+// The default when no row applies. Amounts use only the number.
 inline constexpr int kLimitWithoutRow = 1000000;
 inline VolumeLimit volumeLimitWithoutRow() {
     return {kLimitWithoutRow, std::string(kShares)};

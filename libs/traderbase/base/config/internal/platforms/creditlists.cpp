@@ -1,5 +1,5 @@
-// Credit lists: answers how the concentration and collateral-sale lists fall apart.
-// Entry points: concentrationEntry(), collateralSaleEntry() and their loops in the header.
+// Credit lists: splits the concentration and collateral-sale lists into their entries.
+// Entry points: concentrationEntry(), collateralSaleEntry(); the loops over them are in the header.
 // Covered by tests/config/internal/platforms/creditlists_test.cpp.
 
 #include "traderbase/base/config/internal/platforms/creditlists.h"

@@ -5,18 +5,18 @@
 
 #include "traderbase/base/config/internal/text/splitting.h"
 
-// The two lists of the credit section: entries separated by ";", each a platform ID, ":" and a payload. The lists of
-// one number or flag a platform are those of perplatformlist.h.
+// The two lists of the credit section: entries separated by ";", each a platform ID, ":" and a payload. Lists with one
+// number or flag per platform are in perplatformlist.h.
 
 namespace ttservice::internal {
 
 enum class CreditEntryKind {
     Entry,
-    NoPlatform,   // there is no ":"; the entry is passed over
-    TooFewFields  // a concentration entry with less than two numbers; it is passed over
+    NoPlatform,   // no ":"; the entry is skipped
+    TooFewFields  // a concentration entry with fewer than two numbers; it is skipped
 };
 
-// One entry. The platform ID is read as atoi reads it: a text that is no number is platform 0.
+// One entry. The platform ID is read like atoi: a text that is not a number gives platform 0.
 struct CreditEntry {
     CreditEntryKind kind = CreditEntryKind::NoPlatform;
     std::string_view text;
@@ -24,14 +24,14 @@ struct CreditEntry {
     std::string_view payload;
 };
 
-// Payload: two numbers separated by ",". Further ones are ignored.
+// Payload: two numbers separated by ","; any further ones are ignored.
 struct ConcentrationEntry : CreditEntry {
     std::array<std::string_view, 2> ratios;
 };
 
 ConcentrationEntry concentrationEntry(std::string_view text);
 
-// Payload: instrument codes separated by ",". Empty codes do not count.
+// Payload: instrument codes separated by ","; empty codes do not count.
 CreditEntry collateralSaleEntry(std::string_view text);
 
 template <typename Sink>

@@ -10,17 +10,17 @@
 #include "traderbase/base/config/internal/text/splitting.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 
-// Per-platform lists: items separated by ";", each a platform ID, ":" and a value, or a value alone, which is the
-// default for the platforms that are not named. 12:1;15:0;1 says 1 for every platform but 15.
+// Per-platform lists: items separated by ";", each either a platform ID, ":" and a value, or a value alone, which is
+// the default for platforms that are not named. "12:1;15:0;1" gives 1 for every platform but 15.
 
 namespace ttservice::internal {
 
 enum class PerPlatformItemKind {
     Entry,           // platform:value
     Default,         // value
-    BuiltInDefault,  // nothing: back to the default that the setting is born with
-    BadPlatform,     // the text before ":" is no platform ID
-    BadValue         // the value is none of its type
+    BuiltInDefault,  // empty: restores the setting's built-in default
+    BadPlatform,     // the text before ":" is not a platform ID
+    BadValue         // the value does not have the required type
 };
 
 template <typename Value>
@@ -43,7 +43,7 @@ PerPlatformItem<Value> perPlatformItem(std::string_view text) {
     return {isEntry ? PerPlatformItemKind::Entry : PerPlatformItemKind::Default, text, *platform, *value};
 }
 
-// Enters one item. A bad one is passed over with one line on the standard error stream.
+// Enters one item. A bad item is skipped, with one line on the standard error stream.
 template <typename Value>
 void enterPerPlatformItem(std::string_view text, const Value& builtIn, PerPlatformTable<Value>& table) {
     const auto item = perPlatformItem<Value>(text);
@@ -64,8 +64,8 @@ void enterPerPlatformItem(std::string_view text, const Value& builtIn, PerPlatfo
     }
 }
 
-// Reads a list whose runs of ";" count as one. The entries are replaced; the default is kept from the load before when
-// the text names platforms and nothing else.
+// Reads a list in which a run of ";" counts as one separator. The entries are replaced. If the text names platforms
+// only, the default of the previous load stays.
 template <typename Value>
 void readPerPlatformList(std::string_view text, const Value& builtIn, PerPlatformTable<Value>& table) {
     PerPlatformTable<Value> fresh{{}, table.byDefault};
@@ -73,7 +73,8 @@ void readPerPlatformList(std::string_view text, const Value& builtIn, PerPlatfor
     table = std::move(fresh);
 }
 
-// The same for a list in which every ";" separates: an empty item in the middle sets the built-in default as well.
+// The same for a list in which every ";" separates, so that an empty item in the middle also restores the built-in
+// default.
 template <typename Value>
 void readPerPlatformListKeepEmpty(std::string_view text, const Value& builtIn, PerPlatformTable<Value>& table) {
     PerPlatformTable<Value> fresh{{}, table.byDefault};

@@ -7,7 +7,7 @@
 
 namespace ttservice::internal {
 
-// Reads a key that gives a value for each platform; how its items are split is a matter of its grammar.
+// Reads a key with one value per platform; the key's grammar decides how items are split.
 template <typename Value>
 void readPerPlatform(const utils::Configuration& configuration, const SettingKey& row, PerPlatformTable<Value>& table) {
     const bool everySeparatorCounts = row.grammar == ValueGrammar::PerPlatformFlagKeepEmpty ||

@@ -4,7 +4,7 @@
 
 namespace ttservice::internal {
 
-// One value for each platform that is named, and one for all others.
+// One value for each named platform, and a default for all others.
 template <typename Value>
 struct PerPlatformTable {
     std::map<int, Value> byPlatform;

@@ -1,4 +1,4 @@
-// Platform lists: answers which platform IDs a switch lists.
+// Platform lists: reads the platform IDs that a switch lists.
 // Entry points: readPlatformList(), sortedKeys(), readSwitchLists(); forEachPlatformPiece() is in the header.
 // Covered by tests/config/internal/keys/grammars_test.cpp.
 
@@ -15,7 +15,7 @@ namespace ttservice::internal {
 
 namespace {
 
-// string_sort() goes a call deeper for each character that many keys have in common, whatever stack there is.
+// string_sort() recurses once per character that many keys share, which could overflow the stack for longer keys.
 constexpr std::size_t kLongKey = 256;
 
 bool isShort(const PlacedKey& place) {
@@ -48,7 +48,7 @@ std::vector<PlacedKey> sortedKeys(const std::vector<std::string>& keys) {
     places.reserve(keys.size());
     for (const std::string& key : keys)
         places.push_back({key, places.size()});
-    // Keys have much in common at their front, so they are sorted by their characters instead of compared in whole.
+    // Keys share long prefixes, so sorting character by character beats comparing whole keys.
     if (std::all_of(places.begin(), places.end(), isShort)) {
         boost::sort::spreadsort::string_sort(
             places.begin(), places.end(),

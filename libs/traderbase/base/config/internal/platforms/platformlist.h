@@ -14,7 +14,7 @@
 
 namespace ttservice::internal {
 
-// Hands every piece to sink(piece, platformId), the ID empty where the piece is none. Empty pieces do not count.
+// Passes every piece to sink(piece, platformId), with no ID if the piece is not one. Empty pieces are skipped.
 template <typename Sink>
 void forEachPlatformPiece(std::string_view text, Sink&& sink) {
     while (!text.empty()) {
@@ -22,7 +22,8 @@ void forEachPlatformPiece(std::string_view text, Sink&& sink) {
             text.remove_prefix(1);
             continue;
         }
-        // A number that ends where the piece does is the piece; only behind anything else the end is searched for.
+        // Fast path: a number that ends at a separator or at the end of the text is the whole piece. Otherwise search
+        // for the end.
         const LeadingInt number = leadingInt(text);
         const bool isPlatform = number.used != 0 && (number.used == text.size() || text[number.used] == ',');
         const std::string_view piece = text.substr(0, isPlatform ? number.used : text.find(','));
@@ -31,8 +32,8 @@ void forEachPlatformPiece(std::string_view text, Sink&& sink) {
     }
 }
 
-// The platform IDs in the order written, repeated ones included. A piece that is none is passed over with one line on
-// the standard error stream.
+// The platform IDs as written, including repeated ones. A piece that is not an ID is skipped, with one line on the
+// standard error stream.
 std::vector<int> readPlatformList(std::string_view text);
 
 struct PlacedKey {
@@ -40,14 +41,14 @@ struct PlacedKey {
     std::size_t index;
 };
 
-// The keys in the order of their bytes, with where each stood; of a repeated key the first place.
+// The keys in byte order, each with its position; a repeated key has its first position.
 std::vector<PlacedKey> sortedKeys(const std::vector<std::string>& keys);
 
 // The platform lists of a section.
 struct SwitchLists {
     std::vector<std::string> keys;        // in file order
-    std::vector<std::vector<int>> lists;  // of each key
-    std::vector<PlacedKey> byKey;         // each key once
+    std::vector<std::vector<int>> lists;  // one for each key
+    std::vector<PlacedKey> byKey;         // each key once, in byte order
 };
 
 SwitchLists readSwitchLists(const utils::Configuration& configuration, const std::string& section);

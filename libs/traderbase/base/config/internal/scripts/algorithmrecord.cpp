@@ -1,4 +1,4 @@
-// From a vendor's text to its record.
+// Makes a vendor's text into its record.
 // Entry points: algorithmRecord().
 // Covered by tests/config/algorithmparamconfig_test.cpp.
 
@@ -17,7 +17,7 @@ namespace ttservice::internal {
 boost::shared_ptr<CAlgorithmsParams> algorithmRecord(const std::string& text) {
     const bson::BSONObj answer = parseJson(text);
     CAlgorithmsParams record;
-    // For what is neither an object nor an array this raises the BSON library's own error 10065.
+    // Throws the BSON library's own error 10065 if the member is neither an object nor an array.
     record.bsonValueFromObj(answer.getField("content").embeddedObjectUserCheck(), true, nullptr);
     return boost::make_shared<CAlgorithmsParams>(record);
 }

@@ -8,9 +8,8 @@ class CAlgorithmsParams;
 
 namespace ttservice::internal {
 
-// The record that the member "content" of a vendor's text describes. Throws an exception derived from std::exception
-// when the text is no JSON, has no such member or one that is neither an object nor an array, or when the record does
-// not take it.
+// The record described by the member "content" of a vendor's text. Throws an exception derived from std::exception if
+// the text is not JSON, if that member is missing or is neither an object nor an array, or if the record rejects it.
 boost::shared_ptr<CAlgorithmsParams> algorithmRecord(const std::string& text);
 
 }  // namespace ttservice::internal

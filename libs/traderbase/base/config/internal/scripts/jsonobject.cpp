@@ -1,4 +1,4 @@
-// The door to the JSON parser: looks every text over before the parser gets it.
+// JSON texts: checks and rewrites every text before the parser gets it.
 // Entry points: parseJson(), readJsonObject(), preparedJson().
 // Covered by tests/config/internal/scripts/jsonobject_test.cpp.
 
@@ -30,16 +30,16 @@ bool isNameCharacter(char c) {
     return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '$';
 }
 
-// Whether no locale takes the character for a decimal sign. Of those that have a place in JSON, the comma is not plain.
+// Whether the character is JSON punctuation or a blank that no locale uses as a decimal sign; some use the comma.
 bool isPlain(char c) {
     return std::string_view("{}[]():+- \t\n\v\f\r").find(c) != std::string_view::npos;
 }
 
 bool isQuote(char c) {
-    return c == '"' || c == '\'' || c == '/';  // the last one encloses a regular expression
+    return c == '"' || c == '\'' || c == '/';  // "/" encloses a regular expression
 }
 
-// A character beyond the first 65536 in UTF-8.
+// UTF-8 of a character beyond the first 65536.
 std::string utf8(std::uint32_t point) {
     std::string bytes;
     bytes += static_cast<char>(0xF0 | (point >> 18));
@@ -49,7 +49,7 @@ std::string utf8(std::uint32_t point) {
     return bytes;
 }
 
-// Copies a text token by token into what the parser gets.
+// Copies a text, token by token, into the form that the parser gets.
 class Preparation {
 public:
     explicit Preparation(std::string_view whole) : text(whole) { prepared.reserve(whole.size() + whole.size() / 4); }
@@ -104,7 +104,7 @@ private:
         prepared += text.substr(copied, at - copied);
     }
 
-    // The unit of an escape such as \u4e2d that starts there; nothing where none does.
+    // The UTF-16 unit of an escape such as \u4e2d that starts at this place; nothing if none does.
     std::optional<std::uint32_t> escapedUnitAt(std::size_t place) const {
         const std::string_view escape = text.substr(std::min(place, text.size()), 6);
         std::uint32_t unit = 0;
@@ -113,7 +113,8 @@ private:
         return result.ptr == escape.data() + 6 ? std::optional<std::uint32_t>(unit) : std::nullopt;
     }
 
-    // The character that two escapes in a row make together, which the parser would take for two; 0 where none starts.
+    // The character encoded by two consecutive escapes, which the parser would read as two characters; 0 if no such
+    // pair starts here.
     std::uint32_t escapedPairAt(std::size_t place) const {
         const auto high = escapedUnitAt(place);
         if (!high || *high < 0xD800 || *high > 0xDBFF) return 0;
@@ -140,7 +141,7 @@ private:
         return text.substr(from, at - from);
     }
 
-    // The exponent if one follows, and 0 otherwise. One beyond all bounds is held at a bound that no number reaches.
+    // The exponent that follows, or 0. A huge exponent is limited to a value that is out of range for every number.
     long long takeExponent() {
         std::size_t digits = at + 1;
         if (at == text.size() || (text[at] != 'e' && text[at] != 'E')) return 0;
@@ -156,7 +157,8 @@ private:
         return minus ? -exponent : exponent;
     }
 
-    // 1.25e3 becomes 125e1, which is the same number, exactly. What is no plain decimal number, such as 0x1F, stays.
+    // Rewrites 1.25e3 as 125e1, which is exactly the same number. Anything that is not a plain decimal number, such as
+    // 0x1F, stays unchanged.
     void takeNumber() {
         const std::size_t from = at;
         const std::string_view integer = takeDigits();
@@ -175,7 +177,8 @@ private:
         prepared.append(isTooSmall(number) ? "0e0" : number).append(" ");
     }
 
-    // A decimal number so small that the parser, at odds with the JSON that it is, would refuse it: it reads as 0.
+    // Whether a decimal number is too small for a double. The parser would refuse it, although it is valid JSON; it
+    // reads as 0.
     static bool isTooSmall(const std::string& number) {
         return number.find_first_of("eE") != std::string::npos &&
                number.find_first_not_of("0123456789eE+-") == std::string::npos &&
@@ -185,17 +188,17 @@ private:
     std::string_view text;
     std::size_t at = 0;
     int level = 0;
-    bool complete = false;  // the outermost bracket is closed: what follows is nobody's
+    bool complete = false;  // the outermost bracket is closed; the rest is ignored
     std::string prepared;
 };
 
-// The parser's first exception in a process would make its log manager without a lock. Not by std::call_once: an
-// exception from inside of that passes through the C library, which may need memory to let it.
+// Creates the log manager before the parser throws: the first exception in the process would create it without a lock.
+// std::call_once will not do: an exception inside it unwinds through the C library, which may need memory for that.
 void makeLogManager() {
     [[maybe_unused]] static const auto* const made = bson::logger::globalLogManager();
 }
 
-// What the JSON library says when there is no memory for a buffer of its own.
+// Whether the code is one with which the JSON library reports that it has no memory for a buffer.
 bool tellsOfNoBuffer(int code) {
     constexpr int kNoFirstBuffer = 10000;
     constexpr int kNoLargerBuffer = 16070;
@@ -205,7 +208,7 @@ bool tellsOfNoBuffer(int code) {
            code == kNoNewBuffer;
 }
 
-// The same in words, as it stands in an exception that was made of another.
+// The same for the message, as quoted inside another exception.
 bool tellsOfNoMemory(std::string_view reason) {
     constexpr std::string_view kNoBuffer[] = {"out of memory BufBuilder", "out of memory BufBuilder::grow_reallocate",
                                               "out of memory StackAllocator::Realloc",
@@ -214,8 +217,8 @@ bool tellsOfNoMemory(std::string_view reason) {
            std::find(std::begin(kNoBuffer), std::end(kNoBuffer), reason) != std::end(kNoBuffer);
 }
 
-// The parser makes an exception of its own out of every one that is raised inside it, and has no memory for the whole
-// message when there is none. Other messages quote the text, which may say anything.
+// The parser wraps every exception raised inside it in one of its own, and truncates the message when there is no
+// memory for all of it. Other messages quote the text, which may contain anything.
 bool tellsOfNoMemory(const bson::DBException& failure) {
     constexpr int kParserFailed = 17031;
     constexpr std::string_view kIntroduction = "caught exception from within JSON parser: ";
@@ -250,7 +253,7 @@ std::optional<bson::BSONObj> readJsonObject(const std::string& text) {
     try {
         return parseJson(text);
     } catch (const std::bad_alloc&) {
-        throw;  // says nothing about the text
+        throw;  // not a fault of the text
     } catch (const std::exception&) {
         return std::nullopt;
     }

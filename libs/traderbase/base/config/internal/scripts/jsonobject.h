@@ -6,39 +6,36 @@
 
 #include <mongo/bson/bson.h>
 
-// The one door to the JSON parser. Scripts answer with JSON texts; the parser behind this door takes more than JSON,
-// recurses without a limit and reads numbers by the process's locale, so every text is looked over first:
+// The only way to the JSON parser. Scripts answer with JSON texts. The parser accepts more than JSON, recurses without
+// a limit and reads numbers by the process's locale, so every text is checked first:
 //
 //  - an empty text is an empty object;
-//  - the text ends at its first NUL byte, and what follows the first complete object is ignored;
-//  - nested deeper than kDeepestJson levels, a text is refused;
-//  - a name with an escaped NUL in it is refused: the parsed object could not be trusted;
-//  - numbers read the same under every locale. Without a point or an exponent, a number that fits is an int, else a
-//    long long; everything else is a double. One too small for a double is 0, one too large is refused;
-//  - two escapes that are one character together are made that character;
-//  - beyond JSON, names without quotes, texts in single quotes, NaN, Infinity, Date(5) and the like are taken.
+//  - the text ends at its first NUL byte, and anything after the first complete object is ignored;
+//  - a text nested deeper than kDeepestJson levels is refused;
+//  - a name with an escaped NUL is refused: the parsed object could not be trusted;
+//  - numbers read the same under every locale. Without a point or an exponent, a number is an int if it fits, otherwise
+//    a long long; every other number is a double. One too small for a double is 0, one too large is refused;
+//  - two escapes that form one character are replaced by that character;
+//  - beyond JSON, names without quotes, texts in single quotes, NaN, Infinity, Date(5) and the like are accepted.
 
 namespace ttservice::internal {
 
-// Levels of "{", "[" and "(" that may be open at once.
+// How many levels of "{", "[" and "(" may be open at once.
 inline constexpr int kDeepestJson = 100;
 
-// Why a text is refused by the look beforehand; what the parser itself refuses is a mongo::DBException. Either way what
-// scripts get wrong is an exception derived from std::exception.
+// Why the check refused a text; the parser's own refusals are mongo::DBException. Both derive from std::exception.
 struct RefusedJson : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// The object or array that the text holds; an array has the names "0", "1" and so on. Throws when it holds neither.
+// The object or array in the text; an array has the names "0", "1" and so on. Throws if the text holds neither.
 mongo::BSONObj parseJson(const std::string& text);
 
-// The object that the text holds; nothing for an array and for every text that parseJson() throws for. Throws nothing
-// but std::bad_alloc.
+// The object in the text; nothing for an array and for any text that parseJson() refuses. Throws only std::bad_alloc.
 std::optional<mongo::BSONObj> readJsonObject(const std::string& text);
 
-// The text as the parser gets it: checked as said above, every decimal point worked into the exponent, every number and
-// every comma followed by a blank, so that nothing that some locale reads as a decimal sign has digits beside it.
-// Throws RefusedJson.
+// The text as the parser gets it: checked as described above, with every decimal point folded into the exponent and a
+// blank after every number and comma, so that no locale's decimal sign has digits next to it. Throws RefusedJson.
 std::string preparedJson(const std::string& text);
 
 }  // namespace ttservice::internal

@@ -1,4 +1,4 @@
-// The questions put to a market-time script.
+// Market-time scripts: calls the functions of a script for its markets and their sessions.
 // Entry points: readMarketTimes().
 // Covered by tests/config/tradingtime_test.cpp and algorithmparamconfig_test.cpp.
 

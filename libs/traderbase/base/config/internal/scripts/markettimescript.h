@@ -9,13 +9,13 @@ class LuaConfig;
 
 namespace ttservice::internal {
 
-// Where the client keeps its market-time script, seen from the folder it runs in.
+// The client's market-time script, relative to its working folder.
 inline constexpr const char* kMarketTimeScript = "../luaScripts/MarketTime.lua";
 
-// Asks a market-time script for its markets and, in their order, for the session text of each; a market named twice
-// keeps the last text. False, and nothing changed, when the script's market list is a text but no JSON object; without
-// a list there is nothing to read, and that is no failure. Memory that runs out, the script's included, is
-// std::bad_alloc.
+// Calls a market-time script for its markets and then, in their order, for the session text of each; if a market is
+// named twice, its last text counts. Returns false and changes nothing if the market list is a text but not a JSON
+// object. A script without a list is no failure: there is nothing to read. Throws std::bad_alloc when memory runs out,
+// including in the script.
 bool readMarketTimes(luabase::LuaConfig& script, std::map<std::string, std::string>& sessionTexts);
 
 }  // namespace ttservice::internal

@@ -1,4 +1,4 @@
-// Session building: from a market's clock times and status codes to its trading sessions.
+// Trading sessions: builds them from a market's clock times and status codes.
 // Entry points: buildTradingSessions(), sessionStatus(), secondOfClockTime(), secondOfTradingDay().
 // Covered by tests/config/internal/scripts/tradingsessions_test.cpp.
 
@@ -22,10 +22,10 @@ namespace {
 constexpr int kSecondsOfDay = 86400;
 constexpr int kNightTradingStart = 73800;  // 20:30:00
 
-// A market's points: which status each clock time brings, and in which order the text names the clock times.
+// A market's points: the status at each clock time, and the order in which the text names the clock times.
 struct Points {
     std::map<int, int> statusAt;
-    std::vector<int> named;  // a clock time that is named twice stands here twice
+    std::vector<int> named;  // a clock time named twice appears twice
 };
 
 int truncated(double number) {
@@ -61,15 +61,15 @@ void logPoints(const std::string& market, const Points& points) {
     });
 }
 
-// Walks the day in clock order from midnight on. The evening is not shifted here: a close after midnight comes before
-// the open that it belongs to, finds nothing open and is passed over.
+// Goes through the day in clock order, starting at midnight. Evening times are not shifted here: a close after midnight
+// comes before the open it belongs to, finds no open session and is ignored.
 TradingSessions sessionsOf(const Points& points) {
     TradingSessions sessions;
     int start = -1;
     for (const auto& [clockTime, status] : points.statusAt) {
         const int second = secondOfClockTime(clockTime);
         if (status == kSessionOpens) {
-            start = second;  // also when a session is open: it begins anew
+            start = second;  // even if a session is open: it starts again here
         } else if ((status == kSessionCloses || status == kSessionClosesToo) && start >= 0) {
             sessions.emplace_back(start, second);
             start = -1;
@@ -86,7 +86,7 @@ int sessionStatus(const bson::BSONElement& value) {
         case bson::NumberInt:
             return value._numberInt();
         case bson::NumberLong:
-            return static_cast<int>(value._numberLong());  // the low 32 bits, that is meant
+            return static_cast<int>(value._numberLong());  // deliberately the low 32 bits
         case bson::NumberDouble:
             return truncated(value._numberDouble());
         default:

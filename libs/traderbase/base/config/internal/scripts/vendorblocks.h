@@ -6,19 +6,19 @@
 
 namespace ttservice::internal {
 
-// The group of rights that algorithm products belong to.
+// The rights group of the algorithm products.
 inline constexpr const char* kAlgorithmRights = "mdl_alg";
 
 // One block of initAlgoParams().
 struct VendorBlock {
-    const char* product;      // the right to it is asked for first; null: the block is read always
-    const char* alternative;  // asked for when the first is refused; null: there is none
-    const char* function;     // of the algorithm script, called without arguments
+    const char* product;      // product whose right is checked first; null: the block is always read
+    const char* alternative;  // product checked if the first is refused; null: none
+    const char* function;     // function of the algorithm script, called without arguments
     void (AlgorithmParamConfig::*read)(std::string text);
     void (AlgorithmParamConfig::*get)(std::string& out) const;
 };
 
-// In the order in which the blocks are read. To add a vendor, add its reader and getter and a row here.
+// In reading order. To add a vendor, add its reader and getter, and a row here.
 inline constexpr VendorBlock kVendorBlocks[] = {
     {"mdl_alg_zxzq1", nullptr, "getCiticAlgoParamConfig", &AlgorithmParamConfig::readCiticConfig,
      &AlgorithmParamConfig::getCiticOriginalStr},
@@ -36,7 +36,7 @@ inline constexpr VendorBlock kVendorBlocks[] = {
      &AlgorithmParamConfig::getQeAlgOriginalStr},
     {nullptr, nullptr, "getAlgorithmsHelpParamConfig", &AlgorithmParamConfig::readQeAlgHelpConfig,
      &AlgorithmParamConfig::getQeAlgoHelpStr},
-    // The one function that does not end in ParamConfig; scripts define it by this name.
+    // The only name that does not end in ParamConfig; scripts define it like this.
     {"mdl_alg_huachuang1", nullptr, "getHuachuangAlgoParams", &AlgorithmParamConfig::readHuaChuangConfig,
      &AlgorithmParamConfig::getHuaChuangStr},
 };

@@ -8,8 +8,8 @@
 
 namespace ttservice::internal {
 
-// What every store is. Tests that link the library's objects reach by it what a store keeps to itself; the shared
-// library exports none of it.
+// The concrete class of every store. Tests that link the library's objects use it to reach a store's internals; the
+// shared library exports none of it.
 class BuiltStore : public ConfigCollector {
 public:
     explicit BuiltStore(std::unique_ptr<StoreState> initial) : ConfigCollector(std::move(initial)) {}

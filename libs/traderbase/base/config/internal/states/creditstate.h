@@ -15,7 +15,7 @@ namespace ttservice::internal {
 struct CreditState {
     explicit CreditState(ReadMostlyMutex& lockOfSwitches) : platformLock(lockOfSwitches) {}
 
-    ReadMostlyMutex& platformLock;  // the switch table's
+    ReadMostlyMutex& platformLock;  // the lock of the switch table
     boost::mutex concentrationMutex;
     std::map<int, std::pair<double, double>> concentrationRatios;  // guarded by concentrationMutex
     std::map<int, std::set<std::string>> collateralSaleCodes;      // guarded by platformLock

@@ -7,7 +7,7 @@ namespace ttservice::internal {
 // The last load.
 struct LoadState {
     std::string path;
-    bool loaded = false;  // consulted by nothing
+    bool loaded = false;  // not used in any answer
 };
 
 }  // namespace ttservice::internal

@@ -5,7 +5,7 @@
 
 namespace ttservice::internal {
 
-// Rows of the file, and the defaults that questions have put in since the load.
+// Rows of the file, and the defaults inserted by queries since the load.
 struct OrderLimitState {
     MarketItemTable<VolumeLimit> limits;
 };

@@ -7,7 +7,7 @@
 
 namespace ttservice::internal {
 
-// Rows of the file, and the defaults that questions have put in since the load.
+// Rows of the file, and the defaults inserted by queries since the load.
 struct RateLimitState {
     MarketItemTable<boost::shared_ptr<CStkExchangeRateLimit>> stocks;
     MarketItemTable<boost::shared_ptr<CCustomHGTExchangeRateLimit>> shanghaiConnect;

@@ -5,7 +5,7 @@
 
 namespace ttservice::internal {
 
-// What the client sets while it runs; no load touches it.
+// Values that the client sets while it runs; no load changes them.
 struct RuntimeState {
     bool autoSplitOrderAuth = true;
     int delayPushTime = 30;

@@ -6,14 +6,14 @@
 
 namespace ttservice::internal {
 
-// Values as they are before the first load.
+// Initialised to the values before the first load.
 struct ScalarState {
-    // Single values; every load sets every one.
+    // Single values; every load sets all of them.
     bool showMaxCanOrder = false;
     bool showNewCompacts = false;
     bool registRules = false;
     bool registIPORules = false;
-    bool newShangHaiLoanRules = false;  // read, consulted by nothing
+    bool newShangHaiLoanRules = false;  // read, but not used in any answer
     bool shangHaiNewBondRules = false;
     bool shenZhenNewBondRules = false;
     bool globalRef = false;
@@ -23,16 +23,16 @@ struct ScalarState {
     int refLimit = 0;
     int flowHistoryDays = 0;
     std::string hgtSgtPriceDiff;
-    std::string quoterAddress;  // set by nothing
+    std::string quoterAddress;  // never set
 
-    // Values that each platform may have its own of.
+    // Values per platform.
     PerPlatformTable<bool> t0ForReturnStock;
     PerPlatformTable<bool> spxCredit;
     PerPlatformTable<bool> mainAccountCalcCompactsByDeal;
     PerPlatformTable<int> renewal;
     PerPlatformTable<int> counterMaxCompacts;
     PerPlatformTable<int> counterIpwanPos;
-    PerPlatformTable<int> sm3Platforms;  // answered by nothing
+    PerPlatformTable<int> sm3Platforms;  // not used in any answer
 };
 
 }  // namespace ttservice::internal

@@ -1,6 +1,6 @@
-// Store state: makes and releases the states of all topics.
+// Store state: creates and releases the states of all topics.
 // Entry points: StoreState.
-// Owns: the order in which they are made.
+// Owns: the order in which they are created.
 // Covered by tests/config/configcollector_test.cpp.
 
 #include "traderbase/base/config/internal/states/storestate.h"

@@ -24,16 +24,15 @@ struct SpecialProductState;
 struct MoneyFundState;
 struct TradingTimeState;
 
-// Everything that a store keeps, a state for each topic. A room includes the header of its own state and no other's, so
-// that the others stay incomplete there and out of its reach. What a new setting needs is a member of its topic's
-// state.
+// Everything in a store, one state per topic. A topic's source includes the header of its own state only; all other
+// states stay incomplete types there and out of reach. A new setting becomes a member of its topic's state.
 struct StoreState {
     StoreState();
     StoreState(const StoreState&) = delete;
     StoreState& operator=(const StoreState&) = delete;
     ~StoreState();
 
-    PlatformSwitches switches;  // not behind a pointer: the predicates are asked most
+    PlatformSwitches switches;  // not behind a pointer: the predicates are the hot path
     const std::unique_ptr<LoadState> load;
     const std::unique_ptr<ScalarState> scalars;
     const std::unique_ptr<RuntimeState> runtime;
@@ -49,12 +48,12 @@ struct StoreState {
     const std::unique_ptr<TradingTimeState> tradingTimes;
 };
 
-// The section readers, each on the state of its topic.
+// The section readers, each filling the state of its topic.
 #define TT_SECTION_READER(reader, topic) \
     void reader(const utils::Configuration& configuration, decltype(StoreState::topic)::element_type& state);
 #include "traderbase/base/config/loadorder.def"
 
-// Readers outside the load order: their settings keep what the store is born with. That is meant.
+// Readers deliberately left out of the load order: their settings keep their initial values.
 void readETFOneCodeConfig(const utils::Configuration& configuration, ScalarState& state);
 void readFinEnableBailRatio(const utils::Configuration& configuration, CreditState& state);
 

@@ -6,9 +6,9 @@
 
 namespace ttservice::internal {
 
-// Where instance() keeps the process's one object: made by the first caller, whom all others wait for, and released
-// when the process ends. Unlike a static pointer it may be looked at after that, from the destructor of a static object
-// that ends later, and is null then. An exception out of build() leaves the making to the next caller.
+// Holds the single object behind instance(). The first caller creates it while all others wait; it is released when the
+// process ends. Unlike a static pointer, the slot may be read even after that, from the destructor of a static object
+// that is destroyed later; it is null then. If build() throws, the next caller tries again.
 template <typename Object, typename Build>
 boost::shared_ptr<Object>& lastingSlot(const Build& build) {
     using Pointer = boost::shared_ptr<Object>;
@@ -24,8 +24,8 @@ boost::shared_ptr<Object>& lastingSlot(const Build& build) {
     return pointer;
 }
 
-// Which of its kind an object is: the one that is built with all there is, or one for who asks after the end, which
-// reads no script and so logs nothing.
+// Whether an object is the process's own, built completely, or a substitute for callers after the end of that one,
+// which reads no script and so logs nothing.
 enum class Lifetime { Process, AfterTheEnd };
 
 }  // namespace ttservice::internal

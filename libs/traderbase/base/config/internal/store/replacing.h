@@ -5,13 +5,13 @@
 #include <utility>
 #include <vector>
 
-// How a reader leaves a table whole whatever happens while it reads: the new entries are made aside, where running out
-// of memory does no harm, and then go into the table by steps that allocate nothing.
+// How a reader keeps a table intact even if it fails part-way: it first builds the new entries separately, where
+// running out of memory does no harm, and then moves them into the table by steps that allocate nothing.
 
 namespace ttservice::internal {
 
-// Puts the entries of one map into another, in place of those with the same keys; all others stay. What they replaced
-// is left in "fresh". Entries keep their addresses.
+// Moves the entries of "fresh" into the table, replacing entries with the same keys; all others stay. "fresh" is left
+// with what was replaced. Entries keep their addresses.
 template <typename Table, typename Fresh>
 void replaceEntries(Table& table, Fresh& fresh) {
     for (auto& [key, value] : fresh) {
@@ -21,7 +21,7 @@ void replaceEntries(Table& table, Fresh& fresh) {
     table.merge(fresh);
 }
 
-// Makes room for so many more elements, growing as a list that is added to one by one would.
+// Makes room for this many more elements, with the same growth as repeated push_back().
 template <typename Element>
 void makeRoomFor(std::size_t more, std::vector<Element>& list) {
     const std::size_t wanted = list.size() + more;

@@ -8,16 +8,16 @@ class ConfigCollector;
 
 namespace internal {
 
-// Where instance() keeps the store. A load hands its switches to the store in the slot, so whoever builds a second one
-// to work on puts it in here first.
+// The slot behind instance(). A load passes its switches to the store in the slot, so code that builds a second store
+// to work on must put it into the slot first.
 struct StoreSlot {
-    // The store that instance() answers; built by the first caller.
+    // The store that instance() returns; the first call builds it.
     static boost::shared_ptr<ConfigCollector> current();
 
-    // A new store, known to nobody.
+    // A new store that is not in the slot.
     static boost::shared_ptr<ConfigCollector> build();
 
-    // Puts a store in the slot and gives back the one that was there. Not to be called while others ask.
+    // Puts a store into the slot and returns the previous one. No other thread may use the slot during the call.
     static boost::shared_ptr<ConfigCollector> exchange(boost::shared_ptr<ConfigCollector> store);
 
 private:

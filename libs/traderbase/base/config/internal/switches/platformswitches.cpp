@@ -16,14 +16,14 @@ namespace {
 using Reader = ReadMostlyMutex::Reader;
 using Writer = ReadMostlyMutex::Writer;
 
-// New lists for a table, keys in order. Everything that may fail is done while they are collected, so that a table has
-// all of them or none.
+// Collects new lists for a table, with keys in order. Everything that can fail happens while collecting, so that the
+// table gets all of the lists or none.
 template <typename Table>
 class NewLists {
 public:
     explicit NewLists(Table& target) : table(target), place(table.begin()) {}
 
-    // The list is left where it is until enter() when its key is known.
+    // If the key is known, the list itself stays where it is until enter().
     template <typename Key>
     void add(Key&& key, std::vector<int>& list) {
         // Keys usually arrive in order, so try the next node before searching.

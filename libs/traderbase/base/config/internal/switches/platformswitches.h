@@ -14,16 +14,16 @@ namespace ttservice::internal {
 
 struct SwitchLists;
 
-// The switch table: the platforms listed under each key, and the overrides that come before them. The lists are guarded
-// by a reader/writer lock; the overrides are not, and are set before other threads ask.
+// The switch table: the platforms listed under each key, and the overrides that take precedence over them. A
+// reader/writer lock guards the lists. The overrides are not locked; they are set before other threads query the store.
 class PlatformSwitches {
 public:
-    // The lock of the lists. Tables that are documented to share it take it from here.
+    // The lock of the lists. Tables documented to share it use this reference.
     ReadMostlyMutex& lock() { return mutex; }
 
-    // Replaces the list of each key given and leaves all others.
+    // Replaces the list of each given key; all other lists stay.
     void replace(std::map<std::string, std::vector<int>> newLists);
-    // The same with the lists of a load, which are used up.
+    // The same with the lists of a load, which are moved from.
     void replace(SwitchLists newLists);
 
     std::vector<int> list(const std::string& key);
@@ -32,13 +32,13 @@ public:
     void addOverride(const std::string& key, bool value);
     void replaceOverrides(const std::map<std::string, bool>& newOverrides);
 
-    // The override of the key if there is one, else whether the platform is listed under it.
+    // The override of the key if there is one, otherwise whether the platform is listed under it.
     bool isOn(std::string_view key, int platformId);
-    // The same for a known switch, without a search.
+    // The same for a known switch, without a look-up by key.
     bool isKnownOn(std::size_t switchIndex, int platformId);
 
 private:
-    PlatformSwitchSlots slots;  // what lists and overrides say of the known switches
+    PlatformSwitchSlots slots;  // the lists and overrides of the known switches
     ReadMostlyMutex mutex;
     std::map<std::string, std::vector<int>, std::less<>> lists;
     std::map<std::string, bool, std::less<>> overrides;

@@ -8,13 +8,13 @@
 
 #include "traderbase/base/config/internal/switches/platformswitchtable.h"
 
-// What the switch table and the overrides say of the switches that the library knows by name, one slot a switch, so
-// that a predicate goes to its slot instead of searching two maps for its key. The maps stay what counts: whoever
-// changes one of them tells the slots, under the same lock or for want of one at the same time.
+// One slot per known switch with its list and override, so that a predicate reads its slot instead of searching two
+// maps for its key. The maps stay authoritative: code that changes one of them also updates the slots, under the same
+// lock if there is one.
 
 namespace ttservice::internal {
 
-// Whether the platform stands in the list. Lists are short, so it is looked for from the front.
+// Whether the platform is in the list. Lists are short, so a linear search is enough.
 inline bool isListed(const std::vector<int>& list, int platformId) {
     return std::find(list.begin(), list.end(), platformId) != list.end();
 }
@@ -27,8 +27,8 @@ class PlatformSwitchSlots {
     };
 
 public:
-    // Sets lists whose keys come sorted. A key that is no known switch has no slot and changes nothing. The list must
-    // stay where it is until it is set anew or the lists are cleared; its content may change.
+    // Sets lists in key order. A key that is not a known switch has no slot and is ignored. A list must stay at its
+    // address until its slot is set again or the lists are cleared; its contents may change.
     class SortedLists {
     public:
         explicit SortedLists(PlatformSwitchSlots& target) : slots(target.slots) {}
@@ -40,7 +40,7 @@ public:
 
     private:
         std::array<Slot, kPlatformSwitchCount>& slots;
-        std::size_t next = 0;  // of the first switch that is not below the key set last
+        std::size_t next = 0;  // the first switch not below the key that was set last
     };
 
     void setOverride(std::string_view key, bool value) {
@@ -57,7 +57,7 @@ public:
             slot.local = Local::None;
     }
 
-    // The override if there is one, else whether the platform is listed.
+    // The override if there is one, otherwise whether the platform is listed.
     bool isListed(std::size_t index, int platformId) const {
         const Slot& slot = slots[index];
         if (slot.local != Local::None) return slot.local == Local::Yes;

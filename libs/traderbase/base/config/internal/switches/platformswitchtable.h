@@ -8,7 +8,7 @@
 
 namespace ttservice::internal {
 
-// When the answer is yes.
+// For which platforms the predicate is true.
 enum class SwitchSense { Listed, NotListed };
 
 struct PlatformSwitch {

@@ -1,5 +1,5 @@
-// The reader/writer mutex of the switch table: how a writer gets alone.
-// Entry points: ReadMostlyMutex::Writer; the readers' way is in the header.
+// The reader/writer mutex of the switch table: how a writer gets exclusive access.
+// Entry points: ReadMostlyMutex::Writer; the readers' side is in the header.
 // Covered by tests/config/internal/switches/readmostlymutex_test.cpp.
 
 #include "traderbase/base/config/internal/switches/readmostlymutex.h"
@@ -11,7 +11,7 @@ namespace ttservice::internal {
 void ReadMostlyMutex::shutOutReaders() {
     writerInside.store(true, std::memory_order_seq_cst);
     for (Place& place : places) {
-        // Readers inside look something up and leave; a reader that was put off its core in between needs that core.
+        // Readers leave after one look-up, so spinning is short; yield in case a preempted reader needs this core.
         while (place.taken.load(std::memory_order_seq_cst))
             std::this_thread::yield();
     }

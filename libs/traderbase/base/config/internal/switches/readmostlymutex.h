@@ -7,15 +7,14 @@
 
 #include <boost/thread/shared_mutex.hpp>
 
-// A reader/writer mutex for data that everybody reads and hardly anybody writes.
+// A reader/writer mutex for data that is read by many threads and rarely written.
 //
-// A reader that meets no writer publishes itself in a place of its own, a cache line that no other thread writes to, so
-// readers on several cores do not slow one another down. A writer first shuts out newcomers, who then queue at an
-// ordinary shared mutex, and waits for those inside to leave: it is never starved, and readers are held up for no
-// longer than it writes. Readers that find their places taken queue at the ordinary mutex as well; nobody is turned
-// away.
+// A reader that meets no writer marks a place of its own, a cache line that no other thread writes to, so readers on
+// several cores do not slow one another down. A writer first shuts out new readers, which then queue at an ordinary
+// shared mutex, and waits for those inside to leave. So a writer never starves, and readers wait no longer than it
+// writes. Readers that find their places taken queue at the ordinary mutex as well; none is refused.
 //
-// As with every such mutex, a thread that reads must not ask to read or write again before it has left.
+// As with every such mutex, a thread that is reading must not start another read or a write before it has finished.
 
 namespace ttservice::internal {
 
@@ -25,7 +24,7 @@ public:
     ReadMostlyMutex(const ReadMostlyMutex&) = delete;
     ReadMostlyMutex& operator=(const ReadMostlyMutex&) = delete;
 
-    // Reads for as long as it lives, on the thread that made it.
+    // Holds shared access for its lifetime, on the thread that created it.
     class Reader {
     public:
         explicit Reader(ReadMostlyMutex& owner) : mutex(owner), place(owner.enter(this)) {
@@ -43,10 +42,10 @@ public:
 
     private:
         ReadMostlyMutex& mutex;
-        std::atomic<bool>* place;  // null for a reader that queued
+        std::atomic<bool>* place;  // null if the reader queued
     };
 
-    // Writes for as long as it lives, alone.
+    // Holds exclusive access for its lifetime.
     class Writer {
     public:
         explicit Writer(ReadMostlyMutex& owner) : mutex(owner) {
@@ -71,15 +70,16 @@ private:
     static constexpr std::size_t kPlaces = 64;
     static constexpr std::size_t kTries = 2;
 
-    // Two threads have different stacks, so an address on the stack tells them apart well enough; when it does not, or
-    // when the thread's stack reaches into another stretch, only the choice of the place changes. 64 KiB a stretch.
+    // Threads have different stacks, so the 64 KiB block of an address on the stack tells them apart well enough. If
+    // two threads collide, or a thread's stack crosses into another block, only the choice of the place changes.
     static std::size_t firstPlaceFor(const void* onStack) {
         const std::uint64_t stretch = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(onStack)) >> 16;
         return static_cast<std::size_t>((stretch * 0x9E3779B97F4A7C15ULL) >> 58);
     }
 
-    // Takes a place; null when the caller has to queue. A place is taken before the writer is looked for, and a writer
-    // announces itself before it looks at the places: with both in one total order, at least one sees the other.
+    // Takes a place; null if the caller must queue. The reader takes a place before it checks for a writer, and a
+    // writer announces itself before it checks the places. Both are in one total order, so at least one of them sees
+    // the other.
     std::atomic<bool>* enter(const void* onStack) {
         if (writerInside.load(std::memory_order_relaxed)) return nullptr;
         const std::size_t first = firstPlaceFor(onStack);
@@ -93,7 +93,7 @@ private:
         return nullptr;
     }
 
-    // Called with the queue held alone: newcomers go there and wait.
+    // Must be called with exclusive access to the queue: new readers go there and wait.
     void shutOutReaders();
 
     std::array<Place, kPlaces> places;

@@ -1,4 +1,4 @@
-// Bad values: tells the world that a piece of a settings value was passed over.
+// Bad values: reports that a piece of a settings value was skipped.
 // Entry points: reportBadValue(), reportBadValues().
 // Covered by tests/config/internal/keys/grammars_test.cpp.
 
@@ -12,13 +12,14 @@ namespace ttservice::internal {
 
 namespace {
 
-// Hosts look for the text of Boost's conversion error; the conversions themselves neither throw nor use Boost, since
-// every scalar key of the main section is one bad piece of a platform list and a load must not throw a hundred times.
+// The text of Boost's conversion error, which hosts look for. The conversions themselves neither use Boost nor throw:
+// every scalar key of the main section is also one bad piece of a platform list, and a load must not throw a hundred
+// times.
 constexpr char kLine[] =
     "get bson value error, bad lexical cast: source type value could not be interpreted as target\n";
 constexpr std::size_t kLineSize = sizeof(kLine) - 1;
 
-// The stream is not buffered, so that lines are handed to it a block at a time.
+// The stream is unbuffered, so lines are written in blocks.
 constexpr std::size_t kLinesOfBlock = 64;
 
 constexpr std::array<char, kLinesOfBlock * kLineSize> blockOfLines() {
@@ -28,7 +29,7 @@ constexpr std::array<char, kLinesOfBlock * kLineSize> blockOfLines() {
     return block;
 }
 
-// Nothing to be made or destroyed: a load may come while the process ends.
+// Constant-initialised and never destroyed, because a load may run while the process ends.
 constexpr std::array<char, kLinesOfBlock* kLineSize> kBlock = blockOfLines();
 
 }  // namespace

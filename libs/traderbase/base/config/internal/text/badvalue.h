@@ -4,10 +4,10 @@
 
 namespace ttservice::internal {
 
-// One line on the standard error stream for a piece of a value that is not what it should be. The piece is passed over.
+// Writes one line to the standard error stream for a malformed piece of a value, which is skipped.
 void reportBadValue();
 
-// As many such lines.
+// Writes that many such lines.
 void reportBadValues(std::size_t count);
 
 }  // namespace ttservice::internal

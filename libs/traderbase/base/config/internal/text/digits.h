@@ -2,7 +2,7 @@
 
 namespace ttservice::internal {
 
-// A decimal digit of ASCII, whatever the process's locale.
+// Whether the character is an ASCII decimal digit, whatever the process's locale.
 constexpr bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-// Two texts taken as one, to look for "head followed by tail" without building it.
+// Two texts treated as one, to look up "head followed by tail" without building it.
 
 namespace ttservice::internal {
 
@@ -11,13 +11,13 @@ struct JoinedText {
     std::string_view tail;
 };
 
-// Below, at or above zero, as the text stands before, at or behind the joined one in byte order.
+// Negative, zero or positive, as the text comes before, equals or comes after the joined one in byte order.
 inline int compare(std::string_view text, const JoinedText& joined) {
     const int atHead = text.substr(0, joined.head.size()).compare(joined.head);
     return atHead != 0 ? atHead : text.substr(joined.head.size()).compare(joined.tail);
 }
 
-// Byte order of texts, for maps that are also asked by a JoinedText.
+// Byte order of texts, for maps that are also searched by a JoinedText.
 struct JoinedTextLess {
     using is_transparent = void;
 

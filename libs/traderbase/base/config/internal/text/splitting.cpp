@@ -1,4 +1,4 @@
-// Splitting: answers which pieces a settings value has.
+// Splitting: splits a settings value into its pieces.
 // Entry points: pieces(); the streaming splitters are templates in the header.
 // Covered by tests/config/internal/text/splitting_test.cpp.
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-// The three ways in which settings are split at a separator. Pieces are views into the text that was split, so that
-// whoever reports on a piece can tell where in the value it stands.
+// The three ways to split settings at a separator. Pieces are views into the original text, so callers can compute
+// where in the value a piece stands.
 
 namespace ttservice::internal {
 
@@ -21,7 +21,7 @@ void splitKeepEmpty(std::string_view text, char separator, Sink&& sink) {
     sink(text.substr(from));
 }
 
-// The pieces that hold something: "12,,15," gives 12, 15, and "" gives nothing.
+// The non-empty pieces: "12,,15," gives 12, 15, and "" gives nothing.
 template <typename Sink>
 void splitDropEmpty(std::string_view text, char separator, Sink&& sink) {
     splitKeepEmpty(text, separator, [&sink](std::string_view piece) {
@@ -29,7 +29,7 @@ void splitDropEmpty(std::string_view text, char separator, Sink&& sink) {
     });
 }
 
-// A run of separators counts as one, but a separator at either end still leaves an empty piece there: ";a;;b" gives
+// A run of separators counts as one, but a separator at either end still produces an empty piece there: ";a;;b" gives
 // "", a, b, and "" gives one empty piece.
 template <typename Sink>
 void splitSqueezed(std::string_view text, char separator, Sink&& sink) {
@@ -45,7 +45,7 @@ void splitSqueezed(std::string_view text, char separator, Sink&& sink) {
 // All pieces, empty ones included.
 std::vector<std::string_view> pieces(std::string_view text, char separator);
 
-// Whether the text has exactly Count pieces, empty ones included, and if so which.
+// Whether the text has exactly Count pieces, including empty ones; if so, stores them.
 template <std::size_t Count>
 bool piecesExactly(std::string_view text, char separator, std::array<std::string_view, Count>& fields) {
     std::size_t found = 0;

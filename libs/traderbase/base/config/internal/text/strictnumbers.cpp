@@ -1,4 +1,4 @@
-// Numbers: answers what number a settings text is, strictly or as the C library reads it.
+// Numbers: converts settings texts to numbers, strictly or like the C library.
 // Entry points: leadingInt(), strictInt(), strictBool(), strictDouble(), looseInt(), looseLong(), looseDouble().
 // Covered by tests/config/internal/text/strictnumbers_test.cpp.
 
@@ -20,25 +20,25 @@ bool isHexDigit(char c) {
     return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
-// The text from its first character that is no blank to the C library.
+// The text without the leading characters that the C library treats as blanks.
 std::string_view withoutBlanks(std::string_view text) {
     return text.substr(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
 }
 
-// from_chars takes "-5" but not "+5", and must not be handed the rest of "+-5".
+// from_chars accepts "-5" but not "+5"; and after "+" it must not see the "-5" of "+-5".
 std::string_view withoutPlus(std::string_view text) {
     if (text.size() >= 2 && text[0] == '+' && isDigit(text[1])) text.remove_prefix(1);
     return text;
 }
 
-// Takes a sign off the front of the text and tells whether it was a minus.
+// Removes a sign from the front of the text; true if it was a minus.
 bool takeSign(std::string_view& text) {
     const bool minus = !text.empty() && text.front() == '-';
     if (minus || (!text.empty() && text.front() == '+')) text.remove_prefix(1);
     return minus;
 }
 
-// The exponent written after one of the marks: 3 for "e3", 0 where there is none; cut off far outside any range.
+// The exponent written after one of the marks: 3 for "e3", 0 if there is none; clamped far outside any range.
 std::int64_t writtenExponent(std::string_view text, std::string_view marks) {
     const std::size_t at = text.find_first_of(marks);
     if (at == std::string_view::npos) return 0;
@@ -50,8 +50,8 @@ std::int64_t writtenExponent(std::string_view text, std::string_view marks) {
     return minus ? -exponent : exponent;
 }
 
-// Whether a number that no double can hold is too large, not too small. Such numbers are hundreds of digits away from
-// 1, so the place of the first digit that is not 0, moved by the exponent, settles it.
+// Whether a number outside the range of double is too large rather than too small. Such numbers are hundreds of digits
+// away from 1, so the place of the first non-zero digit, shifted by the exponent, decides.
 bool isTooLarge(std::string_view number, bool isHex) {
     const std::int64_t perDigit = isHex ? 4 : 1;
     const std::string_view marks = isHex ? "pP" : "eE";  // an "e" is a hexadecimal digit
@@ -66,18 +66,18 @@ bool isTooLarge(std::string_view number, bool isHex) {
 
 struct Unsigned {
     double value = 0;
-    std::size_t used = 0;  // 0: the text begins with no number
+    std::size_t used = 0;  // 0: the text does not begin with a number
     bool tooLarge = false;
 };
 
-// A hexadecimal number without an exponent of two signs, as in "1p+-5", which some from_chars takes for one.
+// Cuts off an exponent with two signs, as in the hexadecimal "1p+-5", because some from_chars accept it.
 std::string_view withoutTwoSigns(std::string_view text) {
     const std::size_t mark = text.find_first_of("pP");
     if (mark == std::string_view::npos || text.substr(mark + 1, 2) != "+-") return text;
     return text.substr(0, mark);
 }
 
-// The longest number without a sign at the front of the text.
+// The longest unsigned number at the front of the text.
 Unsigned takeUnsigned(std::string_view text, bool isHex) {
     Unsigned taken;
     if (isHex) text = withoutTwoSigns(text);
@@ -129,7 +129,7 @@ std::optional<double> strictDouble(std::string_view text) {
     return minus ? -taken.value : taken.value;
 }
 
-// strtoll would ask the locale what a blank is.
+// strtoll would ask the locale which characters are blanks.
 long long looseLong(std::string_view text) {
     text = withoutPlus(withoutBlanks(text));
     long long value = 0;
@@ -142,7 +142,7 @@ int looseInt(std::string_view text) {
     return static_cast<int>(looseLong(text));
 }
 
-// atof would take the decimal sign from the locale, so its grammar is kept here: blanks, a sign, and then a decimal or
+// atof would take the decimal sign from the locale, so this follows its grammar: blanks, a sign, and then a decimal or
 // hexadecimal number, "inf" or "nan".
 double looseDouble(std::string_view text) {
     text = withoutBlanks(text);
@@ -151,7 +151,7 @@ double looseDouble(std::string_view text) {
     if (isHex) text.remove_prefix(2);
     if (!text.empty() && (text.front() == '-' || text.front() == '+')) return 0.0;
     const Unsigned taken = takeUnsigned(text, isHex);
-    if (taken.used == 0) return 0.0;  // not minus 0 for a lone sign
+    if (taken.used == 0) return 0.0;  // not -0.0 for a lone minus sign
     return minus ? -taken.value : taken.value;
 }
 

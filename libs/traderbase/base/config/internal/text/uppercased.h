@@ -5,11 +5,11 @@
 
 #include <ttplatform/text.h>
 
-// Markets and codes in upper case, which is how limit tables hold them and how they mostly come.
+// Markets and codes in upper case, as limit tables store them. Most of them already are.
 
 namespace ttservice::internal {
 
-// The text in upper case. Where there is no letter to change it is the text itself, uncopied, and has to outlive this.
+// The text in upper case. If there is nothing to change, it refers to the original, which must outlive it.
 class UpperCased {
 public:
     explicit UpperCased(const std::string& text) : upper(&text) {
@@ -23,7 +23,7 @@ public:
     const std::string& text() const { return *upper; }
 
 private:
-    // Bytes above 127 are left to the platform to say.
+    // For bytes above 127 the platform decides.
     static bool isUnchanged(const std::string& text) {
         return std::none_of(text.begin(), text.end(),
                             [](unsigned char c) { return (c >= 'a' && c <= 'z') || c > 127; });

@@ -1,6 +1,6 @@
-// The rules of the minimum unit of an operation.
+// The rules for the minimum unit of an operation. tradeunitrules.def explains each rule by its number.
 // Entry points: tradeMinUnit().
-// Owns: nothing; the rules and their order. What each number stands for is said in tradeunitrules.def.
+// Owns: the rules and their order.
 // Covered by tests/config/tradeunit/tradeunitmin_test.cpp.
 
 #include <ttplatform/instruments.h>
@@ -20,7 +20,7 @@ constexpr bool isBetween(int op, int first, int last) {
     return first <= op && op <= last;
 }
 
-// Rule 0: the new bond rules. The rule record is fetched before anything else is asked.
+// Rule 0: the new bond rules. The rule record is fetched before any other query.
 MinUnitAnswer newBondUnit(const UnitInstrument& instrument, int op) {
     const auto bondRule = instrument.bondRule(op);
     if (instrument.is(100021)) return {10, Rule::R0a};
@@ -37,7 +37,7 @@ MinUnitAnswer recordStepUnit(const IInstrumentRecord* record) {
     return {step, Rule::R1c};
 }
 
-// Operations in which rules 5 and 6 have their larger steps.
+// The operations with larger steps in rules 5 and 6.
 constexpr bool isLargeStepOperation(int op) {
     return isBetween(op, 57, 64) || isBetween(op, 1037, 1038) || isBetween(op, 1103, 1104);
 }
@@ -65,31 +65,31 @@ MinUnitAnswer bondUnit(const UnitInstrument& instrument, int op) {
 // Rule 13: the markets "NEEQ" and "BJ".
 MinUnitAnswer newBoardUnit(const UnitInstrument& instrument, int op) {
     if (isBetween(op, 1029, 1030)) return {1, Rule::R13a};
-    // The type is asked for under "NEEQ" for codes of "BJ" too; 1607 comes after 1609: hosts can see the order.
+    // Deliberate: codes of "BJ" are looked up under "NEEQ" too, and 1607 comes after 1609. Hosts can observe the order.
     if (instrument.isOn(markets::kNeeq, 20000) || instrument.isAnyBase(1606, 1608, 1609, 1607, 1610)) {
         return {100, Rule::R13b};
     }
     return {1000, Rule::R13c};
 }
 
-// Rules 14 to 18: shares and what no rule before knows.
+// Rules 14 to 18: shares, and anything no earlier rule decides.
 MinUnitAnswer shareUnit(const UnitInstrument& instrument, const IInstrumentRecord* record) {
     const std::string& market = instrument.market;
 
     // 14.
     if (instrument.isAny(10040, 167, 168, 10075)) return {1, Rule::R14};
-    // 15. The order form takes 1 for these: that is meant.
+    // 15. Deliberate: the order form answers 1 for these.
     if (instrument.isBase(1172)) return {200, Rule::R15};
-    // 16. Rule 13 leaves no "BJ" and no "NEEQ" for here; both tests stay at their places.
+    // 16. Rule 13 has already decided "BJ" and "NEEQ"; both tests stay in their places.
     if (market == markets::kBj) return {100, Rule::R16a};
     if (isStockExchange(market) && !instrument.is(157)) return {100, Rule::R16b};
     if (market == markets::kNeeq) return {1000, Rule::R16c};
-    // 17. "HK" belongs here and the further market tests do not; in the order form it is the other way round.
+    // 17. "HK" belongs here and the further market tests do not; for the order form it is the other way round.
     if (isShanghaiConnect(market) || isShenzhenConnect(market) || market == markets::kHk) {
         if (record != nullptr) return {record->getInt(kTradeUnitField), Rule::R17a};
         return {1, Rule::R17b};
     }
-    // 18. The US markets are told apart, and take what everything else takes.
+    // 18. A US market gets the same answer as everything else, but under a rule of its own.
     return {1, isUsMarket(market) ? Rule::R18a : Rule::R18b};
 }
 
@@ -98,7 +98,7 @@ MinUnitAnswer shareUnit(const UnitInstrument& instrument, const IInstrumentRecor
 MinUnitAnswer tradeMinUnit(const std::string& market, const std::string& code, int op, const UnitSwitches& switches) {
     const UnitInstrument instrument{market, code};
 
-    // The record is fetched whatever rule decides.
+    // The record is fetched whichever rule decides.
     const auto record = instrument.record();
     // 0.
     if (instrument.followsNewBondRules(op, switches)) return newBondUnit(instrument, op);
@@ -106,7 +106,7 @@ MinUnitAnswer tradeMinUnit(const std::string& market, const std::string& code, i
     if (instrument.is(10006)) return recordStepUnit(record.get());
     // 2.
     if (instrument.is(124)) return {10000, Rule::R2};
-    // 3. The code under "SH" and, in rule 4, under "SZ", whatever the instrument's own market.
+    // 3. Rules 3 and 4 look up the code under "SH" and "SZ", whatever the instrument's own market.
     if (instrument.isOn(markets::kSh, 126)) return {1000, Rule::R3};
     // 4.
     if (instrument.isOn(markets::kSz, 100017)) return {10, Rule::R4};
@@ -122,7 +122,7 @@ MinUnitAnswer tradeMinUnit(const std::string& market, const std::string& code, i
     }
     // 8.
     if (instrument.isBondB()) return bondUnit(instrument, op);
-    // 9. The order form does not ask for base type 1117.
+    // 9. The order form does not check base type 1117.
     if (instrument.isRepo() || instrument.isBase(1117)) return {10, Rule::R9};
     // 10.
     if (instrument.is(290)) return {500, Rule::R10a};

@@ -1,6 +1,6 @@
-// The rules of the unit word and of the exchange's trading unit.
+// The rules for the unit word and for the exchange's trading unit. tradeunitrules.def explains each rule by its number.
 // Entry points: stockUnit(), stockTradeUnit().
-// Owns: nothing; the rules and their order. What each number stands for is said in tradeunitrules.def.
+// Owns: the rules and their order.
 // Covered by tests/config/tradeunit/tradeunitword_test.cpp and tradeunitexchange_test.cpp.
 
 #include <ttplatform/instruments.h>
@@ -23,17 +23,17 @@ bool contains(const std::string& text, std::string_view part) {
     return text.find(part) != std::string::npos;
 }
 
-// Rule 6: markets numbered 29 and above, by what their codes look like.
+// Rule 6: markets numbered 29 and above, decided by the form of the code.
 StockUnitAnswer unitByNumber(int marketNumber, const UnitInstrument& instrument) {
     using Rule = StockUnitRule;
     const std::string& market = instrument.market;
     const std::string& code = instrument.code;
 
-    // 6a. From here on the numbers left are 29 to 38 and 40 to 62.
+    // 6a. The remaining numbers are 29 to 38 and 40 to 62.
     if (marketNumber == 39 || marketNumber >= 63) return {kShares, Rule::R6a};
-    // 6b. A transfer is no quantity of anything.
+    // 6b. A transfer has no quantity.
     if (code == "TRANSFER") return {std::string_view(), Rule::R6b};
-    // 6c. "HKFE" answers shares, unlike the markets of its range whose codes reach 6e: that is meant.
+    // 6c. Deliberate: "HKFE" answers shares, unlike the other markets in its range, whose codes reach 6e.
     if (isOneOf(market, markets::kHk, markets::kNasdaq, markets::kNyse, markets::kHkfe)) return {kShares, Rule::R6c};
     // 6d.
     if (contains(code, ".HK") && !contains(code, ".HKFE")) return {kShares, Rule::R6d};
@@ -43,7 +43,7 @@ StockUnitAnswer unitByNumber(int marketNumber, const UnitInstrument& instrument)
     return {kShares, Rule::R6f};
 }
 
-// Whether rule 2 of the trading unit passes an instrument on to rule 3.
+// Whether rule 2 of the trading unit leaves the instrument to rule 3.
 bool tradesInOtherUnits(const UnitInstrument& instrument) {
     return instrument.isBondB() || instrument.isBondA() || instrument.isRepo() || isOptionExchange(instrument.market) ||
            instrument.isAny(100004, 100013, 100024);
@@ -60,7 +60,7 @@ StockUnitAnswer stockUnit(const std::string& market, const std::string& code) {
     using Rule = StockUnitRule;
     const UnitInstrument instrument{market, code};
 
-    // 1. Before 2: a share that is fund-like too stays a share.
+    // 1. Before rule 2: a share that also counts as fund-like stays a share.
     if (instrument.is(100003)) return {kShares, Rule::R1};
     // 2.
     if (isFundLike(instrument)) return {kFundUnits, Rule::R2};
@@ -83,9 +83,9 @@ TradeUnitAnswer stockTradeUnit(const std::string& market, const std::string& cod
     using Rule = TradeUnitRule;
     const UnitInstrument instrument{market, code};
 
-    // 1. The record is fetched whatever rule decides.
+    // 1. The record is fetched whichever rule decides.
     const auto record = instrument.record();
-    // 2. What trades in other units goes on to rule 3 instead of ending here, on a stock exchange too.
+    // 2. Even on a stock exchange, instruments that trade in other units go on to rule 3.
     if ((isStockExchange(market) || instrument.is(159)) && !tradesInOtherUnits(instrument)) return {100, Rule::R2};
     // 3.
     if (hasOwnTradeUnit(instrument)) {

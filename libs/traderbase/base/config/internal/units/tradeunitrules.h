@@ -4,14 +4,14 @@
 #include <string>
 #include <string_view>
 
-// The trade unit rules: each question's answer together with the rule that decided it, so that an answer can be
-// explained. They ask the platform's services and store nothing.
+// The trade unit rules. Each answer comes with the rule that decided it, so that it can be explained. The rules query
+// the platform's services and store nothing.
 
 namespace ttservice::internal {
 
-// --- the rules, one id and one text a row of tradeunitrules.def
+// --- the rules: one id and one text per row of tradeunitrules.def
 
-// Shadowed: no instrument gets that far.
+// Shadowed: no instrument ever reaches the rule.
 enum class RuleReach { Decides, Shadowed };
 
 struct UnitRuleText {
@@ -79,7 +79,7 @@ constexpr const UnitRuleText& describe(UiUnitRule rule) {
     return kUiUnitRules[static_cast<std::size_t>(rule)];
 }
 
-// --- the questions
+// --- the queries
 
 template <typename Value, typename Rule>
 struct DecidedUnit {
@@ -92,7 +92,7 @@ using TradeUnitAnswer = DecidedUnit<int, TradeUnitRule>;
 using MinUnitAnswer = DecidedUnit<int, MinUnitRule>;
 using UiUnitAnswer = DecidedUnit<int, UiUnitRule>;
 
-// Where rules get the two switches of the settings store, each asked for only by a rule that depends on it.
+// How rules get the two switches of the settings store; a rule calls one only if it depends on it.
 struct UnitSwitches {
     bool (*useNewBondRules)(const std::string& market);
     bool (*useRegistIPORules)();

@@ -1,4 +1,4 @@
-// The instrument that a unit is asked for: the questions that several unit rules put to the platform.
+// The instrument whose unit is wanted: the platform queries that several unit rules share.
 // Entry points: UnitInstrument, isStepSet().
 // Covered by tests/config/tradeunit/.
 

@@ -11,24 +11,24 @@
 
 namespace ttservice::internal {
 
-// The instrument that a unit is asked for, and the questions about it that several rules share. Every question goes to
-// the platform at once and in the order written here; hosts can see which were put. Refers to the texts it was made
+// The instrument whose unit is wanted, with the queries that several rules share. Each query goes to the platform at
+// once, in the order written here; hosts can observe which queries are made. Keeps references to the texts it was made
 // from.
 struct UnitInstrument {
     const std::string& market;
     const std::string& code;
 
-    // A type of the stock type center.
+    // Whether the stock type centre gives it this type.
     bool is(int type) const { return StockTypeCenter::instance().isTypedStock(type, market, code); }
     template <typename... Types>
     bool isAny(Types... types) const {
         return (is(types) || ...);
     }
 
-    // A type that the code has on the market given, whatever the instrument's own market.
+    // Whether the code has this type on the given market, whatever the instrument's own market.
     bool isOn(std::string_view fixedMarket, int type) const;
 
-    // A type of the base library, which numbers them on its own.
+    // Whether the base library, which numbers types independently, gives it this type.
     bool isBase(int type) const;
     template <typename... Types>
     bool isAnyBase(Types... types) const {
@@ -42,14 +42,14 @@ struct UnitInstrument {
     // Whether it passes either of the trading centre's two further market tests.
     bool passesMarketTest() const;
 
-    // Null where the data center has none.
+    // Null if the data centre has none.
     boost::shared_ptr<const IInstrumentRecord> record() const;
 
-    // Whether the new bond rules hold for the operation: they are switched on for the market, the bond follows them,
-    // and the operation is neither 30 nor 31, which keep their old steps.
+    // Whether the new bond rules apply to the operation: they are on for the market, the bond follows them, and the
+    // operation is neither 30 nor 31, which keep their old steps.
     bool followsNewBondRules(int op, const UnitSwitches& switches) const;
 
-    // The rule of the operation's bond trade type; null where the data center has none.
+    // The rule record for the operation's bond trade type; null if the data centre has none.
     boost::shared_ptr<const BondRuleRecord> bondRule(int op) const;
 };
 
@@ -58,7 +58,7 @@ inline constexpr int kTradeUnitField = 2001;
 inline constexpr int kOrderStepField = 2009;
 inline constexpr int kFormStepField = 2013;
 
-// Whether a record's step counts as set. Steps are compared as decimal numbers, and negative ones are steps as well.
+// Whether a record's step counts as set. Steps are compared as decimal numbers; negative steps count too.
 bool isStepSet(int step);
 
 }  // namespace ttservice::internal

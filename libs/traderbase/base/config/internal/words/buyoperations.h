@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-// Which operations buy. The list is what people read and change; bit masks made of it while compiling are what answers.
+// Which operations buy. Edit the list; lookups use bit masks that the compiler derives from it.
 
 namespace ttservice::internal {
 
@@ -21,12 +21,12 @@ inline constexpr int kBuyOperations[] = {
 
 static_assert(sizeof(kBuyOperations) / sizeof(kBuyOperations[0]) == 84, "84 operations buy");
 
-// How far an operation lies above another one; for one that lies below, a distance beyond every mask.
+// How far an operation lies above the first one; for an operation below it, a distance beyond every mask.
 constexpr std::uint32_t operationsAbove(int first, int operation) {
     return static_cast<std::uint32_t>(operation) - static_cast<std::uint32_t>(first);
 }
 
-// The buying ones among 64 operations in a row, one bit each.
+// The buying operations among 64 consecutive ones, one bit each.
 struct BuyMask {
     int first;
     std::uint64_t bits;
@@ -45,7 +45,7 @@ constexpr BuyMask buyMaskFrom(int first) {
     return mask;
 }
 
-// The four ranges in which the buying operations lie close together; 0 and 1152 stand alone.
+// The buying operations form four clusters, plus 0 and 1152 on their own.
 inline constexpr BuyMask kBuyFrom4 = buyMaskFrom(4);
 inline constexpr BuyMask kBuyFrom200 = buyMaskFrom(200);
 inline constexpr BuyMask kBuyFrom1004 = buyMaskFrom(1004);

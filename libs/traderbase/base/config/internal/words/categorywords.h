@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-// The words that stand for a class of instruments, or of instruments and price types, in the item of a limit row.
+// The words that stand for a class of instruments, or of instruments and price types, as items of limit rows.
 
 namespace ttservice::internal::words {
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-// The markets that rules name, and the groups of markets that they treat alike. Compared exactly, letter case included.
+// The markets named in rules, and the groups of markets treated alike. Compared exactly, including letter case.
 
 namespace ttservice::internal {
 
