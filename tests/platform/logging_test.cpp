@@ -210,7 +210,7 @@ TEST(LogCapture, CatchesEveryLoggerWithLevelFunctionAndFile) {
     EXPECT_EQ(lines[1].logger, "TTDbgFile");
     EXPECT_EQ(lines[1].function, "ttDbgLogNew");
     EXPECT_THAT(capture.messages(), ElementsAre("股\n2", "times"));
-    // Channels are up to the test.
+    // Capturing lines does not enable channels.
     EXPECT_FALSE(CLogCenter::fileLogEnabled(535));
     capture.clear();
     EXPECT_THAT(capture.lines(), IsEmpty());

@@ -60,7 +60,7 @@ TEST(CodePatterns, AgreeWithTryingEveryPatternInTurn) {
         std::vector<std::string> all;
         for (int count = upTo(8); count >= 0; --count) {
             all.push_back(text(5) + (upTo(1) == 0 ? "*" : ""));
-            // The pattern "*" alone would make the round meaningless.
+            // With the pattern "*" alone the round would check nothing.
             if (all.back() == "*") all.back() = "a*";
             patterns.add(all.back());
         }

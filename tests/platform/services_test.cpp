@@ -135,7 +135,7 @@ TEST(Services, NoQueryAllocates) {
     const bool answered = askEverything();
     EXPECT_EQ(tests::allocationCount() - before, 0);
     EXPECT_TRUE(answered);
-    // Checks that the counting itself works.
+    // Make sure that the counting itself works.
     const std::string longText(100, 'x');
     EXPECT_GT(tests::allocationCount() - before, 0);
 }

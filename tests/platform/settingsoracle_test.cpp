@@ -65,10 +65,11 @@ private:
     std::mt19937 random;
 };
 
-// Compares with SimpleIni on files that both readers read alike. Left out: NULs, where it stops; lone CRs, which it
-// takes for line ends; keys before the first header and the header "[]", which it puts into one section; and a "[" line
-// without "]" when other lines follow, which only the reader here ignores. The last case is compared below with the
-// slow rules alone. SimpleIni keeps the first of repeated keys only in its multi-key mode.
+// Compares with SimpleIni on files that both readers read alike. The generated files therefore contain no NULs, at
+// which SimpleIni stops; no lone CRs, which it takes for line ends; no keys before the first header together with the
+// header "[]", which it puts into one section; and no "[" line without "]" before other lines, which only the reader
+// here ignores. The next test covers that last case with the slow rules alone. SimpleIni keeps the first of repeated
+// keys only in its multi-key mode.
 TEST(SettingsOracle, AgreesWithSimpleIniWhereBothReadAFileAlike) {
     static const std::string kNames[] = {"setting", "Setting", "a b", "StkExchangeOrderLimit", "股", "x;y", "#"};
     static const std::string kKeys[] = {"k", "K", "key", "a b", "SH-600000,SZ-000001", "x;", "x#y", "k[0]", "]", "股"};

@@ -1,5 +1,5 @@
-// Memory runs out at every single request of a load and of a question: nothing leaks or crashes, every table is in its
-// old or its new state, and the store goes on answering.
+// Memory runs out at every single request of a load and of a query: nothing leaks or crashes, every table is in its old
+// or its new state, and the store goes on answering.
 
 #include <gtest/gtest.h>
 
@@ -176,8 +176,8 @@ std::unique_ptr<const standin::LogCapture> logFor(bool withLog) {
     return withLog ? std::make_unique<const standin::LogCapture>() : nullptr;
 }
 
-// Refuses each request of each call and returns how many there were. With a log, the calls' log lines are requested and
-// kept for the duration of a round.
+// Refuses each request of each call and returns how many there were. With a log, log lines are enabled and captured
+// during each round.
 long refuseEachRequestOfEachCall(bool withLog) {
     const ClientFolder client;
     const tests::TempFolder folder;

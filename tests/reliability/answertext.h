@@ -14,11 +14,11 @@
 #include "traderbase/base/config/contractinfo.h"
 #include "traderbase/base/config/shfixincomelimit.h"
 
-// An answer of the store as a text that contains all of it, for comparison.
+// The complete answer of an operation as text, for comparison.
 
 namespace tests {
 
-// Declared first, because each calls those of its parts.
+// Declared first, because each overload calls those for its parts.
 template <typename Element>
 std::string textOf(const std::vector<Element>& list);
 template <typename Element>

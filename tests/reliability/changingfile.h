@@ -10,7 +10,7 @@
 
 #include "tests/support/tempfile.h"
 
-// Settings files that change while they are read, and the results that a load of one may have.
+// Settings files that change while they are being read, and the possible results of loading one.
 
 namespace tests {
 
@@ -30,9 +30,9 @@ SwitchLists listsOfPages(std::size_t count, const std::vector<int>& list);
 // The result of loading a file that was cut in the middle of a page during the read.
 enum class CutLoad { Illegal, Whole, Short, Damaged };
 
-// Legal is every switch up to some page after the cut, or all of them. The system clears the page of the cut from there
-// on. A read at just that moment finds NULs in it, which join the lines on both sides, so that the list gains or loses
-// some of its one number: a damaged load.
+// A load may find every switch up to some page after the cut, or all of them. The system zeroes the cut page from the
+// cut on. A read at exactly that moment sees NULs there, which join the lines on both sides, so that a list gains or
+// loses entries: a damaged load.
 CutLoad judgedCutLoad(const SwitchLists& loaded, const SwitchLists& whole, std::size_t cutPage);
 
 // Runs the action once, on a thread of its own, as soon as the file has been opened the given number of times. Its

@@ -1,5 +1,5 @@
-// A host that loads the library, uses it and unloads it a hundred times: it is really unloaded each time, and leaks no
-// memory. The libraries that it needs are linked to the host and stay loaded.
+// A host that loads the library, uses it and unloads it a hundred times. The library must really be unloaded each time,
+// and leak no memory. The host links the libraries that it depends on, so these stay loaded.
 
 #include <dlfcn.h>
 #include <malloc.h>

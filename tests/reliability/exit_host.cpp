@@ -23,7 +23,7 @@ void require(bool holds, const char* what) {
     std::_Exit(1);
 }
 
-// Every question gets an answer; isLoaded says whether from the settings or from the defaults.
+// Checks that every query gets an answer: from the settings if isLoaded, otherwise from the defaults.
 void askEverything(bool isLoaded) {
     const auto store = ConfigCollector::instance();
     const auto catalogue = AlgorithmParamConfig::instance();

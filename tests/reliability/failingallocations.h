@@ -5,7 +5,7 @@ namespace tests {
 // Whether only one request fails, or that one and all that follow.
 enum class Shortage { Once, FromThenOn };
 
-// While it lives, refuses memory to this thread from its n-th request on, counted from 1. The program must link
+// While it lives, refuses memory to this thread from its n-th request on, counting from 1. The program must link
 // failingallocations.cpp and either failingmalloc.cpp, which sees every request of the process, or failingnew.cpp,
 // which sees only those of C++.
 class FailingAllocations {

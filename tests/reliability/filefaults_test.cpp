@@ -37,8 +37,7 @@ constexpr unsigned kLongestLoad = 240;
 constexpr unsigned kAtOnce = 20;
 constexpr int kDefaultDays = -1;
 
-// Checks the result of loading a file with at most one setting: that setting, the defaults and the path, and no
-// message.
+// Checks the result of loading a file with at most one setting: that setting, the defaults, the path, and no messages.
 void expectDaysAfterLoading(const std::string& path, int days, unsigned longest) {
     const Deadline deadline(longest);
     const tests::StandardError caught;
@@ -85,7 +84,7 @@ TEST(FileFaults, AnUnreadableFileGivesDefaults) {
     const TempFolder folder;
     const std::string path = folder.write("settings.ini", "[setting]\nflowhistorydays=5\n");
     ASSERT_EQ(chmod(path.c_str(), 0), 0);
-    constexpr uid_t kNobody = 65534;  // root reads everything
+    constexpr uid_t kNobody = 65534;  // root can read every file
     if (geteuid() == 0) {
         ASSERT_EQ(seteuid(kNobody), 0);
     }

@@ -14,7 +14,7 @@ namespace tests {
 
 using Tables = std::map<std::string, std::string>;
 
-// The names and contents of the tables that are in neither their old nor their new state.
+// The names and contents of the tables that are in neither the old nor the wanted state.
 inline std::string brokenTables(const Tables& now, const Tables& old, const Tables& wanted) {
     std::string names;
     for (const auto& [name, content] : now) {
@@ -23,7 +23,7 @@ inline std::string brokenTables(const Tables& now, const Tables& old, const Tabl
     return names;
 }
 
-// Puts a new store in place of the process's one.
+// Replaces the process's store by a new one.
 class FreshStore {
 public:
     FreshStore() : store(ttservice::internal::StoreSlot::build()), before(exchange(store)) {}

@@ -72,7 +72,7 @@ function(look_at binary is_program)
     set(problem_count ${number} PARENT_SCOPE)
 endfunction()
 
-# Libraries that others built and that we link.
+# Libraries built by others that we link.
 string(REPLACE "," ";" ARCHIVES "${ARCHIVES}")
 foreach(archive IN LISTS ARCHIVES)
     execute_process(COMMAND "${READELF}" -sW "${archive}" OUTPUT_VARIABLE text RESULT_VARIABLE status)

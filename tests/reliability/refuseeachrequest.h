@@ -11,12 +11,12 @@ namespace tests {
 
 enum class Outcome { Done, NoMemory, OtherException };
 
-// Which request a round refuses, and what happened.
+// Which request a round refuses, and what the outcome was.
 class Refusal {
 public:
     Refusal(long number, Shortage kind) : nth(number), shortage(kind) {}
 
-    // Does the work while memory is refused. Outcome::Done despite a refusal means that the work coped with it.
+    // Does the work while memory is refused. Outcome::Done means that the work succeeded in spite of the refusal.
     template <typename Work>
     Outcome during(Work&& work) const {
         const FailingAllocations failing(nth, shortage);
@@ -46,7 +46,8 @@ private:
     mutable bool refused = false;
 };
 
-// Runs rounds of one kind until one makes fewer requests than the number to refuse. Returns how many were refused.
+// Runs rounds of one kind until a round makes fewer requests than the number of the one to refuse. Returns how many
+// were refused.
 template <typename Round>
 long refuseEachRequest(Shortage shortage, const Round& round) {
     long nth = 1;
@@ -67,7 +68,7 @@ long refuseEachRequest(Shortage shortage, const Round& round) {
     return nth - 1;
 }
 
-// A round does its whole work from the beginning, part of it in Refusal::during(), and has freed what it made when it
+// A round does its whole work from the beginning, part of it in Refusal::during(), and frees everything before it
 // returns. Refuses each request of that part, once alone and once with all that follow.
 template <typename Round>
 long refuseEachRequest(const Round& round) {

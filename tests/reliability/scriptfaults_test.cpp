@@ -1,4 +1,4 @@
-// Scripts that answer with anything but what was asked: the catalogues take what is usable, report the rest, and go on
+// Scripts that return anything but what was asked for: the catalogues take what is usable, report the rest, and go on
 // answering.
 
 #include <gmock/gmock.h>
@@ -46,14 +46,14 @@ const char* const kErrorObjects[] = {
     "io.stdout",
 };
 
-// A client whose singletons already exist, so that the log does not catch lines from their construction.
+// A client whose singletons already exist, so that the log captures no lines from their construction.
 struct Client {
     ClientFolder folder;
     boost::shared_ptr<ConfigCollector> store = ConfigCollector::instance();
     boost::shared_ptr<AlgorithmParamConfig> catalogue = AlgorithmParamConfig::instance();
 };
 
-// What happens to the sessions of the previous script: they stay when this one names no markets.
+// What may happen to the sessions of the previous script. They stay if the new script names no markets.
 enum class Former { Stay, Go, Either };
 
 // Loads the script's sessions, then those of a valid script.
@@ -152,7 +152,7 @@ TEST(ScriptFaults, AMillionByteAnswerIsTakenWhole) {
                         "\"113000\":49}' end"));
     EXPECT_THAT(store->getTradingTime(std::string(kMillion, 'M')), SizeIs(1));
     EXPECT_THAT(store->getTradingTime("SSE"), SizeIs(1));
-    // And a million bytes of blanks, of digits, and of garbage.
+    // Also a million bytes of blanks, of digits, and of garbage.
     for (const char* text : {" ", "7", "x", "\\\\", "\\\"", ","})
         expectSurvived("function getMarkets() return " + repeated(text, kMillion) + " end", Former::Stay);
     expectSurvived("function getMarkets() return '{\"SSE\":1}' end function getMarketTradeDuration() return '{\"' .. " +
@@ -175,7 +175,7 @@ TEST(ScriptFaults, AnAnswerEndsAtItsFirstNul) {
     expectSurvived("function getMarkets() return " + repeated("\\0", kMillion) + " end");
 }
 
-// The answer quotes the very words with which the parser reports a lack of memory.
+// The answer quotes the very words in which the parser reports a lack of memory.
 TEST(ScriptFaults, AnAnswerThatMentionsMemoryIsAnOrdinaryText) {
     const Client client;
     const LogCapture log;
@@ -209,7 +209,7 @@ TEST(ScriptFaults, JsonThatIsNestedAMillionDeepIsRefused) {
 
 namespace {
 
-// The catalogue after a script whose two unguarded functions answer with this expression.
+// The catalogue after a script whose two functions that need no right return the value of this expression.
 struct Vendors {
     explicit Vendors(const std::string& expression)
         : script("function getQeAlgoParamConfig() return " + expression +

@@ -1,5 +1,5 @@
-// Memory runs out at every single request while scripts are read, including requests of the interpreter: tables that
-// scripts fill are in their old or their new state, and never empty for lack of memory.
+// Memory runs out at every single request while scripts are read, including requests of the interpreter: the tables
+// that scripts fill are in their old or their new state, and are never emptied by a lack of memory.
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -46,7 +46,7 @@ namespace {
 
 using Texts = std::map<std::string, std::string>;
 
-// Texts are too long for the small-string optimisation, and something is written to the log.
+// Texts too long for the small-string optimisation, and a log line.
 const char* const kMarketTimes = R"(
 all = {}
 for i = 1, 20 do all[i] = 'a value of the script number ' .. i end
@@ -57,7 +57,7 @@ function getMarketTradeDuration(m)
 end
 )";
 
-// The minimum number of requests: of every allocation, or of C++ alone where only those can be refused.
+// The minimum number of requests, for builds that refuse every allocation and for builds that refuse only C++ ones.
 long atLeast(long ofEverybody, long ofCpp) {
     return tests::isEverybodyRefused() ? ofEverybody : ofCpp;
 }
@@ -118,9 +118,9 @@ TEST(ScriptMemory, MarketTimesOfTheCatalogueStayWholeOrAreReplacedWhole) {
 
 namespace {
 
-// A log to which this thread has already written a line: for the data that the logging library keeps per thread, a lack
-// of memory would end the process. That line is not an error, so that the script's errors are the process's first of
-// their level.
+// A log to which this thread has already written a line: running out of memory for the logging library's per-thread
+// data would end the process. That line is at INFO level, so the script's errors are still the first ones of the
+// process.
 struct LogInUse {
     LogInUse() { g_TTStdLogger->info("a line"); }
 
@@ -200,7 +200,7 @@ TEST(ScriptMemory, AStoreIsBuiltWholeOrNotAtAll) {
     std::cout << points << " requests of a new store refused\n";
 }
 
-// Asked directly, an interpreter without memory answers as for any failing script: nothing, and one log line.
+// Called directly, an interpreter without memory behaves like any failing script: an empty answer and one log line.
 TEST(ScriptMemory, AScriptAnswersRightOrNothing) {
     const tests::TempFolder folder;
     const std::string path = folder.write("script.lua", kMarketTimes);

@@ -1,4 +1,4 @@
-// Many threads query guarded state while it is replaced: every answer is one that some load or call set.
+// Many threads query guarded state while it is replaced: every answer must be one that some load or call has set.
 
 #include <gtest/gtest.h>
 
@@ -59,7 +59,7 @@ const Predicate kPredicates[] = {
 
 using Lists = std::map<std::string, std::vector<int>>;
 
-// Every switch, and an unknown key, with this list.
+// All switches, and an unknown key, with this list.
 Lists listsOf(const std::vector<int>& list) {
     Lists lists{{"some other key", list}};
     for (const Predicate& each : kPredicates)
@@ -67,7 +67,7 @@ Lists listsOf(const std::vector<int>& list) {
     return lists;
 }
 
-// New unknown keys also go into the table during the questions; their lists are never replaced.
+// Unknown keys that are added to the table while threads query it; their lists are never replaced.
 const std::string kFreshKey = "a key of its own ";
 const std::vector<int> kFreshList{kAlways};
 constexpr int kFreshKeys = 1000;
@@ -92,15 +92,15 @@ std::string settingsOf(const Lists& lists, const char* tables) {
     return text + tables;
 }
 
-// Asks everything that may be asked during a load. Two questions in a row may see different tables, so each answer is
-// judged alone, by what holds in both tables. Each check returns the name of a question whose answer is impossible,
+// Makes every query that is allowed during a load. Two queries in a row may see different tables, so each answer is
+// judged alone, by what holds in both tables. Each check returns the name of a query whose answer is impossible,
 // otherwise null.
 class Asker {
 public:
     Asker() : keys(listsOf({})) {}
 
-    // One round: everything once, and one of the four tables repeatedly, since a momentary error is seen only by
-    // questions at that moment.
+    // One round: every query once, and those of one of the four tables repeatedly, since only a query at the right
+    // moment sees a momentary error.
     const char* wrongAnswer(const ConfigCollector& store, int asker, int round) {
         if (const char* wrong = wrongSwitch(store, round)) return wrong;
         constexpr const char* (*kOthers[])(const ConfigCollector&) = {&wrongRatio, &wrongRepayment, &wrongFund};
@@ -195,7 +195,7 @@ void runTogether(int threads, const std::function<void(int)>& work) {
 
 }  // namespace
 
-// Runs until enough of everything has happened to be meaningful, however busy the machine is.
+// Runs until every kind of event has happened often enough, however busy the machine is.
 TEST(Threads, EveryAnswerIsLegalWhileLoadsAndSetPtsRun) {
     const ClientFolder client;
     const tests::TempFolder folder;

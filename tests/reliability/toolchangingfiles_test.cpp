@@ -1,4 +1,4 @@
-// The tool with settings files that change while it reads them: it answers from the old contents, or says why it
+// The tool reading settings files that change at the same time: it answers from the old contents, or says why it
 // cannot.
 
 #include <gmock/gmock.h>
@@ -40,7 +40,7 @@ SwitchLists listsOf(const std::string& answer) {
     for (std::string name; std::getline(text, name, ':');) {
         std::vector<int>& list = lists[name];
         std::string pieces;
-        text.ignore();  // the bracket
+        text.ignore();  // the opening bracket
         std::getline(text, pieces, ']');
         std::istringstream ids(pieces);
         for (std::string id; std::getline(ids, id, ',');)

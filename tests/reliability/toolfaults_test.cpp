@@ -1,5 +1,5 @@
-// The tool with files that it cannot use and outputs that it cannot write: it gives one message and the right exit
-// code, and never waits.
+// The tool with files that it cannot use and outputs that it cannot write: it prints one message, returns the right
+// exit code, and never waits.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -65,7 +65,7 @@ TEST(ToolFaults, DoesNotWaitForANamedPipeWithoutAWriter) {
     expectRefused(folder.path("pipe"), "is not a regular file");
 }
 
-// Neither the scripts, however they are named, nor the log.
+// Scripts, however they are named, other inputs, and the log file.
 TEST(ToolFaults, WaitsForNoOtherPipeEither) {
     const TempFolder folder;
     fs::create_directories(folder.path("bin"));
@@ -102,7 +102,7 @@ TEST(ToolFaults, WaitsForNoOtherPipeEither) {
 TEST(ToolFaults, LogsIntoAPipeThatIsRead) {
     const TempFolder folder;
     ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
-    // The tool is refused until "cat" has opened the pipe.
+    // The tool refuses the pipe until "cat" has opened it.
     const std::string script =
         "cat pipe >copy & until \"$TTCONFIG\" ask setUseOrderIdFunction true --log-file pipe; do :; done; wait; cat "
         "copy";
@@ -113,7 +113,7 @@ TEST(ToolFaults, LogsIntoAPipeThatIsRead) {
 }
 
 TEST(ToolFaults, RefusesAFileWithoutReadPermission) {
-    // Root may read everything.
+    // Root can read every file.
     const TempFolder folder;
     fs::permissions(folder.path(""), fs::perms::all);
     const std::string other = withCountersIn(folder.path("counters")) +
@@ -181,7 +181,7 @@ TEST(ToolFaults, SaysSoWhenTheLogCannotBeWritten) {
     if (!fs::exists("/dev/full")) GTEST_SKIP() << "this system has no /dev/full";
     const ToolRun run = runShell("exec timeout 60 \"$TTCONFIG\" ask setUseOrderIdFunction true --log-file /dev/full");
     EXPECT_EQ(run.exitCode, kInternal);
-    // The line before says that there is no settings file.
+    // The line before this one says that there is no settings file.
     EXPECT_THAT(run.err, testing::EndsWith("\nttconfig: --log-file /dev/full: cannot be written to the end\n"));
 }
 

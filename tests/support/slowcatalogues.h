@@ -9,7 +9,7 @@
 
 #include "tests/support/slowgrammars.h"
 
-// What the values of the product catalogues put into their tables, slow and obvious.
+// What the values of the product catalogues put into their tables, computed in a slow and obvious way.
 
 namespace tests {
 
@@ -79,7 +79,7 @@ inline void slowEnterCombinations(const std::string& value, SlowCombinations& co
 
 // --- funds
 
-// A fund is named by its market and its code without anything between them.
+// A fund is named by its market and its code, joined without a separator.
 inline bool slowListsFund(const std::vector<std::string>& list, const std::string& fund) {
     for (const std::string& entry : list) {
         if (entry == fund) return true;
@@ -113,7 +113,7 @@ struct SlowTag {
     std::vector<std::string> times;
 };
 
-// Nothing for an entry without a ":".
+// Nothing for a value without a ":".
 inline std::optional<SlowTag> slowTag(const std::string& value) {
     const std::vector<std::string> parts = slowPieces(value, ':');
     if (parts.size() < 2) return std::nullopt;

@@ -7,7 +7,7 @@
 #include <ttplatform/instruments.h>
 #include <ttplatform/stocktypecenter.h>
 
-// The category words of limit tables once more, as lists of types that are searched from the top.
+// A second implementation of the limit tables' category words: lists of types, searched from the top.
 
 namespace tests {
 
@@ -72,7 +72,7 @@ inline const CategoryTable kStockRateCategories{{{{TypeSource::Base, 1154}, "LON
 
 inline const CategoryTable kShanghaiConnectRateCategories{{{{TypeSource::Center, 100016}, "LOAN"}}, "DEF"};
 
-// --- the words of instruments of the installed platform; markets and codes in upper case
+// --- the words of instruments on the installed platform; markets and codes in upper case
 
 inline bool hasType(const InstrumentType& type, const std::string& market, const std::string& code) {
     if (type.source == TypeSource::Base) return ttservice::isTypedStock(type.number, market, code, std::string());
@@ -91,8 +91,8 @@ inline std::string slowShanghaiConnectRateCategory(const std::string& market, co
     return slowCategory(kShanghaiConnectRateCategories, market, code);
 }
 
-// Order limits also know the connect markets, after the boards and before the other types, and distinguish some words
-// by price and by finer types.
+// Order limits also have words for the connect markets, which come after the boards and before the other types, and
+// they distinguish some words by price type and by finer types.
 inline std::string slowOrderLimitCategory(const std::string& market, const std::string& code, int priceType) {
     static const std::set<std::string> kConnects{"HGT", "SSEHKEX", "SGT", "SZSEHKEX"};
     static const std::set<int> kMarketPrices{84,  85,  86,  87,  88,  89,  130, 131, 132,

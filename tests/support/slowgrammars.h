@@ -13,8 +13,8 @@
 #include <boost/algorithm/string.hpp>
 #include <boost/lexical_cast.hpp>
 
-// Slow and obvious readers of the value grammars, as oracles for the fast ones: they copy texts, convert strict numbers
-// with Boost and loose ones with the C library.
+// Slow and obvious readers of the value grammars, as oracles for the fast ones: they copy texts and convert strict
+// numbers with Boost, loose ones with the C library.
 
 namespace tests {
 
@@ -140,7 +140,7 @@ inline std::vector<SlowLimitItem> slowLimitKey(const std::string& key) {
     return items;
 }
 
-// Reads the fields of a row by a letter each: i is an integer, d a decimal, t a text.
+// The fields of a row, one letter each: i for an integer, d for a decimal, t for a text.
 inline const std::string kSlowOrderLimit = "it";
 inline const std::string kSlowBlockTradeLimit = "iti";
 inline const std::string kSlowStockRate = "ddddddi";

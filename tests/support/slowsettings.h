@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-// The grammar of settings texts once more, slow and obvious, as an oracle for the reader.
+// A second, slow and obvious implementation of the grammar of settings texts, as an oracle for the reader.
 
 namespace tests {
 
