@@ -31,7 +31,7 @@ struct SHFixIncomeLimit;
 // Thread safety. instance() may be called from anywhere at any time. A reader/writer lock guards the platform switches
 // (setPts, getPts, getAllpts, isSomePt and every predicate): any thread may query and replace them at any time. All
 // other operations take no lock: the client loads and sets its overrides before other threads query the store; from
-// then on any number of threads may query it at once. Exceptions are stated below.
+// then on any number of threads may query it at once. Operations that differ say so below.
 //
 // A platform is a broker counter, identified by an int. No operation throws for a missing or wrong setting: every query
 // has an answer when nothing is configured. Answers are copies, or shared records that stay valid after a reload.
@@ -82,7 +82,7 @@ public:
     bool isSomePt(std::string_view key, int platformId) const;
 
     // The predicates, one per row of platformswitches.def: isSomePt() of the row's key, negated for the two rows marked
-    // NotListed. Without the key the answer is false, and true for those two. Lock shared.
+    // NotListed. Without the key the answer is false, and true for those two. They lock shared.
 #define TT_PLATFORM_SWITCH(predicate, key, sense, meaning) bool predicate(int platformId) const;
 #include "traderbase/base/config/platformswitches.def"
 

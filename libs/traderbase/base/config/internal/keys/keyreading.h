@@ -7,7 +7,7 @@
 
 #include "traderbase/base/config/internal/keys/settingkeys.h"
 
-// How readers ask the settings file for a key of the catalogue.
+// How readers get the value of a catalogue key from the settings file.
 
 namespace ttservice::internal {
 

@@ -20,7 +20,7 @@ enum class ValueGrammar {
     PerPlatformFlag,     // items platform:0 or platform:1, and a default, separated by ";"
     PerPlatformInteger,  // items platform:number, and a default, separated by ";"
 
-    // Limits and credit: limitrows.h and creditlists.h hold these grammars, perplatformlist.h the next two.
+    // Limits and credit. The grammars are in limitrows.h and creditlists.h; perplatformlist.h has the KeepEmpty ones.
     PerPlatformFlagKeepEmpty,     // like PerPlatformFlag, but an empty item counts wherever it stands
     PerPlatformDecimalKeepEmpty,  // the same for decimal numbers
     OrderLimitRow,                // quantity,unit
@@ -31,7 +31,7 @@ enum class ValueGrammar {
     PlatformRatioPairs,           // items platform:first,second, separated by ";"
     PlatformCodes,                // items platform:codes, separated by ";", with the codes separated by ","
 
-    // Catalogues: catalogueentries.h and producttables.h hold these grammars.
+    // Catalogues. The grammars are in catalogueentries.h and producttables.h.
     ProductGroups,          // groups separated by ";", each a list of products separated by ","
     MarketCodes,            // items market:codes, separated by ";", with the codes separated by ","
     Funds,                  // market and code joined without a separator, items separated by ",", or ALL alone

@@ -1,4 +1,4 @@
-// Fixed-income values: reads the order parameters that a value gives.
+// Fixed-income values: reads the order parameters in a value.
 // Entry points: fixedIncomeLimit().
 // Covered by tests/config/bondlimits_test.cpp.
 

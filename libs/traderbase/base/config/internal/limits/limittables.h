@@ -64,7 +64,7 @@ inline constexpr LimitTableSpec kShenzhenConnectRateTable{kShenzhenConnectRateSe
 inline constexpr const LimitTableSpec* kLimitTables[] = {&kOrderLimitTable, &kBlockTradeTable, &kStockRateTable,
                                                          &kShanghaiConnectRateTable, &kShenzhenConnectRateTable};
 
-// The table for the section's rows; null if the section has none.
+// The table that contains the section's rows; null if no table does.
 constexpr const LimitTableSpec* limitTableOf(std::string_view section) {
     for (const LimitTableSpec* table : kLimitTables) {
         for (const SettingKey* key : table->sections) {

@@ -1,4 +1,4 @@
-// Makes a vendor's text into its record.
+// Algorithm records: converts a vendor's text to a record.
 // Entry points: algorithmRecord().
 // Covered by tests/config/algorithmparamconfig_test.cpp.
 

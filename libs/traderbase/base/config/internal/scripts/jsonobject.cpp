@@ -39,7 +39,7 @@ bool isQuote(char c) {
     return c == '"' || c == '\'' || c == '/';  // "/" encloses a regular expression
 }
 
-// UTF-8 of a character beyond the first 65536.
+// The UTF-8 encoding of a character above U+FFFF.
 std::string utf8(std::uint32_t point) {
     std::string bytes;
     bytes += static_cast<char>(0xF0 | (point >> 18));
@@ -104,7 +104,7 @@ private:
         prepared += text.substr(copied, at - copied);
     }
 
-    // The UTF-16 unit of an escape such as \u4e2d that starts at this place; nothing if none does.
+    // The UTF-16 code unit given by an escape such as \u4e2d at this place; nothing if there is no escape.
     std::optional<std::uint32_t> escapedUnitAt(std::size_t place) const {
         const std::string_view escape = text.substr(std::min(place, text.size()), 6);
         std::uint32_t unit = 0;

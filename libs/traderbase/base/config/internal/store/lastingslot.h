@@ -24,8 +24,8 @@ boost::shared_ptr<Object>& lastingSlot(const Build& build) {
     return pointer;
 }
 
-// Whether an object is the process's own, built completely, or a substitute for callers after the end of that one,
-// which reads no script and so logs nothing.
+// Whether an object is the process's own, or a substitute for callers after that one is gone. A substitute reads no
+// script and so logs nothing.
 enum class Lifetime { Process, AfterTheEnd };
 
 }  // namespace ttservice::internal

@@ -13,8 +13,7 @@ namespace ttservice::internal {
 namespace {
 
 // The text of Boost's conversion error, which hosts look for. The conversions themselves neither use Boost nor throw:
-// every scalar key of the main section is also one bad piece of a platform list, and a load must not throw a hundred
-// times.
+// scalar values of the main section are read as platform lists too, and a load must not throw for each of them.
 constexpr char kLine[] =
     "get bson value error, bad lexical cast: source type value could not be interpreted as target\n";
 constexpr std::size_t kLineSize = sizeof(kLine) - 1;
