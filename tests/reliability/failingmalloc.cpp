@@ -1,6 +1,6 @@
 // Refuses any allocation in the process: replaces malloc and its relatives, which operator new, the JSON library's
-// buffers, the interpreter and the C library's files use. For glibc, whose own functions have second names, in builds
-// without a sanitizer.
+// buffers, the interpreter and the C library's files use. For builds without a sanitizer on glibc, whose own functions
+// remain callable as __libc_malloc and so on.
 
 #include <cerrno>
 #include <cstddef>

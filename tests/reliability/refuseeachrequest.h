@@ -68,8 +68,8 @@ long refuseEachRequest(Shortage shortage, const Round& round) {
     return nth - 1;
 }
 
-// A round does its whole work from the beginning, part of it in Refusal::during(), and frees everything before it
-// returns. Refuses each request of that part, once alone and once with all that follow.
+// Refuses each request that a round makes in Refusal::during(), once alone and once with all that follow. A round does
+// its whole work from the beginning and frees everything before it returns.
 template <typename Round>
 long refuseEachRequest(const Round& round) {
     return refuseEachRequest(Shortage::Once, round) + refuseEachRequest(Shortage::FromThenOn, round);

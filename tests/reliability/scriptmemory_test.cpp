@@ -291,7 +291,7 @@ void grantVendors() {
     standin::PlatformData::install(std::move(data));
 }
 
-// Each vendor's text is the old or the new one, and the new records belong to new texts, at most one each.
+// Each vendor's text is the old or the new one. Each new record belongs to a new text, at most one per text.
 void expectWholeVendors(const AlgorithmParamConfig& catalogue) {
     std::size_t texts = 0;
     for (const Vendor& vendor : kVendors) {

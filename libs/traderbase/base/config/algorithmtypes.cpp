@@ -1,6 +1,6 @@
 // Algorithm types: answers which smart algorithm types and T0 strategies are offered, and where buy/sell is hidden.
 // Entry points: getAlgoTypes, getBuySellHideAlgoTypes, getT0Strategy.
-// Owns: AlgorithmTypeState; isQueryAlgoPerm is a platform switch.
+// Owns: AlgorithmTypeState. (isQueryAlgoPerm is a platform switch.)
 // Covered by tests/config/algorithmtypes_test.cpp.
 
 #include "traderbase/base/config/configcollector.h"

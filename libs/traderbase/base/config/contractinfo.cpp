@@ -1,4 +1,4 @@
-// Contract info: answers which algorithm products there are, which one serves an algorithm type, and which go by HTTP.
+// Contract info: answers which algorithm products exist, which one serves an algorithm type, and which use HTTP.
 // Entry points: getContractInfo, getAllContractInfo, getProductIdbyAlgoName, isHttpProductID.
 // Owns: ContractState.
 // Covered by tests/config/contractinfo_test.cpp.
@@ -24,8 +24,8 @@ constexpr int kCreditAccount = 3;
 
 }  // namespace
 
-// The catalogue is added to and never emptied; the HTTP list is a new one each time. The records come first: the types
-// are indexed for the products that have one.
+// Adds to the catalogue without clearing it, but replaces the HTTP list. The records come first, because types are
+// indexed only for products that have one.
 void internal::readContractInfoConfig(const utils::Configuration& configuration, ContractState& state) {
     enterContracts(readText(configuration, keys::contracts), state.catalogue);
     enterContractTypes(readText(configuration, keys::contractTypes), state.catalogue);
@@ -54,7 +54,7 @@ std::map<std::string, boost::shared_ptr<ContractInfo>> ConfigCollector::getAllCo
     return {state->contracts->catalogue.records.begin(), state->contracts->catalogue.records.end()};
 }
 
-// Not a plain look-up: a name asked for is in the index from then on, with an empty product ID when it was unknown.
+// More than a look-up: an unknown name enters the index with an empty product ID.
 std::string ConfigCollector::getProductIdbyAlgoName(const std::string& algoName, bool isCredit) {
     auto& catalogue = state->contracts->catalogue;
     return (isCredit ? catalogue.creditProductByType : catalogue.stockProductByType)[algoName];

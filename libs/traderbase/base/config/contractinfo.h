@@ -5,10 +5,10 @@
 
 namespace ttservice {
 
-// One algorithm trading product, called a contract, as the settings file names it. The store keeps the fields and gives
-// them no meaning: the client decides what they count.
+// One algorithm trading product, which the settings file calls a contract. The store keeps the fields without
+// interpreting them; the client decides what they mean.
 //
-// Records are shared. A reload never changes one that was handed out; it puts a new one in its place.
+// Records are shared. A reload never changes a record already handed out; it replaces it with a new one.
 struct ContractInfo {
     int intValue = 0;            // fourth field
     double doubleValue = 0.0;    // second field

@@ -1,4 +1,4 @@
-// Credit ratios: answers what holds for the credit accounts of each platform: ratios, numbers, a flag, codes.
+// Credit ratios: answers each platform's settings for credit accounts: ratios, numbers, a flag, codes.
 // Entry points: isUseConcentrationRatioPts ... isNeedCheckAssureEnbuyBalancePts in the header; the six readers below.
 // Owns: CreditState.
 // Covered by tests/config/creditratios_test.cpp.
@@ -63,7 +63,7 @@ void internal::readSetavailable(const utils::Configuration& configuration, Credi
     readPerPlatform(configuration, keys::setAvailable, state.setAvailable);
 }
 
-// Not in the load order, and that is meant: its key has no effect on a client.
+// Deliberately not in the load order: its key has no effect on a client.
 void internal::readFinEnableBailRatio(const utils::Configuration& configuration, CreditState& state) {
     readPerPlatform(configuration, keys::finEnableBailRatio, state.finEnableBailRatio);
 }
@@ -85,7 +85,7 @@ bool ConfigCollector::isRepayDebtByCollateralSell(int platformId, const std::str
     return found != state->credit->collateralSaleCodes.end() && found->second.count(code) != 0;
 }
 
-// The predicates below say that a platform is listed; one that is listed with 0 is.
+// The predicates below tell whether a platform is listed, even if with 0.
 
 double ConfigCollector::getFinEnableBailRatio(int platformId) const {
     return state->credit->finEnableBailRatio.at(platformId);

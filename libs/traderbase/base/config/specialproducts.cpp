@@ -1,4 +1,4 @@
-// Special products: answers subscription fees, combinations whose margin is charged once, and the ETF broker client.
+// Special products: answers subscription fees, combinations that charge margin once, and the ETF broker client.
 // Entry points: getSubFee, getSingleMarginProductName, getETFBrokerCLientTag, getETFBrokerCLientQueryTimes,
 // isCanQueryETFFromCounter.
 // Owns: SpecialProductState.
@@ -48,7 +48,7 @@ void internal::readSpecialCombCompactsConfig(const utils::Configuration& configu
     addCombinations(fresh, state.combinations);
 }
 
-// Without a ":" both values of the load before stay.
+// Without a ":" both values of the previous load stay.
 void internal::readETFBrokerCLientTag(const utils::Configuration& configuration, SpecialProductState& state) {
     const std::string value = readText(configuration, keys::etfBrokerClient);
     const TagEntry entry = tagEntry(value);

@@ -1,7 +1,6 @@
-// Catalogue entries: answers what one entry of a product catalogue says, and what becomes of it.
+// Catalogue entries: answers what one entry of a product catalogue says, and what a load does with it.
 // Entry points: pairEntry(), contractEntry(), marketCodesEntry(), tagEntry(), describe(); forEachEntry() in the header.
-// Owns: nothing.
-// Covered by tests/config/internal/catalogueentries_test.cpp.
+// Covered by tests/config/internal/products/catalogueentries_test.cpp.
 
 #include "traderbase/base/config/internal/products/catalogueentries.h"
 

@@ -6,23 +6,23 @@
 
 #include "traderbase/base/config/internal/text/splitting.h"
 
-// Entries of the product catalogues' values: what each one says and what becomes of it. Readers store by the outcome
-// and say nothing; whoever wants to know why an entry has no effect asks here. All texts are views into the value.
+// Entries of the product catalogues: what each one says and what a load does with it. Readers store entries silently;
+// the outcome tells other callers why an entry has no effect. All texts are views into the value.
 
 namespace ttservice::internal {
 
 enum class EntryOutcome {
     Stored,             // as written
-    DefaultNoFields,    // stored as a default record: there is nothing behind the ":"
-    DefaultFieldCount,  // stored as a default record: there are not exactly five fields
-    MarketIsCodes,      // stored with one text as market and as codes: there is no ":"
+    DefaultNoFields,    // stored as a default record: nothing follows the ":"
+    DefaultFieldCount,  // stored as a default record: not exactly five fields
+    MarketIsCodes,      // stored with the whole text as market and as codes: no ":"
     SkippedEmpty,       // nothing to store
-    SkippedColons,      // passed over: there is not exactly one ":"
-    SkippedNoRecord,    // passed over: the product has no record
-    KeptFormer          // without a ":" the value of the load before stays
+    SkippedColons,      // skipped: not exactly one ":"
+    SkippedNoRecord,    // skipped: the product has no record
+    KeptFormer          // no ":": the value of the previous load stays
 };
 
-// Whether the entry leaves something behind in the store.
+// Whether the entry is stored in any form.
 constexpr bool isStored(EntryOutcome outcome) {
     return outcome < EntryOutcome::SkippedEmpty;
 }
@@ -35,7 +35,7 @@ std::string_view describe(EntryOutcome outcome);
 struct PairEntry {
     std::string_view text;
     EntryOutcome outcome;
-    std::string_view first;  // both empty where nothing is stored
+    std::string_view first;  // both empty if nothing is stored
     std::string_view second;
 };
 
@@ -50,14 +50,14 @@ struct ContractEntry {
     std::array<std::string_view, 5> fields;  // empty unless Stored
 };
 
-// An entry with a product ID is stored even when its fields are wrong: a product that is named is always known.
+// An entry with a product ID is stored even if its fields are wrong: a named product always has a record.
 ContractEntry contractEntry(std::string_view text);
 
 // --- market:code,code,...
 
 struct MarketCodesEntry {
     std::string_view text;
-    EntryOutcome outcome;  // always stored; an empty entry is the empty market with the empty code
+    EntryOutcome outcome;  // always stored; an empty entry gives an empty market and an empty code
     std::string_view market;
     std::string_view codes;
 };
@@ -70,7 +70,7 @@ struct TagEntry {
     std::string_view text;
     EntryOutcome outcome;
     std::string_view tag;
-    std::string_view times;  // up to the next ":"; what follows that is ignored
+    std::string_view times;  // up to the next ":"; the rest is ignored
 };
 
 TagEntry tagEntry(std::string_view text);

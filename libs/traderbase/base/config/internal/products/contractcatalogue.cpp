@@ -1,7 +1,6 @@
-// Contract catalogue: answers which records and index entries the contract settings make.
+// Contract catalogue: makes records and index entries from the contract settings. The store holds the catalogue.
 // Entry points: contractKey(), enterContracts(), enterContractTypes(), contractTypesOutcome().
-// Owns: nothing; the store holds the catalogue.
-// Covered by tests/config/internal/contractcatalogue_test.cpp.
+// Covered by tests/config/internal/products/contractcatalogue_test.cpp.
 
 #include "traderbase/base/config/internal/products/contractcatalogue.h"
 
