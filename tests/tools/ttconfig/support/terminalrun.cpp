@@ -38,6 +38,15 @@ namespace {
 
 }  // namespace
 
+bool hasTerminals() {
+    const int master = posix_openpt(O_RDWR | O_NOCTTY);
+    if (master < 0) return false;
+    const bool opened = grantpt(master) == 0 && unlockpt(master) == 0 && ptsname(master) != nullptr &&
+                        access(ptsname(master), R_OK | W_OK) == 0;
+    close(master);
+    return opened;
+}
+
 std::string runOnTerminal(const std::vector<std::string>& arguments, Terminal which,
                           const std::vector<std::string>& environment) {
     const int master = posix_openpt(O_RDWR | O_NOCTTY);

@@ -49,6 +49,7 @@ struct MistakenSettings {
 };
 
 TEST(Colour, IsOnForATerminal) {
+    if (!tests::hasTerminals()) GTEST_SKIP() << "no pseudo terminal can be opened here";
     const MistakenSettings settings;
     EXPECT_THAT(runOnTerminal({"check", settings.path}, Terminal::Output, {"NO_COLOR", "TERM=xterm"}),
                 HasSubstr(kEscape));
@@ -56,6 +57,7 @@ TEST(Colour, IsOnForATerminal) {
 }
 
 TEST(Colour, IsRefusedByTheEnvironment) {
+    if (!tests::hasTerminals()) GTEST_SKIP() << "no pseudo terminal can be opened here";
     const MistakenSettings settings;
     const struct {
         std::vector<std::string> environment;
@@ -72,6 +74,7 @@ TEST(Colour, IsRefusedByTheEnvironment) {
 }
 
 TEST(Colour, CommandLineBeatsEverythingElse) {
+    if (!tests::hasTerminals()) GTEST_SKIP() << "no pseudo terminal can be opened here";
     const MistakenSettings settings;
     const std::string quiet = "export NO_COLOR=1; ";
     EXPECT_THAT(tests::runShell(quiet + "\"$TTCONFIG\" check --color always " + settings.path).out, HasSubstr(kEscape));

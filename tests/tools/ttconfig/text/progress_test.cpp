@@ -60,6 +60,7 @@ void waitUntilItShows() {
 }
 
 TEST(Progress, ShowsHowFarLongWorkIsAndGoesAway) {
+    if (!tests::hasTerminals()) GTEST_SKIP() << "no pseudo terminal can be opened here";
     setenv("TERM", "xterm", 1);
     const OwnTerminal terminal;
     {
@@ -77,6 +78,7 @@ TEST(Progress, ShowsHowFarLongWorkIsAndGoesAway) {
 }
 
 TEST(Progress, IsNotShownForShortWork) {
+    if (!tests::hasTerminals()) GTEST_SKIP() << "no pseudo terminal can be opened here";
     setenv("TERM", "xterm", 1);
     const OwnTerminal terminal;
     {
@@ -88,6 +90,7 @@ TEST(Progress, IsNotShownForShortWork) {
 }
 
 TEST(Progress, IsWrittenAtMostTenTimesASecondHoweverManySteps) {
+    if (!tests::hasTerminals()) GTEST_SKIP() << "no pseudo terminal can be opened here";
     setenv("TERM", "xterm", 1);
     const OwnTerminal terminal;
     Progress progress("comparing");
@@ -104,6 +107,7 @@ TEST(Progress, IsWrittenAtMostTenTimesASecondHoweverManySteps) {
 }
 
 TEST(Progress, IsNotShownOnATerminalThatCannotEraseALine) {
+    if (!tests::hasTerminals()) GTEST_SKIP() << "no pseudo terminal can be opened here";
     setenv("TERM", "dumb", 1);
     const OwnTerminal terminal;
     Progress progress("checking", 3);
@@ -113,6 +117,7 @@ TEST(Progress, IsNotShownOnATerminalThatCannotEraseALine) {
 }
 
 TEST(Progress, ShowsNoControlCharactersOfNames) {
+    if (!tests::hasTerminals()) GTEST_SKIP() << "no pseudo terminal can be opened here";
     setenv("TERM", "xterm", 1);
     const OwnTerminal terminal;
     Progress progress("checking");
