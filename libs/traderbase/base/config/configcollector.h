@@ -183,8 +183,8 @@ public:
     // matters. Locks shared, like the platform switches: safe to call during a load.
     bool isRepayDebtByCollateralSell(int platformId, const std::string& code) const;
 
-    // Each number: the one given for the platform, otherwise the value's default item, otherwise the number named here.
-    // Its companion tells whether the platform is listed, even if with 0.
+    // Pairs of operations. The first answers the number given for the platform, otherwise the value's default item,
+    // otherwise the number named here. The second answers whether the platform is listed, even if with 0.
     double getisSetavailable(int platformId) const;  // 0
     bool isSetavailable(int platformId) const;
     double getSpecailEnableVolStkExchangeRate(int platformId) const;  // 0 (sic)

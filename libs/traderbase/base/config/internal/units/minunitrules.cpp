@@ -80,7 +80,7 @@ MinUnitAnswer shareUnit(const UnitInstrument& instrument, const IInstrumentRecor
     if (instrument.isAny(10040, 167, 168, 10075)) return {1, Rule::R14};
     // 15. Deliberate: the order form answers 1 for these.
     if (instrument.isBase(1172)) return {200, Rule::R15};
-    // 16. Rule 13 has already decided "BJ" and "NEEQ"; both tests stay in their places.
+    // 16. Never true today, because rule 13 decides "BJ" and "NEEQ" first. Both tests stay in case that changes.
     if (market == markets::kBj) return {100, Rule::R16a};
     if (isStockExchange(market) && !instrument.is(157)) return {100, Rule::R16b};
     if (market == markets::kNeeq) return {1000, Rule::R16c};

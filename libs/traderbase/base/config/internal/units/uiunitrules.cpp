@@ -61,7 +61,7 @@ UiUnitAnswer shareUnit(const UnitInstrument& instrument, const IInstrumentRecord
     if (market == markets::kBj) return {1, Rule::R17};
     // 18.
     if (isStockExchange(market) && !instrument.is(157) && flag) return {100, Rule::R18};
-    // 19. With the flag, rule 13 has already decided "NEEQ"; the test stays in its place.
+    // 19. Never true today, because with the flag rule 13 decides "NEEQ" first. The test stays in case that changes.
     if (market == markets::kNeeq && flag) return {1000, Rule::R19};
     // 20. The further market tests belong here and "HK" does not; for operations it is the other way round.
     if (isShanghaiConnect(market) || isShenzhenConnect(market) || instrument.passesMarketTest()) {
