@@ -138,8 +138,8 @@ template <typename Ask, typename IsWhole>
     std::_Exit(static_cast<int>(round));
 }
 
-// Runs each round in a process of its own, since a process has only one first call. Whatever goes wrong in that call, the
-// next caller gets a complete object.
+// Runs each round in a process of its own, since a process has only one first call. Whatever goes wrong in that call,
+// the next caller gets a complete object.
 template <typename Ask, typename IsWhole>
 long refuseFirstCall(Shortage shortage, const Ask& ask, const IsWhole& isWhole) {
     for (long nth = 1;; ++nth) {

@@ -9,7 +9,7 @@
 #include "traderbase/base/config/contractinfo.h"
 #include "traderbase/base/config/internal/text/joinedtext.h"
 
-// The catalogue of algorithm products and its two indexes, as they grow from the settings' texts.
+// The catalogue of algorithm products and its two indexes, built from settings.
 
 namespace ttservice::internal {
 
@@ -25,18 +25,18 @@ struct ContractCatalogue {
     Index creditProductByType;
 };
 
-// What makes a product ID the key of its record for one of the two kinds of account.
+// The key of a product's record for one of the two kinds of account.
 JoinedText contractKey(std::string_view productId, bool isCredit);
 
-// Adds the records of the text "P1:label,0.5,100000,2,0;P1:label,0.3,50000,2,1". An entry replaces what stands under
-// its key, and nothing else.
+// Adds the records of the text "P1:label,0.5,100000,2,0;P1:label,0.3,50000,2,1". An entry replaces the record with
+// the same key and no other.
 void enterContracts(std::string_view value, ContractCatalogue& catalogue);
 
-// Adds the algorithm types of the text "P1:TWAP|VWAP;P2:POV" to the index of each kind of account that the product has
-// a record for. A type points to the product that was entered last.
+// Adds the algorithm types of the text "P1:TWAP|VWAP;P2:POV" to the index of each kind of account for which the product
+// has a record. A type maps to the product that was entered last.
 void enterContractTypes(std::string_view value, ContractCatalogue& catalogue);
 
-// What enterContractTypes() makes of one entry, the records being what they are.
+// What enterContractTypes() does with one entry, given the catalogue's current records.
 EntryOutcome contractTypesOutcome(const PairEntry& entry, const ContractCatalogue& catalogue);
 
 }  // namespace ttservice::internal

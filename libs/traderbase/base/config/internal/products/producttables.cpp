@@ -1,7 +1,6 @@
-// Product tables: answers what the settings of futures products and money-market funds make.
-// Entry points: those of the header, by topic: fees, combinations, funds, fixed prices.
-// Owns: nothing; the store holds the tables.
-// Covered by tests/config/internal/producttables_test.cpp.
+// Product tables: builds the tables of futures products and money-market funds. The store holds them.
+// Entry points: the functions of the header, for fees, combinations, funds and fixed prices.
+// Covered by tests/config/internal/products/producttables_test.cpp.
 
 #include "traderbase/base/config/internal/products/producttables.h"
 
@@ -36,7 +35,7 @@ void enterCombinations(std::string_view value, CombinationTables& tables) {
         for (std::size_t i = 0; i < products.size(); ++i) {
             fresh.products.emplace_back(products[i]);
             group.emplace(products[i]);
-            // By place, not by name: in "A,B,A" the last A maps to itself.
+            // By position, not by name: in "A,B,A" the last A maps to itself.
             if (i > 0) fresh.firstOfGroup.emplace(products[i], products.front());
         }
         fresh.groups.push_back(std::move(group));
@@ -48,7 +47,7 @@ void addCombinations(CombinationTables& fresh, CombinationTables& tables) {
     makeRoomFor(fresh.products.size(), tables.products);
     const auto old = static_cast<std::ptrdiff_t>(tables.groups.size());
     tables.groups.resize(tables.groups.size() + fresh.groups.size());
-    // Swapped: with some standard libraries the move of a set takes memory.
+    // Swapped, because moving a set allocates in some standard libraries.
     std::swap_ranges(fresh.groups.begin(), fresh.groups.end(), tables.groups.begin() + old);
     std::move(fresh.products.begin(), fresh.products.end(), std::back_inserter(tables.products));
     tables.firstOfGroup.merge(fresh.firstOfGroup);
@@ -66,7 +65,7 @@ bool listsFund(const std::vector<std::string>& list, std::string_view market, st
                        [&fund](const std::string& entry) { return compare(entry, fund) == 0; });
 }
 
-// "ALL" beside other entries is an ordinary entry.
+// "ALL" together with other entries is an ordinary entry.
 bool listsAllFunds(const std::vector<std::string>& list) {
     return list.size() == 1 && list.front() == "ALL";
 }
