@@ -80,7 +80,14 @@ void requireSameCombinations(const CombinationTables& tables, const tests::SlowC
 }  // namespace
 
 void checkProductGroups(const std::string& text) {
-    const auto groups = productGroups(text);
+    std::vector<std::vector<std::string_view>> groups;
+    forEachEntry(kCombinations, text, [&groups](const GroupEntry& entry) {
+        groups.emplace_back();
+        forEachProductOf(entry, [&groups](std::string_view product) { groups.back().push_back(product); });
+        for (const std::string_view product : groups.back())
+            require(isFirstOf(entry, product) == (&product == &groups.back().front()), "first products agree",
+                    std::string(entry.text));
+    });
     const std::vector<std::string> slow = tests::slowPieces(text, ';');
     require(groups.size() == slow.size(), "as many groups of products", text);
     for (std::size_t i = 0; i < groups.size(); ++i) {
@@ -99,7 +106,7 @@ void checkProductGroups(const std::string& text) {
 }
 
 void checkMarketCodes(const std::string& text) {
-    forEachEntry(text, marketCodesEntry, [&text](const MarketCodesEntry& entry) {
+    forEachEntry(kFixedPriceFunds, text, [&text](const MarketCodesEntry& entry) {
         const std::string piece(entry.text);
         const std::size_t colon = piece.find(':');
         const bool isBoth = colon == std::string::npos;
@@ -137,7 +144,7 @@ void checkFunds(const std::string& text) {
 
 void checkContracts(const std::string& text) {
     std::size_t entries = 0;
-    forEachEntry(text, contractEntry, [&](const ContractEntry& entry) {
+    forEachEntry(kContracts, text, [&](const ContractEntry& entry) {
         require(isWithin(entry.text, text), "catalogue entries are views", text);
         requireEntry(entry);
         ++entries;
@@ -158,7 +165,7 @@ void checkContractTypes(const std::string& text) {
     const std::string contracts = contractsFor(text);
     enterContracts(contracts, catalogue);
     tests::slowEnterContracts(contracts, slow);
-    forEachEntry(text, pairEntry, [&](const PairEntry& entry) {
+    forEachEntry(kContractTypes, text, [&](const PairEntry& entry) {
         const auto pair = tests::slowPair(std::string(entry.text));
         const bool isKnown =
             pair && (slow.records.count((*pair)[0] + "_stock") > 0 || slow.records.count((*pair)[0] + "_credit") > 0);
@@ -175,7 +182,7 @@ void checkContractTypes(const std::string& text) {
 
 void checkPairs(const std::string& text) {
     std::vector<std::pair<std::string, std::string>> stored;
-    forEachEntry(text, pairEntry, [&](const PairEntry& entry) {
+    forEachEntry(kT0Strategies, text, [&](const PairEntry& entry) {
         require(isWithin(entry.text, text), "pairs are views", text);
         require((entry.outcome == EntryOutcome::SkippedEmpty) == entry.text.empty(), "empty pairs are told", text);
         if (isStored(entry.outcome)) stored.emplace_back(entry.first, entry.second);

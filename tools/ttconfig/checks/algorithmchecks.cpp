@@ -10,7 +10,6 @@
 #include <unordered_map>
 
 #include "traderbase/base/config/internal/limits/limitrows.h"
-#include "traderbase/base/config/internal/products/catalogueentries.h"
 #include "ttconfig/advice/advice.h"
 #include "ttconfig/checks/listchecks.h"
 #include "ttconfig/checks/numberchecks.h"
@@ -31,10 +30,6 @@ void checkContractFields(EntryRemarks& remarks, const ContractEntry& entry) {
     checkLooseNumber(remarks, entry.fields[2], NumberKind::Long, "the third field");
     checkLooseNumber(remarks, entry.fields[3], NumberKind::Integer, "the fourth field");
     checkLooseFlag(remarks, entry.fields[4], "the credit flag");
-}
-
-bool isCredit(const ContractEntry& entry) {
-    return entry.outcome == EntryOutcome::Stored && looseInt(entry.fields[4]) == 1;
 }
 
 constexpr std::string_view kRecord = "write product:text,number,number,number,0 or 1, with \";\" between the records";
@@ -102,7 +97,7 @@ private:
     }
 
     void checkRepeated(const ContractEntry& entry) {
-        const bool credit = isCredit(entry);
+        const bool credit = isForCredit(entry);
         const Place place = remarks.placeOf(entry.text);
         const auto [known, isNew] = seen[credit ? 1 : 0].emplace(entry.productId, place);
         if (isNew) return;
@@ -119,11 +114,6 @@ private:
 };
 
 // --- types
-
-bool hasRecord(const ContractCatalogue& catalogue, std::string_view product) {
-    return catalogue.records.count(contractKey(product, false)) > 0 ||
-           catalogue.records.count(contractKey(product, true)) > 0;
-}
 
 struct TypeHome {
     std::string_view product;
@@ -166,19 +156,19 @@ private:
 void checkContracts(EntryRemarks& remarks) {
     remarks.lookForComment(Semicolons::Separate);
     ContractCheck checks(remarks);
-    forEachEntry(remarks.value(), contractEntry, [&checks](const ContractEntry& entry) { checks.check(entry); });
+    forEachEntry(kContracts, remarks.value(), [&checks](const ContractEntry& entry) { checks.check(entry); });
 }
 
 void checkContractTypes(EntryRemarks& remarks, SettingsContext& context) {
     remarks.lookForComment(Semicolons::Separate);
     const ContractCatalogue& catalogue = context.contracts();
     TypeHomes homes;
-    forEachEntry(remarks.value(), pairEntry, [&](const PairEntry& entry) {
+    forEachEntry(kContractTypes, remarks.value(), [&](const PairEntry& entry) {
         const EntryOutcome outcome = contractTypesOutcome(entry, catalogue);
         if (outcome == EntryOutcome::SkippedEmpty) return;
         if (outcome == EntryOutcome::SkippedColons) return checkColons(remarks, entry.text, "write product:type|type");
         if (outcome == EntryOutcome::SkippedNoRecord) {
-            if (hasRecord(catalogue, entry.second)) {
+            if (hasRecord(catalogue.records, entry.second)) {
                 return remarks.wrong(RuleId::TypeWithoutContract, entry.text, [&] {
                     return "is passed over: the product stands in front of its types" +
                            orWrite(fmt::format("{}:{}", entry.second, entry.first), "write it there");
@@ -188,9 +178,9 @@ void checkContractTypes(EntryRemarks& remarks, SettingsContext& context) {
                                  "has no record in algomultcontractsetting, so that its types are passed over; "
                                  "name the product there");
         }
-        const bool stock = catalogue.records.count(contractKey(entry.first, false)) > 0;
-        const bool credit = catalogue.records.count(contractKey(entry.first, true)) > 0;
-        splitKeepEmpty(entry.second, '|', [&](std::string_view type) {
+        const bool stock = hasRecord(catalogue.records, entry.first, false);
+        const bool credit = hasRecord(catalogue.records, entry.first, true);
+        forEachTypeOf(entry, [&](std::string_view type) {
             checkName(remarks, type, ",/", "|");
             if (!type.empty()) homes.check(remarks, type, entry.first, stock, credit);
         });
@@ -201,10 +191,10 @@ void checkHttpProducts(EntryRemarks& remarks, SettingsContext& context) {
     remarks.lookForComment(Semicolons::CommentBeforeWords);
     const ContractCatalogue& catalogue = context.contracts();
     SeenNames seen;
-    splitDropEmpty(remarks.value(), ',', [&](std::string_view product) {
+    forEachEntry(kHttpProducts, remarks.value(), [&](std::string_view product) {
         seen.check(remarks, product);
         if (product.find_first_of(";|") != std::string_view::npos) return checkName(remarks, product, ";|", ",");
-        if (hasRecord(catalogue, product)) return remarks.text(product);
+        if (hasRecord(catalogue.records, product)) return remarks.text(product);
         remarks.wrong(RuleId::HttpProductWithoutContract, product,
                       "has no record in algomultcontractsetting; check the name, letter case counts");
     });
@@ -213,7 +203,7 @@ void checkHttpProducts(EntryRemarks& remarks, SettingsContext& context) {
 void checkPairs(EntryRemarks& remarks) {
     remarks.lookForComment(Semicolons::Separate);
     SeenNames seen;
-    forEachEntry(remarks.value(), pairEntry, [&](const PairEntry& entry) {
+    forEachEntry(kT0Strategies, remarks.value(), [&](const PairEntry& entry) {
         if (entry.outcome == EntryOutcome::SkippedEmpty) return;
         if (!isStored(entry.outcome)) return checkColons(remarks, entry.text, "write strategy:name");
         checkName(remarks, entry.first, ",|", ";");

@@ -25,7 +25,6 @@ namespace ttconfig {
 struct GroupPlace {
     Place place;
     std::uint32_t group;          // counted through all values, from 0
-    std::string_view first;       // the group's first product
     std::string_view countsWith;  // the product whose margin is charged; empty while it is always a first one itself
 };
 

@@ -40,20 +40,16 @@ class GroupCheck {
 public:
     GroupCheck(EntryRemarks& target, SettingsContext& all) : remarks(target), context(all) {}
 
-    void check(std::string_view group) {
+    void check(const GroupEntry& group) {
         const std::uint32_t number = context.groups++;
-        const std::size_t size = fieldCount(group);
-        std::string_view first;
-        bool isFirst = true;
-        splitKeepEmpty(group, ',', [&](std::string_view product) {
-            if (isFirst) first = product;
+        forEachProductOf(group, [&](std::string_view product) {
             checkName(remarks, product, kOtherSigns, ",");
-            if (!product.empty()) enter(product, number, first, isFirst);
-            isFirst = false;
+            if (!product.empty()) enter(product, number, group);
         });
         ++groups;
-        if (size == 1 && !group.empty() && group.find_first_of(kOtherSigns) == std::string_view::npos)
-            alone.push_back(group);
+        const bool isOne = group.first.size() == group.text.size();
+        if (isOne && !group.text.empty() && group.text.find_first_of(kOtherSigns) == std::string_view::npos)
+            alone.push_back(group.text);
     }
 
     // A product alone goes by itself, in a group or not.
@@ -75,8 +71,9 @@ public:
     }
 
 private:
-    void enter(std::string_view product, std::uint32_t number, std::string_view first, bool isFirst) {
-        const GroupPlace here{remarks.placeOf(product), number, first, isFirst ? std::string_view() : first};
+    void enter(std::string_view product, std::uint32_t number, const GroupEntry& group) {
+        const GroupPlace here{remarks.placeOf(product), number,
+                              isFirstOf(group, product) ? std::string_view() : group.first};
         const auto [known, isNew] = context.products.emplace(product, here);
         if (isNew) return;
         GroupPlace& former = known->second;
@@ -177,7 +174,7 @@ public:
                         known->second);
         }
         SeenNames seen;
-        splitKeepEmpty(entry.codes, ',', [&](std::string_view code) {
+        forEachCodeOf(entry, [&](std::string_view code) {
             if (code.find(':') != std::string_view::npos) {
                 return remarks.wrong(RuleId::TooManyColons, code, "is one code; markets are separated by \";\"");
             }
@@ -236,7 +233,7 @@ void checkTag(EntryRemarks& remarks) {
         });
     }
     SeenNames seen;
-    splitKeepEmpty(entry.times, ',', [&](std::string_view time) {
+    forEachTimeOf(entry, [&](std::string_view time) {
         checkName(remarks, time, ";|", ",");
         seen.check(remarks, time);
     });
@@ -250,15 +247,14 @@ void checkProductGroups(EntryRemarks& remarks, SettingsContext& context) {
     remarks.lookForComment(Semicolons::Separate);
     remarks.text(remarks.entry().key);
     GroupCheck groups(remarks, context);
-    splitKeepEmpty(remarks.value(), ';', [&groups](std::string_view group) { groups.check(group); });
+    forEachEntry(kCombinations, remarks.value(), [&groups](const GroupEntry& group) { groups.check(group); });
     groups.end();
 }
 
 void checkMarketCodes(EntryRemarks& remarks, SettingsContext& context) {
     remarks.lookForComment(Semicolons::Separate);
-    if (remarks.value().empty()) return;
     MarketCodesCheck checks(remarks, context.markets);
-    forEachEntry(remarks.value(), marketCodesEntry, [&checks](const MarketCodesEntry& entry) { checks.check(entry); });
+    forEachEntry(kFixedPriceFunds, remarks.value(), [&checks](const MarketCodesEntry& entry) { checks.check(entry); });
 }
 
 void checkFunds(EntryRemarks& remarks, SettingsContext& context) {
@@ -278,7 +274,7 @@ void checkFunds(EntryRemarks& remarks, SettingsContext& context) {
     if (remarks.value().empty()) return;
     const bool isAlone = remarks.value().find(',') == std::string_view::npos;
     SeenNames seen;
-    splitKeepEmpty(remarks.value(), ',', [&](std::string_view fund) {
+    forEachEntry(kLendingFirstFunds, remarks.value(), [&](std::string_view fund) {
         checkFund(remarks, context.markets, fund, isAlone);
         seen.check(remarks, fund);
     });

@@ -10,17 +10,15 @@
 #include <utility>
 
 #include "traderbase/base/config/contractinfo.h"
-#include "traderbase/base/config/internal/products/catalogueentries.h"
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/differences/mergedrows.h"
-#include "ttconfig/tables/cataloguefacts.h"
+#include "ttconfig/tables/entrylists.h"
 
 namespace ttconfig {
 
 namespace {
 
 using namespace ttservice::internal;
-using ttservice::ContractInfo;
 
 const char* accountsOf(bool isCredit) {
     return isCredit ? ", credit accounts" : ", stock accounts";
@@ -28,107 +26,100 @@ const char* accountsOf(bool isCredit) {
 
 // --- algorithm products
 
-const ContractInfo* recordOf(const ContractFacts& facts, const std::string& key) {
-    const auto found = facts.catalogue.records.find(key);
-    return found == facts.catalogue.records.end() ? nullptr : found->second.get();
+using ContractPtr = boost::shared_ptr<ttservice::ContractInfo>;
+
+ContractPtr recordOf(const ContractEntry* entry) {
+    return entry == nullptr ? ContractPtr() : contractRecord(*entry);
 }
 
-Said saidOf(const ContractFacts& facts, const std::string& key, const ContractInfo* record) {
+Said saidOf(const standin::SettingsEntry* row, const ContractEntry* entry, const ContractPtr& record) {
     if (record == nullptr) return {};
     Answer answer = {{"intValue", record->intValue},   {"doubleValue", record->doubleValue},
                      {"longValue", record->longValue}, {"productId", record->productId},
                      {"textValue", record->textValue}, {"isCredit", record->isCredit}};
-    return {std::move(answer), facts.contracts[facts.byKey.at(key)].place};
+    return {std::move(answer), placeInValue(*row, entry->text)};
 }
 
-bool isSameRecord(const ContractInfo* left, const ContractInfo* right) {
+bool isSameRecord(const ContractPtr& left, const ContractPtr& right) {
     if (left == nullptr || right == nullptr) return left == right;
     return left->intValue == right->intValue && isSameNumber(left->doubleValue, right->doubleValue) &&
            left->longValue == right->longValue && left->textValue == right->textValue;
 }
 
-void tellContracts(const ContractFacts& before, const ContractFacts& after, const ChangeSink& tell) {
-    mergeByKey(before.byKey, after.byKey, [&](const std::string& key, const auto* /*old*/, const auto* /*now*/) {
-        const ContractInfo* old = recordOf(before, key);
-        const ContractInfo* now = recordOf(after, key);
-        if (isSameRecord(old, now)) return;
-        const ContractInfo& known = old != nullptr ? *old : *now;
-        tell(changeOf(ChangeTopic::Catalogue, "algorithm product " + known.productId + accountsOf(known.isCredit),
-                      "getContractInfo", saidOf(before, key, old), saidOf(after, key, now)));
-    });
-}
-
 // --- the product of an algorithm type
 
-struct TypeIndex {
-    const ContractCatalogue::Index& productByType;
-    const std::map<std::string, std::size_t>& entryByType;
-    const ContractFacts& facts;
-
-    // Without an entry the answer is an empty product ID.
-    Said of(const std::string& type, const std::string* product) const {
-        if (product == nullptr) return {""};
-        return {*product, facts.types[entryByType.at(type)].place};
-    }
-};
-
-void tellTypes(const TypeIndex& before, const TypeIndex& after, bool isCredit, const ChangeSink& tell) {
-    mergeByKey(before.productByType, after.productByType,
-               [&](const std::string& type, const std::string* old, const std::string* now) {
-                   tellIfChanged(ChangeTopic::Catalogue, "algorithm type " + type + accountsOf(isCredit),
-                                 "getProductIdbyAlgoName", before.of(type, old), after.of(type, now), tell);
-               });
+// Without an entry the answer is an empty product ID.
+Said saidOf(const standin::SettingsEntry* row, const TypeEntry* entry) {
+    if (entry == nullptr) return {""};
+    return {std::string(entry->product), placeInValue(*row, entry->type)};
 }
 
 void tellAlgorithmProducts(const TextPair& texts, const ChangeSink& tell) {
-    if (entriesOf(texts, keys::contracts).sayTheSame() && entriesOf(texts, keys::contractTypes).sayTheSame()) return;
-    const ContractFacts before = contractFacts(texts.before);
-    const ContractFacts after = contractFacts(texts.after);
-    tellContracts(before, after, tell);
-    tellTypes({before.catalogue.stockProductByType, before.stockByType, before},
-              {after.catalogue.stockProductByType, after.stockByType, after}, false, tell);
-    tellTypes({before.catalogue.creditProductByType, before.creditByType, before},
-              {after.catalogue.creditProductByType, after.creditByType, after}, true, tell);
+    const EntryPair contracts = entriesOf(texts, keys::contracts);
+    const EntryPair types = entriesOf(texts, keys::contractTypes);
+    if (contracts.sayTheSame() && types.sayTheSame()) return;
+    const ContractEntries before = contractEntries(contracts.oldValue());
+    const ContractEntries after = contractEntries(contracts.newValue());
+    mergeByKey(before, after, [&](std::string_view /*key*/, const ContractEntry* oldEntry, const ContractEntry* entry) {
+        const ContractPtr old = recordOf(oldEntry);
+        const ContractPtr now = recordOf(entry);
+        if (isSameRecord(old, now)) return;
+        const ttservice::ContractInfo& known = old != nullptr ? *old : *now;
+        tell(changeOf(ChangeTopic::Catalogue, "algorithm product " + known.productId + accountsOf(known.isCredit),
+                      "getContractInfo", saidOf(contracts.before, oldEntry, old), saidOf(contracts.after, entry, now)));
+    });
+    const TypeEntries oldTypes = typeEntries(types.oldValue(), before);
+    const TypeEntries newTypes = typeEntries(types.newValue(), after);
+    for (const bool isCredit : {false, true}) {
+        const std::size_t kind = isCredit ? 1 : 0;
+        mergeByKey(
+            oldTypes[kind], newTypes[kind], [&](std::string_view type, const TypeEntry* old, const TypeEntry* now) {
+                tellIfChanged(ChangeTopic::Catalogue,
+                              std::string("algorithm type ").append(type) + accountsOf(isCredit),
+                              "getProductIdbyAlgoName", saidOf(types.before, old), saidOf(types.after, now), tell);
+            });
+    }
 }
 
 // --- lists
 
 using Texts = std::set<std::string_view>;
 
+using Places = std::map<std::string_view, Place>;
+
+Places httpProducts(const standin::SettingsEntry* entry) {
+    Places ids;
+    forEachEntry(kHttpProducts, valueOf(entry),
+                 [&](std::string_view id) { enter(kHttpProducts, ids, id, placeInValue(*entry, id)); });
+    return ids;
+}
+
 void tellHttpProducts(const TextPair& texts, const ChangeSink& tell) {
     const EntryPair entries = entriesOf(texts, keys::httpProductIds);
     if (entries.sayTheSame()) return;
-    std::map<std::string_view, Place> before;
-    std::map<std::string_view, Place> after;
-    const auto enter = [](const standin::SettingsEntry* entry, std::map<std::string_view, Place>& ids) {
-        if (entry == nullptr) return;
-        splitDropEmpty(entry->value, ',', [&](std::string_view id) { ids.emplace(id, placeInValue(*entry, id)); });
-    };
-    enter(entries.before, before);
-    enter(entries.after, after);
-    mergeByKey(before, after, [&](std::string_view id, const Place* old, const Place* now) {
-        tellIfChanged(ChangeTopic::Catalogue, "algorithm product " + std::string(id), "isHttpProductID",
-                      {old != nullptr, old != nullptr ? *old : entries.oldPlace()},
-                      {now != nullptr, now != nullptr ? *now : entries.newPlace()}, tell);
-    });
+    mergeByKey(httpProducts(entries.before), httpProducts(entries.after),
+               [&](std::string_view id, const Place* old, const Place* now) {
+                   tellIfChanged(ChangeTopic::Catalogue, "algorithm product " + std::string(id), "isHttpProductID",
+                                 {old != nullptr, old != nullptr ? *old : entries.oldPlace()},
+                                 {now != nullptr, now != nullptr ? *now : entries.newPlace()}, tell);
+               });
 }
 
 // The list that the operation answers.
 using ListGrammar = Answer (*)(std::string_view value);
 
-template <char Separator>
+template <const EntryList<std::string_view>& List>
 Answer textSet(std::string_view value) {
     Texts texts;
-    if (!value.empty()) splitKeepEmpty(value, Separator, [&texts](std::string_view text) { texts.insert(text); });
+    forEachEntry(List, value, [&texts](std::string_view text) { texts.insert(text); });
     return Answer(std::vector<std::string>(texts.begin(), texts.end()));
 }
 
 Answer pairList(std::string_view value) {
     Answer pairs = Answer::array();
-    forEachEntry(value, pairEntry, [&pairs](const PairEntry& entry) {
-        if (isStored(entry.outcome)) {
-            pairs.push_back(Answer::array({std::string(entry.first), std::string(entry.second)}));
-        }
+    forEachEntry(kT0Strategies, value, [&pairs](const PairEntry& entry) {
+        if (!isStored(entry.outcome)) return;
+        pairs.push_back(Answer::array({std::string(entry.first), std::string(entry.second)}));
     });
     return pairs;
 }
@@ -138,10 +129,8 @@ Answer brokerTag(std::string_view value) {
 }
 
 Answer brokerTimes(std::string_view value) {
-    const TagEntry entry = tagEntry(value);
     Answer times = Answer::array();
-    if (!isStored(entry.outcome)) return times;
-    splitKeepEmpty(entry.times, ',', [&times](std::string_view time) { times.push_back(std::string(time)); });
+    forEachTimeOf(tagEntry(value), [&times](std::string_view time) { times.push_back(std::string(time)); });
     return times;
 }
 
@@ -156,18 +145,19 @@ void tellList(const TextPair& texts, const SettingKey& key, const char* question
 
 // --- funds with a fixed price
 
-// The piece that counts for each market: its last.
-std::map<std::string_view, std::string_view> codesByMarket(const standin::SettingsEntry* entry) {
-    std::map<std::string_view, std::string_view> codes;
-    if (entry == nullptr || entry->value.empty()) return codes;
-    forEachEntry(entry->value, marketCodesEntry,
-                 [&codes](const MarketCodesEntry& piece) { codes[piece.market] = piece.codes; });
-    return codes;
+// The entry that counts for each market.
+using Markets = std::map<std::string_view, MarketCodesEntry>;
+
+Markets marketsOf(std::string_view value) {
+    Markets markets;
+    forEachEntry(kFixedPriceFunds, value,
+                 [&markets](const MarketCodesEntry& entry) { enter(kFixedPriceFunds, markets, entry.market, entry); });
+    return markets;
 }
 
-Texts codesIn(const std::string_view* list) {
+Texts codesOf(const MarketCodesEntry* entry) {
     Texts texts;
-    if (list != nullptr) splitKeepEmpty(*list, ',', [&texts](std::string_view code) { texts.insert(code); });
+    if (entry != nullptr) forEachCodeOf(*entry, [&texts](std::string_view code) { texts.insert(code); });
     return texts;
 }
 
@@ -182,8 +172,8 @@ void tellCatalogueChanges(const TextPair& texts, const ChangeSink& tell) {
     tellAlgorithmProducts(texts, tell);
     tellHttpProducts(texts, tell);
     tellList(texts, keys::t0Strategies, "getT0Strategy", pairList, tell);
-    tellList(texts, keys::algoTypes, "getAlgoTypes", textSet<';'>, tell);
-    tellList(texts, keys::buySellHideAlgoTypes, "getBuySellHideAlgoTypes", textSet<','>, tell);
+    tellList(texts, keys::algoTypes, "getAlgoTypes", textSet<kAlgorithmTypes>, tell);
+    tellList(texts, keys::buySellHideAlgoTypes, "getBuySellHideAlgoTypes", textSet<kBuySellHideTypes>, tell);
     tellList(texts, keys::etfBrokerClient, "getETFBrokerCLientTag", brokerTag, tell);
     tellList(texts, keys::etfBrokerClient, "getETFBrokerCLientQueryTimes", brokerTimes, tell);
 }
@@ -191,9 +181,9 @@ void tellCatalogueChanges(const TextPair& texts, const ChangeSink& tell) {
 void tellFundChanges(const TextPair& texts, const ChangeSink& tell) {
     const EntryPair entries = entriesOf(texts, keys::fixedPriceFunds);
     if (entries.sayTheSame()) return;
-    mergeByKey(codesByMarket(entries.before), codesByMarket(entries.after),
-               [&](std::string_view market, const std::string_view* oldCodes, const std::string_view* newCodes) {
-                   mergeRows(codesIn(oldCodes), codesIn(newCodes), std::less<>(),
+    mergeByKey(marketsOf(entries.oldValue()), marketsOf(entries.newValue()),
+               [&](std::string_view market, const MarketCodesEntry* oldEntry, const MarketCodesEntry* newEntry) {
+                   mergeRows(codesOf(oldEntry), codesOf(newEntry), std::less<>(),
                              [&](std::string_view code, const std::string_view* old, const std::string_view* now) {
                                  tellIfChanged(ChangeTopic::Fund, std::string(market).append("-").append(code),
                                                "isNeedFixPriceByNonTradeMonetaryFund", fixedPrice(entries.before, old),

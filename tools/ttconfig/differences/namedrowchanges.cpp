@@ -7,7 +7,7 @@
 
 #include "traderbase/base/config/internal/limits/fixedincome.h"
 #include "traderbase/base/config/internal/limits/limitrows.h"
-#include "traderbase/base/config/internal/products/producttables.h"
+#include "traderbase/base/config/internal/products/catalogueentries.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/differences/mergedrows.h"
@@ -104,10 +104,12 @@ std::vector<Grouped> groupedProducts(const SettingsText& text) {
     if (section == nullptr) return grouped;
     for (const SettingsEntry& entry : section->entries) {
         if (entry.repeated) continue;
-        for (const auto& group : productGroups(entry.value)) {
-            for (std::size_t i = 1; i < group.size(); ++i)
-                grouped.push_back({group[i], group.front(), placeInValue(entry, group[i])});
-        }
+        forEachEntry(kCombinations, entry.value, [&](const GroupEntry& group) {
+            forEachProductOf(group, [&](std::string_view product) {
+                if (isFirstOf(group, product)) return;
+                grouped.push_back({product, group.first, placeInValue(entry, product)});
+            });
+        });
     }
     keepFirstOfEqual(grouped, lessProduct);
     return grouped;

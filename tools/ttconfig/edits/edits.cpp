@@ -75,6 +75,10 @@ std::vector<std::string> addedLines(std::string_view added) {
 
 }  // namespace
 
+std::string withPiece(std::string_view value, char separator, std::string_view piece) {
+    return std::string(value).append(value.empty() ? 0 : 1, separator).append(piece);
+}
+
 std::string editedText(const SettingsText& text, const Edit& edit) {
     const std::string_view bytes = text.bytes();
     std::string edited;
@@ -114,6 +118,11 @@ void Edits::setValue(std::string_view section, std::string_view key, std::string
     } else {
         addLast(section, key, value);
     }
+}
+
+void Edits::addPiece(const ttservice::internal::SettingKey& key, char separator, std::string_view piece) {
+    const SettingsEntry* entry = text.findEntry(key.section, key.key);
+    setValue(key, withPiece(entry == nullptr ? std::string_view() : entry->value, separator, piece));
 }
 
 void Edits::replacePiece(const SettingsEntry& entry, std::string_view piece, std::string_view by) {

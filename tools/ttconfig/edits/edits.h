@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "traderbase/base/config/internal/keys/settingkeys.h"
+#include "traderbase/base/config/internal/text/splitting.h"
 
 namespace ttconfig {
 
@@ -39,6 +40,28 @@ struct EditLines {
 };
 EditLines linesOf(const standin::SettingsText& text, const Edit& edit);
 
+// The value with a piece appended.
+std::string withPiece(std::string_view value, char separator, std::string_view piece);
+
+// The pieces with a separator between each two.
+template <typename Text>
+std::string joined(const std::vector<Text>& pieces, char separator) {
+    std::string text;
+    for (std::size_t i = 0; i < pieces.size(); ++i)
+        text.append(i == 0 ? 0 : 1, separator).append(pieces[i]);
+    return text;
+}
+
+// The value without the pieces for which the predicate is true.
+template <typename Predicate>
+std::string withoutPieces(std::string_view value, char separator, Predicate&& isOut) {
+    std::vector<std::string_view> kept;
+    ttservice::internal::splitKeepEmpty(value, separator, [&](std::string_view piece) {
+        if (!isOut(piece)) kept.push_back(piece);
+    });
+    return joined(kept, separator);
+}
+
 // Collects edits of one line each that might change an answer, of each kind up to a number that nobody wants to see
 // tried out. Nothing is tried out here.
 class Edits {
@@ -50,6 +73,9 @@ public:
     void setValue(const standin::SettingsEntry& entry, std::string_view value);
     void setValue(const ttservice::internal::SettingKey& key, std::string_view value);
     void setValue(std::string_view section, std::string_view key, std::string_view value);
+
+    // Appends a piece to the key's value.
+    void addPiece(const ttservice::internal::SettingKey& key, char separator, std::string_view piece);
 
     // A piece of the entry's value.
     void replacePiece(const standin::SettingsEntry& entry, std::string_view piece, std::string_view by);

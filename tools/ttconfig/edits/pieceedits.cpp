@@ -243,6 +243,18 @@ Texts PieceEdits::values(bool keepsOthers) const {
 
 }  // namespace
 
+WantedPieces wantedTexts(std::vector<std::string> texts, char separator, WantedPieces::Order order) {
+    WantedPieces wanted;
+    wanted.separator = separator;
+    wanted.order = order;
+    wanted.count = texts.size();
+    wanted.counts = [](std::string_view) { return true; };
+    wanted.says = [texts](std::size_t number, std::string_view piece) { return piece == texts[number]; };
+    if (order == WantedPieces::Order::LastOfName) wanted.names = wanted.says;
+    wanted.written = [texts = std::move(texts)](std::size_t number, std::string_view) { return texts[number]; };
+    return wanted;
+}
+
 std::string wholeValue(const WantedPieces& wanted) {
     std::string text;
     for (std::size_t i = 0; i < wanted.count; ++i) {

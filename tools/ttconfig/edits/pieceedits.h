@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ttconfig/edits/edits.h"
 
@@ -33,6 +34,9 @@ struct WantedPieces {
     std::string_view others{};  // and one that takes out pieces that do not count; empty when they say nothing
 };
 
+// Pieces that have to be exactly these texts.
+WantedPieces wantedTexts(std::vector<std::string> texts, char separator, WantedPieces::Order order);
+
 // The value that says it all, written anew.
 std::string wholeValue(const WantedPieces& wanted);
 
@@ -47,5 +51,9 @@ void suggestPieces(const standin::SettingsEntry& entry, std::string_view value, 
 // The same for the value of a key; its line is added where there is none, and a line in front of it is tried as well.
 void suggestPieces(const standin::SettingsText& text, std::string_view section, std::string_view key,
                    const WantedPieces& wanted, Edits& edits);
+inline void suggestPieces(const standin::SettingsText& text, const ttservice::internal::SettingKey& key,
+                          const WantedPieces& wanted, Edits& edits) {
+    suggestPieces(text, key.section, key.key, wanted, edits);
+}
 
 }  // namespace ttconfig

@@ -17,13 +17,11 @@
 
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/keys/keyreading.h"
-#include "traderbase/base/config/internal/products/catalogueentries.h"
-#include "traderbase/base/config/internal/products/contractcatalogue.h"
 #include "traderbase/base/config/internal/products/producttables.h"
-#include "traderbase/base/config/internal/text/splitting.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/settings/quietload.h"
 #include "ttconfig/settings/startup.h"
+#include "ttconfig/tables/entrylists.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/table.h"
 
@@ -70,10 +68,8 @@ void addNew(std::string_view name, std::vector<std::string>& names) {
 // Every algorithm type that the file names anywhere: those of the products first, in file order.
 std::vector<std::string> algorithmTypesOf(const Sources& from) {
     std::vector<std::string> types;
-    forEachEntry(readText(from.file, keys::contractTypes), pairEntry, [&types](const PairEntry& entry) {
-        if (!isStored(entry.outcome)) return;
-        splitKeepEmpty(entry.second, '|', [&types](std::string_view type) { addNew(type, types); });
-    });
+    forEachType(readText(from.file, keys::contractTypes),
+                [&types](const PairEntry& /*entry*/, std::string_view type) { addNew(type, types); });
     for (const std::string& type : from.store.getAlgoTypes())
         addNew(type, types);
     for (const std::string& type : from.store.getBuySellHideAlgoTypes())
@@ -98,8 +94,8 @@ Table algorithmTypesTable(const Sources& from) {
 
 Table httpProductsTable(const Sources& from) {
     Table table{"httpProducts", "Products served over HTTP", {"productId"}, {}};
-    splitDropEmpty(readText(from.file, keys::httpProductIds), ',',
-                   [&table](std::string_view id) { table.rows.push_back({std::string(id)}); });
+    forEachEntry(kHttpProducts, readText(from.file, keys::httpProductIds),
+                 [&table](std::string_view id) { table.rows.push_back({std::string(id)}); });
     return table;
 }
 
@@ -133,13 +129,13 @@ Table combinationsTable(const Sources& from) {
     std::size_t number = 0;
     for (const std::string& exchange : from.file.getProperties(section)) {
         const std::string value = from.file.read(section, exchange);
-        for (const std::vector<std::string_view>& group : productGroups(value)) {
+        forEachEntry(kCombinations, value, [&](const GroupEntry& group) {
             ++number;
-            for (const std::string_view product : group) {
+            forEachProductOf(group, [&](std::string_view product) {
                 table.rows.push_back({exchange, number, std::string(product),
                                       from.store.getSingleMarginProductName(std::string(product))});
-            }
-        }
+            });
+        });
     }
     return table;
 }
@@ -187,21 +183,22 @@ void addOdd(const SettingKey& row, const Entry& entry, EntryOutcome outcome, Tab
     table.rows.push_back({std::string(row.key), std::string(entry.text), std::string(describe(outcome))});
 }
 
-template <typename Grammar>
-void addOddEntries(const SettingKey& row, const Configuration& file, Grammar grammar, Table& table) {
-    forEachEntry(readText(file, row), grammar, [&](const auto& entry) { addOdd(row, entry, entry.outcome, table); });
+template <typename Entry>
+void addOddEntries(const EntryList<Entry>& list, const Configuration& file, Table& table) {
+    forEachEntry(list, readText(file, list.key),
+                 [&](const Entry& entry) { addOdd(list.key, entry, entry.outcome, table); });
 }
 
 Table oddEntriesTable(const Sources& from) {
     Table table{"oddEntries", "Entries that do not count as they are written", {"key", "entry", "outcome"}, {}};
-    addOddEntries(keys::contracts, from.file, contractEntry, table);
+    addOddEntries(kContracts, from.file, table);
     ContractCatalogue catalogue;
     enterContracts(readText(from.file, keys::contracts), catalogue);
-    forEachEntry(readText(from.file, keys::contractTypes), pairEntry, [&](const PairEntry& entry) {
+    forEachEntry(kContractTypes, readText(from.file, keys::contractTypes), [&](const PairEntry& entry) {
         addOdd(keys::contractTypes, entry, contractTypesOutcome(entry, catalogue), table);
     });
-    addOddEntries(keys::t0Strategies, from.file, pairEntry, table);
-    addOddEntries(keys::fixedPriceFunds, from.file, marketCodesEntry, table);
+    addOddEntries(kT0Strategies, from.file, table);
+    addOddEntries(kFixedPriceFunds, from.file, table);
     const std::string tag = readText(from.file, keys::etfBrokerClient);
     const TagEntry entry = tagEntry(tag);
     addOdd(keys::etfBrokerClient, entry, entry.outcome, table);

@@ -5,10 +5,10 @@
 
 #include "ttconfig/reasons/contractedits.h"
 
-#include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/edits/fieldtexts.h"
 #include "ttconfig/edits/pieceedits.h"
 #include "ttconfig/reasons/telling.h"
+#include "ttconfig/tables/entrylists.h"
 #include "ttconfig/text/answertext.h"
 
 namespace ttconfig {
@@ -17,13 +17,6 @@ namespace {
 
 namespace internal = ttservice::internal;
 namespace keys = ttservice::internal::keys;
-
-std::string joined(const std::vector<std::string>& pieces, const char* separator) {
-    std::string text;
-    for (std::size_t i = 0; i < pieces.size(); ++i)
-        text += (i == 0 ? "" : separator) + pieces[i];
-    return text;
-}
 
 // --- records
 
@@ -56,7 +49,7 @@ struct WantedContract {
 
 bool namesContract(const WantedContract& contract, const internal::ContractEntry& entry) {
     return internal::isStored(entry.outcome) && entry.productId == contract.productId &&
-           isForCredit(entry) == contract.isCredit;
+           internal::isForCredit(entry) == contract.isCredit;
 }
 
 bool isSaid(const WantedContract& contract, const internal::ContractEntry& entry) {
@@ -76,7 +69,8 @@ std::string writtenContract(const WantedContract& contract, std::string_view old
     std::string text = std::move(bare);
     for (std::size_t i = 0; i < kCreditField; ++i)
         text += writtenLike(entry.fields[i], kContractFields[i].kind, contract.fields[i]) + ",";
-    const bool staysCredit = entry.outcome == internal::EntryOutcome::Stored && isForCredit(entry) == contract.isCredit;
+    const bool staysCredit =
+        entry.outcome == internal::EntryOutcome::Stored && internal::isForCredit(entry) == contract.isCredit;
     return text + (staysCredit ? std::string(entry.fields[kCreditField]) : contract.isCredit ? "1" : "0");
 }
 
@@ -84,7 +78,7 @@ std::string writtenContract(const WantedContract& contract, std::string_view old
 WantedPieces wantedContracts(std::vector<WantedContract> contracts,
                              std::function<bool(const internal::ContractEntry&)> counts) {
     WantedPieces wanted;
-    wanted.separator = ';';
+    wanted.separator = internal::kContracts.separator;
     wanted.order = WantedPieces::Order::LastOfName;
     wanted.count = contracts.size();
     wanted.counts = [counts](std::string_view piece) {
@@ -104,10 +98,6 @@ WantedPieces wantedContracts(std::vector<WantedContract> contracts,
     return wanted;
 }
 
-void suggestContractPieces(const Question& question, const WantedPieces& wanted, Edits& edits) {
-    suggestPieces(question.settings(), keys::contracts.section, keys::contracts.key, wanted, edits);
-}
-
 // Records of a list, or of an object by their keys.
 std::vector<WantedContract> contractsIn(const Answer& records) {
     std::vector<WantedContract> contracts;
@@ -118,10 +108,6 @@ std::vector<WantedContract> contractsIn(const Answer& records) {
     return contracts;
 }
 
-bool isEvery(const internal::ContractEntry& /*entry*/) {
-    return true;
-}
-
 void suggestContracts(const Question& question, const Wanted& wanted,
                       const std::function<bool(const internal::ContractEntry&)>& counts, Edits& edits) {
     const Answer records = wanted.structure();
@@ -129,40 +115,33 @@ void suggestContracts(const Question& question, const Wanted& wanted,
     // One record of a list, or the list itself.
     const std::vector<WantedContract> contracts = contractsIn(records);
     if (contracts.size() != records.size()) return;
-    suggestContractPieces(question, wantedContracts(contracts, counts), edits);
+    suggestPieces(question.settings(), keys::contracts, wantedContracts(contracts, counts), edits);
 }
 
 // --- types
 
-void suggestAppended(const Question& question, const internal::SettingKey& key, const std::string& entry,
-                     Edits& edits) {
-    const standin::SettingsEntry* row = entryOf(question, key);
-    const bool isAlone = row == nullptr || row->value.empty();
-    edits.setValue(key, isAlone ? entry : std::string(row->value) + ";" + entry);
-}
-
 // A product that types name and that has no record.
-void suggestKnown(const Question& question, const std::string& productId, bool isCredit, Edits& edits) {
+void suggestKnown(const std::string& productId, bool isCredit, Edits& edits) {
     edits.reaching("the products themselves");
-    suggestAppended(question, keys::contracts, productId + (isCredit ? ":,,,,1" : ":"), edits);
+    edits.addPiece(keys::contracts, internal::kContracts.separator, productId + (isCredit ? ":,,,,1" : ":"));
     edits.reaching("the type for the other kind of account");
 }
 
 // The value without the type in any entry.
 std::string valueWithoutType(std::string_view value, std::string_view type) {
     std::vector<std::string> entries;
-    internal::forEachEntry(value, internal::pairEntry, [&](const internal::PairEntry& entry) {
+    internal::forEachEntry(internal::kContractTypes, value, [&](const internal::PairEntry& entry) {
+        std::vector<std::string_view> types;
+        internal::forEachTypeOf(entry, [&](std::string_view each) {
+            if (each != type) types.push_back(each);
+        });
         if (!internal::isStored(entry.outcome)) {
             entries.emplace_back(entry.text);
-            return;
+        } else if (!types.empty()) {
+            entries.push_back(std::string(entry.first) + ":" + joined(types, '|'));
         }
-        std::vector<std::string> types;
-        internal::splitKeepEmpty(entry.second, '|', [&](std::string_view each) {
-            if (each != type) types.emplace_back(each);
-        });
-        if (!types.empty()) entries.push_back(std::string(entry.first) + ":" + joined(types, "|"));
     });
-    return joined(entries, ";");
+    return joined(entries, internal::kContractTypes.separator);
 }
 
 }  // namespace
@@ -171,23 +150,24 @@ void suggestContract(const Question& question, const Wanted& wanted, Edits& edit
     const std::string& productId = question.text(0);
     const bool isCredit = question.flag(1);
     const auto isAsked = [productId, isCredit](const internal::ContractEntry& entry) {
-        return entry.productId == productId && isForCredit(entry) == isCredit;
+        return entry.productId == productId && internal::isForCredit(entry) == isCredit;
     };
     std::vector<WantedContract> contracts;
     const Answer record = wanted.structure();
     if (!wanted.isNone() && !record.is_object()) return;
     if (record.is_object()) contracts.emplace_back(record, productId, isCredit);
-    suggestContractPieces(question, wantedContracts(contracts, isAsked), edits);
+    suggestPieces(question.settings(), keys::contracts, wantedContracts(contracts, isAsked), edits);
 }
 
 void suggestContractsOf(const Question& question, const Wanted& wanted, Edits& edits) {
     const bool isCredit = question.number(0) == kCreditAccount;
     suggestContracts(
-        question, wanted, [isCredit](const auto& entry) { return isForCredit(entry) == isCredit; }, edits);
+        question, wanted, [isCredit](const auto& entry) { return internal::isForCredit(entry) == isCredit; }, edits);
 }
 
 void suggestAllContracts(const Question& question, const Wanted& wanted, Edits& edits) {
-    suggestContracts(question, wanted, isEvery, edits);
+    suggestContracts(
+        question, wanted, [](const auto& /*entry*/) { return true; }, edits);
 }
 
 void suggestProductOfType(const Question& question, const Wanted& wanted, Edits& edits) {
@@ -202,14 +182,14 @@ void suggestProductOfType(const Question& question, const Wanted& wanted, Edits&
         edits.addFirst(keys::contractTypes.section, keys::contractTypes.key, "");
         return;
     }
-    suggestAppended(question, keys::contractTypes, wanted.text() + ":" + type, edits);
-    suggestKnown(question, wanted.text(), question.flag(1), edits);
+    edits.addPiece(keys::contractTypes, internal::kContractTypes.separator, wanted.text() + ":" + type);
+    suggestKnown(wanted.text(), question.flag(1), edits);
     if (row == nullptr) return;
-    internal::forEachEntry(row->value, internal::pairEntry, [&](const internal::PairEntry& entry) {
+    internal::forEachEntry(internal::kContractTypes, row->value, [&](const internal::PairEntry& entry) {
         if (!internal::isStored(entry.outcome) || entry.first != wanted.text()) return;
         edits.replacePiece(*row, entry.text, std::string(entry.text) + "|" + type);
     });
-    forEachType(*row, [&](const internal::PairEntry& entry, std::string_view each) {
+    forEachType(row->value, [&](const internal::PairEntry& entry, std::string_view each) {
         if (each == type) edits.replacePiece(*row, entry.first, wanted.text());
     });
 }

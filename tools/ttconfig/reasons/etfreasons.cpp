@@ -32,19 +32,13 @@ struct EtfClient {
 template <typename Value>
 Explanation byClient(const Question& question, const EtfClient& client, const Value& value, Reason reason,
                      const std::string& rule, std::string_view piece) {
-    if (client.row == nullptr) {
-        return decided(value, Reason::KeyAbsent, "there is no key " + nameOf(etfBrokerClient));
-    }
-    Explanation explanation;
-    if (client.isSet()) {
-        explanation = decided(value, reason, rule, placeInValue(*client.row, piece));
-    } else {
-        explanation = decided(value, Reason::ConstructedValue, "no load has set it");
-        lose(explanation, {Reason::FileValue, nameOf(etfBrokerClient), valuePlace(*client.row),
+    return explainedByKey(question, etfBrokerClient, value, [&](const standin::SettingsEntry& row) {
+        if (client.isSet()) return decided(value, reason, rule, placeInValue(row, piece));
+        Explanation explanation = decided(value, Reason::ConstructedValue, "no load has set it");
+        lose(explanation, {Reason::FileValue, nameOf(etfBrokerClient), valuePlace(row),
                            std::string(internal::describe(client.entry.outcome))});
-    }
-    addRepeats(question, etfBrokerClient, explanation);
-    return explanation;
+        return explanation;
+    });
 }
 
 Explanation explainTag(const Question& question) {
@@ -56,9 +50,7 @@ Explanation explainTag(const Question& question) {
 Explanation explainTimes(const Question& question) {
     const EtfClient client(question);
     std::vector<std::string> times;
-    if (client.isSet()) {
-        internal::splitKeepEmpty(client.entry.times, ',', [&](std::string_view time) { times.emplace_back(time); });
-    }
+    internal::forEachTimeOf(client.entry, [&times](std::string_view time) { times.emplace_back(time); });
     return byClient(question, client, times, Reason::FileValue,
                     nameOf(etfBrokerClient) + ", what stands behind the first \":\"", client.entry.times);
 }
@@ -92,12 +84,8 @@ void suggestTag(const Question& question, const Wanted& wanted, Edits& edits) {
 
 void suggestTimes(const Question& question, const Wanted& wanted, Edits& edits) {
     const std::vector<std::string> times = wanted.items();
-    WantedPieces pieces;
-    pieces.count = times.size();
+    WantedPieces pieces = wantedTexts(times, ',', WantedPieces::Order::AsWritten);
     pieces.emptyIsOnePiece = true;
-    pieces.counts = [](std::string_view) { return true; };
-    pieces.says = [times](std::size_t number, std::string_view piece) { return piece == times[number]; };
-    pieces.written = [times](std::size_t number, std::string_view) { return times[number]; };
     const EtfClient client(question);
     if (client.isSet()) suggestPieces(*client.row, client.entry.times, pieces, edits);
     edits.reaching("the tag");

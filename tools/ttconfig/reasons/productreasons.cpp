@@ -12,6 +12,7 @@
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/reasons/explainedcalls.h"
 #include "ttconfig/reasons/telling.h"
+#include "ttconfig/tables/entrylists.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -20,6 +21,7 @@ namespace {
 
 namespace internal = ttservice::internal;
 namespace keys = ttservice::internal::keys;
+using internal::GroupEntry;
 using standin::SettingsEntry;
 using standin::SettingsSection;
 
@@ -29,22 +31,7 @@ std::string sectionName(const internal::SettingKey& topic) {
     return "[" + std::string(topic.section) + "]";
 }
 
-std::string joined(const std::vector<std::string_view>& pieces, char separator) {
-    std::string text;
-    for (std::size_t i = 0; i < pieces.size(); ++i)
-        text.append(i == 0 ? "" : std::string(1, separator)).append(pieces[i]);
-    return text;
-}
-
 // --- combinations
-
-using Group = std::vector<std::string_view>;
-
-// Hands each group of the value to the sink. A value of a million groups is gone through, and not held.
-template <typename Sink>
-void forEachGroup(std::string_view value, Sink&& sink) {
-    internal::splitKeepEmpty(value, ';', [&](std::string_view text) { sink(internal::productGroups(text).front()); });
-}
 
 // The first product of the first group in which the product is not the first; later ones that name it do not count.
 Explanation explainCombination(const Question& question) {
@@ -60,24 +47,23 @@ Explanation explainCombination(const Question& question) {
         "no group of " + sectionName(keys::combinations) + " has " + what + " behind another one: it goes by itself",
         Place{header.line, header.column});
     for (const SettingsEntry& row : section->entries) {
-        forEachGroup(row.value, [&](const Group& group) {
-            for (std::size_t i = 0; i < group.size(); ++i) {
-                if (group[i] != product) continue;
-                if (!row.repeated && i > 0 && explanation.reason == Reason::NotListed) {
-                    Explanation listed = decided(std::string(group.front()), Reason::Row,
-                                                 nameOf(keys::combinations.section, row.key) + " has a group with " +
-                                                     what + " behind " + shownText(group.front()),
-                                                 placeInValue(row, group[i]));
-                    listed.lost = std::move(explanation.lost);
-                    listed.furtherLost = explanation.furtherLost;
-                    explanation = std::move(listed);
-                    continue;
+        internal::forEachEntry(internal::kCombinations, row.value, [&](const GroupEntry& group) {
+            internal::forEachProductOf(group, [&](std::string_view each) {
+                if (each != product) return;
+                const bool isFirst = internal::isFirstOf(group, each);
+                if (!row.repeated && !isFirst && explanation.reason == Reason::NotListed) {
+                    explanation.answer = answerOf(std::string(group.first));
+                    explanation.reason = Reason::Row;
+                    explanation.rule = nameOf(keys::combinations.section, row.key) + " has a group with " + what +
+                                       " behind " + shownText(group.first);
+                    explanation.place = placeInValue(row, each);
+                    return;
                 }
-                lose(explanation, {Reason::Row, what, placeInValue(row, group[i]),
+                lose(explanation, {Reason::Row, what, placeInValue(row, each),
                                    row.repeated ? "of a repeated key the first value counts"
-                                   : i == 0     ? "is the first of its group"
+                                   : isFirst    ? "is the first of its group"
                                                 : "an earlier group has it"});
-            }
+            });
         });
     }
     return explanation;
@@ -86,23 +72,23 @@ Explanation explainCombination(const Question& question) {
 // The value without the product behind the first of any group.
 std::string valueWithoutMember(std::string_view value, std::string_view product) {
     std::string text;
-    forEachGroup(value, [&](const Group& group) {
-        Group kept;
-        for (std::size_t i = 0; i < group.size(); ++i) {
-            if (i == 0 || group[i] != product) kept.push_back(group[i]);
-        }
-        text += (text.empty() ? "" : ";") + joined(kept, ',');
+    internal::forEachEntry(internal::kCombinations, value, [&](const GroupEntry& group) {
+        text.append(text.empty() ? 0 : 1, internal::kCombinations.separator);
+        text += withoutPieces(group.text, ',', [&](std::string_view each) {
+            return !internal::isFirstOf(group, each) && each == product;
+        });
     });
     return text;
 }
 
 void suggestGroups(const SettingsEntry& row, const std::string& product, const std::string& first, Edits& edits) {
-    forEachGroup(row.value, [&](const Group& group) {
-        const std::string_view last = group.back();
-        if (group.front() == first) edits.replacePiece(row, last, std::string(last) + "," + product);
-        if (group.size() < 2 || group[1] != product) return;
+    internal::forEachEntry(internal::kCombinations, row.value, [&](const GroupEntry& group) {
+        const std::vector<std::string_view> products = internal::pieces(group.text, ',');
+        const std::string_view last = products.back();
+        if (group.first == first) edits.replacePiece(row, last, std::string(last) + "," + product);
+        if (products.size() < 2 || products[1] != product) return;
         edits.reaching("every other product of the group");
-        edits.replacePiece(row, group.front(), first);
+        edits.replacePiece(row, group.first, first);
         edits.reaching({});
     });
     if (row.value.empty()) edits.setValue(row, first + "," + product);
@@ -113,7 +99,7 @@ void suggestGroups(const SettingsEntry& row, const std::string& product, const s
 void suggestCombination(const Question& question, const Wanted& wanted, Edits& edits) {
     const std::string& product = question.text(0);
     const SettingsSection* section = question.settings().findSection(keys::combinations.section);
-    if (section == nullptr) {
+    if (section == nullptr || section->entries.empty()) {
         edits.addLast(keys::combinations.section, product, wanted.text() + "," + product);
         return;
     }
@@ -128,7 +114,6 @@ void suggestCombination(const Question& question, const Wanted& wanted, Edits& e
             suggestGroups(row, product, wanted.text(), edits);
         }
     }
-    if (section->entries.empty()) edits.addLast(keys::combinations.section, product, wanted.text() + "," + product);
 }
 
 // --- funds that are paid from the lending balance first
@@ -150,15 +135,11 @@ Explanation byFundList(const Question& question, const SettingsEntry& row) {
     const std::string fund = market + code;
     const std::string name = nameOf(keys::sloBalanceFirstFunds.section, row.key);
     Explanation explanation;
-    std::optional<Place> place;
-    internal::splitKeepEmpty(row.value, ',', [&](std::string_view piece) {
-        if (piece == fund && !place) place = placeInValue(row, piece);
-    });
-    // A list of several entries is not for all funds, and may be too long to be held.
-    const bool isOneEntry = row.value.find(',') == std::string_view::npos;
-    const bool isForAll = isOneEntry && internal::listsAllFunds(internal::fundList(row.value));
-    if (place) {
-        explanation = decided(true, Reason::Listed, name + " lists " + shownText(fund), place);
+    const auto listed = countingEntry(internal::kLendingFirstFunds, row.value,
+                                      [&fund](std::string_view piece) { return piece == fund; });
+    const bool isForAll = internal::isAllFunds(row.value);
+    if (listed) {
+        explanation = decided(true, Reason::Listed, name + " lists " + shownText(fund), placeInValue(row, *listed));
     } else if (isForAll && StockTypeCenter::instance().isTypedStock(kMoneyMarketFundType, market, code)) {
         explanation = decided(true, Reason::Listed,
                               name + " is ALL, and type 100024 makes " + shownText(fund) + " a money-market fund",
@@ -200,19 +181,15 @@ void suggestSloFund(const Question& question, const Wanted& wanted, Edits& edits
     if (*flag) {
         edits.addLast(keys::sloBalanceFirstFunds.section, std::to_string(platform), fund);
         if (rows.empty()) return;
-        const std::string value(rows.back()->value);
-        edits.setValue(*rows.back(), value.empty() ? fund : value + "," + fund);
+        edits.setValue(*rows.back(), withPiece(rows.back()->value, internal::kLendingFirstFunds.separator, fund));
         edits.reaching("every other fund of the platform");
         edits.setValue(*rows.back(), "ALL");
         edits.removeLine(*rows.back());
         return;
     }
     if (rows.empty()) return;
-    std::vector<std::string_view> kept;
-    internal::splitKeepEmpty(rows.back()->value, ',', [&](std::string_view piece) {
-        if (piece != fund) kept.push_back(piece);
-    });
-    edits.setValue(*rows.back(), joined(kept, ','));
+    edits.setValue(*rows.back(), withoutPieces(rows.back()->value, internal::kLendingFirstFunds.separator,
+                                               [&fund](std::string_view piece) { return piece == fund; }));
     edits.reaching("every other fund of the platform");
     edits.setValue(*rows.back(), "");
     edits.removeLine(*rows.back());
@@ -226,7 +203,7 @@ struct FixedPriceEntry {
     std::string_view listed;  // the code in it; points nowhere where it is not there
 
     FixedPriceEntry(const internal::MarketCodesEntry& of, std::string_view code) : entry(of) {
-        internal::splitKeepEmpty(entry.codes, ',', [&](std::string_view piece) {
+        internal::forEachCodeOf(entry, [&](std::string_view piece) {
             if (piece == code && listed.data() == nullptr) listed = piece;
         });
     }
@@ -236,36 +213,29 @@ struct FixedPriceEntry {
     Place place(const SettingsEntry& row) const { return placeInValue(row, isListed() ? listed : entry.text); }
 };
 
-// Hands each entry of the question's market to the sink.
-template <typename Sink>
-void forEachOfMarket(const Question& question, const SettingsEntry& row, Sink&& sink) {
-    if (row.value.empty()) return;
-    internal::forEachEntry(row.value, internal::marketCodesEntry, [&](const internal::MarketCodesEntry& entry) {
-        if (entry.market == question.text(0)) sink(FixedPriceEntry(entry, question.text(1)));
-    });
-}
-
 // The last entry of a market holds all its codes.
 Explanation explainFixedPrice(const Question& question) {
     const internal::SettingKey& key = keys::fixedPriceFunds;
-    const SettingsEntry* row = entryOf(question, key);
-    const std::string what = "the code " + shownText(question.text(1)) + " for market " + shownText(question.text(0));
-    if (row == nullptr) return decided(false, Reason::KeyAbsent, "there is no key " + nameOf(key));
-    std::optional<FixedPriceEntry> last;
-    forEachOfMarket(question, *row, [&last](const FixedPriceEntry& entry) { last = entry; });
-    const bool isListed = last && last->isListed();
-    Explanation explanation = decided(isListed, isListed ? Reason::Listed : Reason::NotListed,
-                                      nameOf(key) + (isListed ? " lists " : " does not list ") + what,
-                                      last ? last->place(*row) : valuePlace(*row));
-    forEachOfMarket(question, *row, [&](const FixedPriceEntry& entry) {
-        if (entry.entry.text.data() == last->entry.text.data()) return;
-        lose(explanation, [&] {
-            return Candidate{entry.reason(), "an earlier entry of the market", entry.place(*row),
-                             "overwritten by a later entry of the market"};
+    const std::string& market = question.text(0);
+    const std::string& code = question.text(1);
+    return explainedByKey(question, key, false, [&](const SettingsEntry& row) {
+        const auto last = countingEntry(internal::kFixedPriceFunds, row.value,
+                                        [&market](const auto& entry) { return entry.market == market; });
+        const bool isListed = last && FixedPriceEntry(*last, code).isListed();
+        Explanation explanation = decided(isListed, isListed ? Reason::Listed : Reason::NotListed,
+                                          nameOf(key) + (isListed ? " lists " : " does not list ") + "the code " +
+                                              shownText(code) + " for market " + shownText(market),
+                                          last ? FixedPriceEntry(*last, code).place(row) : valuePlace(row));
+        internal::forEachEntry(internal::kFixedPriceFunds, row.value, [&](const internal::MarketCodesEntry& entry) {
+            if (entry.market != market || entry.text.data() == last->text.data()) return;
+            lose(explanation, [&] {
+                const FixedPriceEntry former(entry, code);
+                return Candidate{former.reason(), "an earlier entry of the market", former.place(row),
+                                 "overwritten by a later entry of the market"};
+            });
         });
+        return explanation;
     });
-    addRepeats(question, key, explanation);
-    return explanation;
 }
 
 void suggestFixedPrice(const Question& question, const Wanted& wanted, Edits& edits) {
@@ -274,23 +244,13 @@ void suggestFixedPrice(const Question& question, const Wanted& wanted, Edits& ed
     const std::string& code = question.text(1);
     const auto flag = wanted.flag();
     if (!flag) return;
-    if (*flag) {
-        const std::string entry = question.text(0) + ":" + code;
-        const bool isAlone = row == nullptr || row->value.empty();
-        edits.setValue(key, isAlone ? entry : std::string(row->value) + ";" + entry);
-    }
+    if (*flag) edits.addPiece(key, internal::kFixedPriceFunds.separator, question.text(0) + ":" + code);
     if (row == nullptr) return;
-    internal::forEachEntry(row->value, internal::marketCodesEntry, [&](const internal::MarketCodesEntry& entry) {
+    internal::forEachEntry(internal::kFixedPriceFunds, row->value, [&](const internal::MarketCodesEntry& entry) {
         if (entry.market != question.text(0)) return;
-        if (*flag) {
-            edits.replacePiece(*row, entry.codes, std::string(entry.codes) + "," + code);
-            return;
-        }
-        std::vector<std::string_view> kept;
-        internal::splitKeepEmpty(entry.codes, ',', [&](std::string_view piece) {
-            if (piece != code) kept.push_back(piece);
-        });
-        edits.replacePiece(*row, entry.codes, joined(kept, ','));
+        edits.replacePiece(*row, entry.codes,
+                           *flag ? std::string(entry.codes) + "," + code
+                                 : withoutPieces(entry.codes, ',', [&](auto piece) { return piece == code; }));
     });
     edits.reaching("every fund that the line lists");
     if (!*flag) edits.removeLine(*row);

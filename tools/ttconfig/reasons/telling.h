@@ -61,4 +61,15 @@ inline const standin::SettingsEntry* entryOf(const Question& question, const tts
     return question.settings().findEntry(key.section, key.key);
 }
 
+// Explains an answer by the value of a key, with explain(row). Without the key the answer is the given one.
+template <typename Value, typename Explain>
+Explanation explainedByKey(const Question& question, const ttservice::internal::SettingKey& key, const Value& without,
+                           Explain&& explain) {
+    const standin::SettingsEntry* row = entryOf(question, key);
+    if (row == nullptr) return decided(without, Reason::KeyAbsent, "there is no key " + nameOf(key));
+    Explanation explanation = explain(*row);
+    addRepeats(question, key, explanation);
+    return explanation;
+}
+
 }  // namespace ttconfig

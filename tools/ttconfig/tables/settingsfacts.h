@@ -8,7 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "ttconfig/tables/cataloguefacts.h"
 #include "ttconfig/tables/numberrows.h"
 
 namespace ttconfig {

@@ -8,7 +8,6 @@
 #include "traderbase/base/config/internal/products/catalogueentries.h"
 #include "traderbase/base/config/internal/states/algorithmtypestate.h"
 #include "traderbase/base/config/internal/states/storestate.h"
-#include "traderbase/base/config/internal/text/splitting.h"
 
 namespace ttservice {
 
@@ -16,14 +15,11 @@ namespace {
 
 namespace keys = internal::keys;
 
-// Every piece counts, the empty one too; only an empty value has none at all.
-void readTypes(const utils::Configuration& configuration, const internal::SettingKey& row, char separator,
+void readTypes(const utils::Configuration& configuration, const internal::EntryList<std::string_view>& list,
                std::set<std::string>& types) {
     std::set<std::string> fresh;
-    const std::string value = internal::readText(configuration, row);
-    if (!value.empty()) {
-        internal::splitKeepEmpty(value, separator, [&fresh](std::string_view type) { fresh.emplace(type); });
-    }
+    const std::string value = internal::readText(configuration, list.key);
+    internal::forEachEntry(list, value, [&fresh](std::string_view type) { fresh.emplace(type); });
     types.swap(fresh);
 }
 
@@ -36,16 +32,15 @@ void internal::readNotQueryAlgoPerm(const utils::Configuration& configuration, A
 void internal::readT0StrategyConfig(const utils::Configuration& configuration, AlgorithmTypeState& state) {
     decltype(state.t0Strategies) strategies;
     const std::string value = readText(configuration, keys::t0Strategies);
-    forEachEntry(value, pairEntry, [&strategies](const PairEntry& entry) {
+    forEachEntry(kT0Strategies, value, [&strategies](const PairEntry& entry) {
         if (isStored(entry.outcome)) strategies.emplace_back(entry.first, entry.second);
     });
     state.t0Strategies.swap(strategies);
 }
 
-// The two keys do not have the same separator.
 void internal::readAlgoTypesConfig(const utils::Configuration& configuration, AlgorithmTypeState& state) {
-    readTypes(configuration, keys::algoTypes, ';', state.types);
-    readTypes(configuration, keys::buySellHideAlgoTypes, ',', state.buySellHideTypes);
+    readTypes(configuration, kAlgorithmTypes, state.types);
+    readTypes(configuration, kBuySellHideTypes, state.buySellHideTypes);
 }
 
 std::set<std::string> ConfigCollector::getAlgoTypes() const {

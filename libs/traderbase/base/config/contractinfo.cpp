@@ -11,7 +11,6 @@
 #include "traderbase/base/config/internal/keys/keyreading.h"
 #include "traderbase/base/config/internal/states/contractstate.h"
 #include "traderbase/base/config/internal/states/storestate.h"
-#include "traderbase/base/config/internal/text/splitting.h"
 
 namespace ttservice {
 
@@ -32,7 +31,7 @@ void internal::readContractInfoConfig(const utils::Configuration& configuration,
 
     const std::string ids = readText(configuration, keys::httpProductIds);
     std::vector<std::string> list;
-    splitDropEmpty(ids, ',', [&list](std::string_view id) { list.emplace_back(id); });
+    forEachEntry(kHttpProducts, ids, [&list](std::string_view id) { list.emplace_back(id); });
     state.httpProductIds.swap(list);
 }
 

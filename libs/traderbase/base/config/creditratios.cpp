@@ -31,7 +31,7 @@ namespace keys = internal::keys;
 void internal::readConcentrationRatioConfig(const utils::Configuration& configuration, CreditState& state) {
     const std::string value = readText(configuration, keys::concentrationRatio);
     decltype(state.concentrationRatios) ratios;
-    forEachConcentrationEntry(value, [&ratios](const ConcentrationEntry& entry) {
+    forEachEntry(kConcentrationRatios, value, [&ratios](const ConcentrationEntry& entry) {
         if (entry.kind != CreditEntryKind::Entry) return;
         ratios[entry.platform] = {looseDouble(entry.ratios[0]), looseDouble(entry.ratios[1])};
     });
@@ -42,10 +42,10 @@ void internal::readConcentrationRatioConfig(const utils::Configuration& configur
 void internal::readRepayDebtByCollateralSellConfig(const utils::Configuration& configuration, CreditState& state) {
     const std::string value = readText(configuration, keys::collateralSaleRepay);
     decltype(state.collateralSaleCodes) codesByPlatform;
-    forEachCollateralSaleEntry(value, [&codesByPlatform](const CreditEntry& entry) {
+    forEachEntry(kCollateralSaleCodes, value, [&codesByPlatform](const CreditEntry& entry) {
         if (entry.kind != CreditEntryKind::Entry) return;
         auto& codes = codesByPlatform[entry.platform];
-        splitDropEmpty(entry.payload, ',', [&codes](std::string_view code) { codes.emplace(code); });
+        forEachCodeOf(entry, [&codes](std::string_view code) { codes.emplace(code); });
     });
     const ReadMostlyMutex::Writer writer(state.platformLock);
     state.collateralSaleCodes.swap(codesByPlatform);

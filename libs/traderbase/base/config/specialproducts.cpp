@@ -13,7 +13,6 @@
 #include "traderbase/base/config/internal/products/catalogueentries.h"
 #include "traderbase/base/config/internal/states/specialproductstate.h"
 #include "traderbase/base/config/internal/states/storestate.h"
-#include "traderbase/base/config/internal/text/splitting.h"
 
 namespace ttservice {
 
@@ -55,7 +54,7 @@ void internal::readETFBrokerCLientTag(const utils::Configuration& configuration,
     if (!isStored(entry.outcome)) return;
     std::string tag(entry.tag);
     std::vector<std::string> times;
-    splitKeepEmpty(entry.times, ',', [&times](std::string_view time) { times.emplace_back(time); });
+    forEachTimeOf(entry, [&times](std::string_view time) { times.emplace_back(time); });
     state.etfBrokerClientTag.swap(tag);
     state.etfBrokerClientQueryTimes.swap(times);
 }

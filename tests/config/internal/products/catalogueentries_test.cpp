@@ -162,7 +162,7 @@ TEST(Entries, StandBetweenSemicolonsEmptyOnesIncluded) {
     };
     for (const Row& row : rows) {
         std::vector<std::string_view> texts;
-        forEachEntry(row.value, pairEntry, [&](const PairEntry& entry) {
+        forEachEntry(kT0Strategies, row.value, [&](const PairEntry& entry) {
             EXPECT_TRUE(isPartOf(entry.text, row.value));
             texts.push_back(entry.text);
         });

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "ttconfig/settings/place.h"
-#include "ttconfig/tables/cataloguefacts.h"
 #include "ttconfig/tables/creditfacts.h"
+#include "ttconfig/tables/entrylists.h"
 #include "ttconfig/tables/limittable.h"
 #include "ttconfig/tables/numberrows.h"
 #include "ttconfig/tables/platformvaluefacts.h"
@@ -102,18 +102,32 @@ TEST(LimitTable, KnowsWhatEachEntryOverwrote) {
     EXPECT_EQ(others.passedOver[0].place(), (Place{3, 1}));
 }
 
-TEST(ContractFacts, HaveTheEntryBehindEachRecordAndType) {
+TEST(EntryLists, HaveTheEntryBehindEachRecordAndType) {
     const SettingsText text(
         std::string("[setting]\nalgomultcontractsetting=P1:a,1,2,3,1;P1;P1:x\n"
                     "algocontracttypes=P1:T;P9:T\n"));
-    const ttconfig::ContractFacts facts = ttconfig::contractFacts(text);
-    EXPECT_EQ(facts.catalogue.records.size(), 2U);
-    EXPECT_EQ(facts.byKey.at("P1_credit"), 0U);
-    EXPECT_EQ(facts.byKey.at("P1_stock"), 2U);
-    EXPECT_EQ(facts.contracts[1].key, "");
-    EXPECT_EQ(facts.stockByType.at("T"), 0U);
-    EXPECT_EQ(facts.types[1].isStock || facts.types[1].isCredit, false);
-    EXPECT_EQ(facts.types[0].place, (Place{3, 22}));
+    const standin::SettingsEntry& types = *text.findEntry("setting", "algocontracttypes");
+    const auto contracts = ttconfig::contractEntries(text.findEntry("setting", "algomultcontractsetting")->value);
+    EXPECT_EQ(contracts.size(), 2U);
+    EXPECT_EQ(contracts.at("P1_credit").text, "P1:a,1,2,3,1");
+    EXPECT_EQ(contracts.at("P1_stock").text, "P1:x");
+    const ttconfig::TypeEntries entries = ttconfig::typeEntries(types.value, contracts);
+    for (const auto& byType : entries) {
+        EXPECT_EQ(byType.size(), 1U);
+        EXPECT_EQ(byType.at("T").product, "P1");
+        EXPECT_EQ(ttconfig::placeInValue(types, byType.at("T").type), (Place{3, 22}));
+    }
+    EXPECT_TRUE(ttconfig::typeEntries(types.value, {})[0].empty());
+}
+
+TEST(EntryLists, SayWhichOfSeveralEntriesCounts) {
+    using namespace ttservice::internal;
+    const auto isAsked = [](const auto& entry) { return entry.text.substr(0, 1) == "A"; };
+    const std::string_view markets = "A:1;B:2;A:3";
+    EXPECT_EQ(ttconfig::countingEntry(kFixedPriceFunds, markets, isAsked)->text, "A:3");
+    const std::string_view groups = "A,B;A,C";
+    EXPECT_EQ(ttconfig::countingEntry(kCombinations, groups, isAsked)->text, "A,B");
+    EXPECT_FALSE(ttconfig::countingEntry(kCombinations, "", isAsked));
 }
 
 TEST(NumberRows, AreFoundAsWrittenAndInUpperCase) {

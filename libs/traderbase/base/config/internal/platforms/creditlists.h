@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "traderbase/base/config/internal/text/splitting.h"
+#include "traderbase/base/config/internal/keys/entrylist.h"
 
 // The two lists of the credit section: entries separated by ";", each a platform ID, ":" and a payload. Lists with one
 // number or flag per platform are in perplatformlist.h.
@@ -34,14 +34,25 @@ ConcentrationEntry concentrationEntry(std::string_view text);
 // Payload: instrument codes separated by ","; empty codes do not count.
 CreditEntry collateralSaleEntry(std::string_view text);
 
+// Passes each code of the entry to the sink.
+template <typename Sink>
+void forEachCodeOf(const CreditEntry& entry, Sink&& sink) {
+    splitDropEmpty(entry.payload, ',', sink);
+}
+
+inline constexpr EntryList<ConcentrationEntry> kConcentrationRatios{keys::concentrationRatio, ';', EmptyPieces::Count,
+                                                                    Counting::Last, concentrationEntry};
+inline constexpr EntryList<CreditEntry> kCollateralSaleCodes{keys::collateralSaleRepay, ';', EmptyPieces::Count,
+                                                             Counting::Union, collateralSaleEntry};
+
 template <typename Sink>
 void forEachConcentrationEntry(std::string_view value, Sink&& sink) {
-    splitKeepEmpty(value, ';', [&sink](std::string_view text) { sink(concentrationEntry(text)); });
+    forEachEntry(kConcentrationRatios, value, sink);
 }
 
 template <typename Sink>
 void forEachCollateralSaleEntry(std::string_view value, Sink&& sink) {
-    splitKeepEmpty(value, ';', [&sink](std::string_view text) { sink(collateralSaleEntry(text)); });
+    forEachEntry(kCollateralSaleCodes, value, sink);
 }
 
 }  // namespace ttservice::internal

@@ -1,8 +1,10 @@
 // Catalogue entries: answers what one entry of a product catalogue says, and what a load does with it.
-// Entry points: pairEntry(), contractEntry(), marketCodesEntry(), tagEntry(), describe(); forEachEntry() in the header.
+// Entry points: describe(), the grammars and the lists of the header.
 // Covered by tests/config/internal/products/catalogueentries_test.cpp.
 
 #include "traderbase/base/config/internal/products/catalogueentries.h"
+
+#include "traderbase/base/config/internal/text/strictnumbers.h"
 
 namespace ttservice::internal {
 
@@ -48,10 +50,18 @@ ContractEntry contractEntry(std::string_view text) {
     return entry;
 }
 
+bool isForCredit(const ContractEntry& entry) {
+    return looseInt(entry.fields.back()) == 1;
+}
+
 MarketCodesEntry marketCodesEntry(std::string_view text) {
     const auto colon = text.find(':');
     if (colon == std::string_view::npos) return {text, EntryOutcome::MarketIsCodes, text, text};
     return {text, EntryOutcome::Stored, text.substr(0, colon), text.substr(colon + 1)};
+}
+
+GroupEntry groupEntry(std::string_view text) {
+    return {text, text.substr(0, text.find(','))};
 }
 
 TagEntry tagEntry(std::string_view text) {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "traderbase/base/config/internal/text/splitting.h"
+#include "traderbase/base/config/internal/keys/entrylist.h"
 
 // Entries of the product catalogues: what each one says and what a load does with it. Readers store entries silently;
 // the outcome tells other callers why an entry has no effect. All texts are views into the value.
@@ -41,6 +41,12 @@ struct PairEntry {
 
 PairEntry pairEntry(std::string_view text);
 
+// Passes each algorithm type of a stored entry product:type|type to the sink.
+template <typename Sink>
+void forEachTypeOf(const PairEntry& entry, Sink&& sink) {
+    if (isStored(entry.outcome)) splitKeepEmpty(entry.second, '|', sink);
+}
+
 // --- productId:text,real number,long integer,integer,credit flag
 
 struct ContractEntry {
@@ -53,6 +59,9 @@ struct ContractEntry {
 // An entry with a product ID is stored even if its fields are wrong: a named product always has a record.
 ContractEntry contractEntry(std::string_view text);
 
+// Whether the record is for credit accounts; one without fields is for stock accounts.
+bool isForCredit(const ContractEntry& entry);
+
 // --- market:code,code,...
 
 struct MarketCodesEntry {
@@ -63,6 +72,12 @@ struct MarketCodesEntry {
 };
 
 MarketCodesEntry marketCodesEntry(std::string_view text);
+
+// Passes each code of the entry to the sink, empty ones included.
+template <typename Sink>
+void forEachCodeOf(const MarketCodesEntry& entry, Sink&& sink) {
+    splitKeepEmpty(entry.codes, ',', sink);
+}
 
 // --- tag:time,time,... (a whole value)
 
@@ -75,11 +90,52 @@ struct TagEntry {
 
 TagEntry tagEntry(std::string_view text);
 
-// Hands each entry between ";" to the sink, empty ones included, as grammar(entry) reads it:
-//   forEachEntry(value, contractEntry, [](const ContractEntry& entry) { ... });
-template <typename Grammar, typename Sink>
-void forEachEntry(std::string_view value, Grammar&& grammar, Sink&& sink) {
-    splitKeepEmpty(value, ';', [&](std::string_view text) { sink(grammar(text)); });
+// Passes each time of a stored tag to the sink, empty ones included.
+template <typename Sink>
+void forEachTimeOf(const TagEntry& entry, Sink&& sink) {
+    if (isStored(entry.outcome)) splitKeepEmpty(entry.times, ',', sink);
 }
+
+// --- product,product,... (a combination)
+
+struct GroupEntry {
+    std::string_view text;
+    std::string_view first;  // the product that the margin is charged on
+};
+
+GroupEntry groupEntry(std::string_view text);
+
+// Passes each product of the group to the sink, empty ones included.
+template <typename Sink>
+void forEachProductOf(const GroupEntry& entry, Sink&& sink) {
+    splitKeepEmpty(entry.text, ',', sink);
+}
+
+// Whether a product of the group is its first: by place, not by name.
+constexpr bool isFirstOf(const GroupEntry& entry, std::string_view product) {
+    return product.data() == entry.first.data();
+}
+
+// --- the lists
+
+inline constexpr EntryList<ContractEntry> kContracts{keys::contracts, ';', EmptyPieces::Count, Counting::Last,
+                                                     contractEntry};
+inline constexpr EntryList<PairEntry> kContractTypes{keys::contractTypes, ';', EmptyPieces::Count, Counting::Last,
+                                                     pairEntry};
+inline constexpr EntryList<PairEntry> kT0Strategies{keys::t0Strategies, ';', EmptyPieces::Count, Counting::All,
+                                                    pairEntry};
+inline constexpr EntryList<MarketCodesEntry> kFixedPriceFunds{keys::fixedPriceFunds, ';', EmptyPieces::CountInText,
+                                                              Counting::Last, marketCodesEntry};
+inline constexpr EntryList<GroupEntry> kCombinations{keys::combinations, ';', EmptyPieces::Count, Counting::First,
+                                                     groupEntry};
+inline constexpr EntryList<std::string_view> kLendingFirstFunds{keys::sloBalanceFirstFunds, ',', EmptyPieces::Count,
+                                                                Counting::Union, textEntry};
+inline constexpr EntryList<std::string_view> kHttpProducts{keys::httpProductIds, ',', EmptyPieces::Drop,
+                                                           Counting::Union, textEntry};
+inline constexpr EntryList<std::string_view> kAlgorithmTypes{keys::algoTypes, ';', EmptyPieces::CountInText,
+                                                             Counting::Union, textEntry};
+// The other list of types does not have the same separator.
+inline constexpr EntryList<std::string_view> kBuySellHideTypes{keys::buySellHideAlgoTypes, ',',
+                                                               EmptyPieces::CountInText, Counting::Union, textEntry};
 
 }  // namespace ttservice::internal

@@ -22,24 +22,18 @@ void enterSubscriptionFee(const std::string& productCode, double fee, std::map<s
     fees.emplace(boost::algorithm::to_upper_copy(productCode), fee);
 }
 
-std::vector<std::vector<std::string_view>> productGroups(std::string_view value) {
-    std::vector<std::vector<std::string_view>> groups;
-    splitKeepEmpty(value, ';', [&groups](std::string_view group) { groups.push_back(pieces(group, ',')); });
-    return groups;
-}
-
 void enterCombinations(std::string_view value, CombinationTables& tables) {
     CombinationTables fresh;
-    for (const std::vector<std::string_view>& products : productGroups(value)) {
+    forEachEntry(kCombinations, value, [&fresh](const GroupEntry& entry) {
         std::set<std::string> group;
-        for (std::size_t i = 0; i < products.size(); ++i) {
-            fresh.products.emplace_back(products[i]);
-            group.emplace(products[i]);
+        forEachProductOf(entry, [&](std::string_view product) {
+            fresh.products.emplace_back(product);
+            group.emplace(product);
             // By position, not by name: in "A,B,A" the last A maps to itself.
-            if (i > 0) fresh.firstOfGroup.emplace(products[i], products.front());
-        }
+            if (!isFirstOf(entry, product)) fresh.firstOfGroup.emplace(product, entry.first);
+        });
         fresh.groups.push_back(std::move(group));
-    }
+    });
     addCombinations(fresh, tables);
 }
 
@@ -55,7 +49,7 @@ void addCombinations(CombinationTables& fresh, CombinationTables& tables) {
 
 std::vector<std::string> fundList(std::string_view value) {
     std::vector<std::string> list;
-    splitKeepEmpty(value, ',', [&list](std::string_view entry) { list.emplace_back(entry); });
+    forEachEntry(kLendingFirstFunds, value, [&list](std::string_view entry) { list.emplace_back(entry); });
     return list;
 }
 
@@ -67,14 +61,15 @@ bool listsFund(const std::vector<std::string>& list, std::string_view market, st
 
 // "ALL" together with other entries is an ordinary entry.
 bool listsAllFunds(const std::vector<std::string>& list) {
-    return list.size() == 1 && list.front() == "ALL";
+    return list.size() == 1 && isAllFunds(list.front());
 }
 
 void enterMarketCodes(std::string_view value, std::map<std::string, std::set<std::string>>& codesByMarket) {
     std::map<std::string, std::set<std::string>> fresh;
-    forEachEntry(value, marketCodesEntry, [&fresh](const MarketCodesEntry& entry) {
+    splitKeepEmpty(value, kFixedPriceFunds.separator, [&fresh](std::string_view piece) {
+        const MarketCodesEntry entry = kFixedPriceFunds.read(piece);
         std::set<std::string> codes;
-        splitKeepEmpty(entry.codes, ',', [&codes](std::string_view code) { codes.emplace(code); });
+        forEachCodeOf(entry, [&codes](std::string_view code) { codes.emplace(code); });
         fresh[std::string(entry.market)] = std::move(codes);
     });
     replaceEntries(codesByMarket, fresh);

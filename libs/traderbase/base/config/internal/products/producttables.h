@@ -24,10 +24,8 @@ struct CombinationTables {
     std::map<std::string, std::string> firstOfGroup;  // maps every other product of a group to the group's first
 };
 
-// The products of each group of the text "A,B,C;D,E", as views into it. Empty groups and empty products count.
-std::vector<std::vector<std::string_view>> productGroups(std::string_view value);
-
-// Adds the groups of such a text. A product of two groups keeps the first product of the earlier one.
+// Adds the groups of the text "A,B,C;D,E"; empty groups and empty products count. A product of two groups keeps the
+// first product of the earlier one.
 void enterCombinations(std::string_view value, CombinationTables& tables);
 
 // Adds groups that were read separately: all of them or, if memory runs out, none.
@@ -43,6 +41,9 @@ bool listsFund(const std::vector<std::string>& list, std::string_view market, st
 
 // Whether the list stands for every money-market fund: it contains "ALL" and nothing else.
 bool listsAllFunds(const std::vector<std::string>& list);
+constexpr bool isAllFunds(std::string_view value) {
+    return value == "ALL";
+}
 
 // Replaces the code set of each market named in the text "SZSE:159001,159002;SSE:511990"; other markets keep theirs.
 void enterMarketCodes(std::string_view value, std::map<std::string, std::set<std::string>>& codesByMarket);

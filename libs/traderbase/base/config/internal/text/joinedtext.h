@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 // Two texts treated as one, to look up "head followed by tail" without building it.
@@ -10,6 +11,10 @@ struct JoinedText {
     std::string_view head;
     std::string_view tail;
 };
+
+inline std::string textOf(const JoinedText& joined) {
+    return std::string(joined.head).append(joined.tail);
+}
 
 // Negative, zero or positive, as the text comes before, equals or comes after the joined one in byte order.
 inline int compare(std::string_view text, const JoinedText& joined) {
