@@ -63,7 +63,7 @@ inline constexpr std::string_view kMainSection = "setting";
 
 // Whether both rows describe the same key.
 constexpr bool isRow(const ttservice::internal::SettingKey& row, const ttservice::internal::SettingKey& other) {
-    return row.section == other.section && row.key == other.key;
+    return row.number == other.number;
 }
 
 }  // namespace ttconfig

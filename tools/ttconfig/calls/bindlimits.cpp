@@ -31,7 +31,6 @@ void addLimitCalls(CallTable& table) {
     TT_STORE_CALL(isUseSpecialEnableBalCalcVolume);
     TT_STORE_CALL(getFinEnableBailRatio);
     TT_STORE_CALL(isUseFinEnableBailRatio);
-    TT_STORE_CALL(isNeedCheckAssureEnbuyBalancePts);
 }
 
 }  // namespace ttconfig

@@ -22,32 +22,18 @@ void addSwitchCalls(CallTable& table) {
 #include "traderbase/base/config/platformswitches.def"
 }
 
-void addSingleValueCalls(CallTable& table) {
-    TT_STORE_CALL(isShowMaxCanOrder);
-    TT_STORE_CALL(showNewCompacts);
-    TT_STORE_CALL(useRegistRules);
+// What one key decides, and what else there is of the kind.
+void addKeyCalls(CallTable& table) {
+#define TT_SETTING_KEY(id, section, key, grammar, missing, feeds, meaning)
+#define TT_PLAIN_KEY(id, section, key, grammar, missing, operation, meaning) TT_STORE_CALL(operation);
+#include "traderbase/base/config/settingkeys.def"
     TT_STORE_CALL(useRegistIPORules);
-    TT_STORE_CALL(useGlobalRef);
-    TT_STORE_CALL(useSplitPageOfStkCompact);
-    TT_STORE_CALL(isCreditCompactDeferT3);
     TT_STORE_CALL(useNewBondRules);
     TT_STORE_CALL(useNewShangHaiLoanRules);
-    TT_STORE_CALL(getRefLimit);
-    TT_STORE_CALL(getFlowHistoryDays);
-    TT_STORE_CALL(getHgtSgtPriceDiff);
     TT_STORE_CALL(getUseNewIPOFrozenCalcMethod);
     TT_STORE_CALL(isCrtFundTransferUseCreditDetail);
     TT_STORE_CALL(isNeedUseETFOneCode);
     TT_STORE_CALL(getQuoterAdress);
-}
-
-void addPerPlatformCalls(CallTable& table) {
-    TT_STORE_CALL(isT0ForReturnStockPts);
-    TT_STORE_CALL(isSPXCreditStockPts);
-    TT_STORE_CALL(isMainAccountcalcCompactsBydealPts);
-    TT_STORE_CALL(getRenewalPts);
-    TT_STORE_CALL(getCounterMaxCompactsRespNum);
-    TT_STORE_CALL(useCounterIpwanPos);
 }
 
 void addRuntimeCalls(CallTable& table) {
@@ -84,8 +70,7 @@ void addStoreCalls(CallTable& table) {
     TT_STORE_CALL(readConfig);
     TT_STORE_CALL(getOriginalStr);
     addSwitchCalls(table);
-    addSingleValueCalls(table);
-    addPerPlatformCalls(table);
+    addKeyCalls(table);
     addRuntimeCalls(table);
 }
 

@@ -16,11 +16,6 @@ namespace {
 using namespace ttservice::internal;
 using standin::SettingsEntry;
 
-bool isPerPlatform(ValueGrammar grammar) {
-    return grammar == ValueGrammar::PerPlatformFlag || grammar == ValueGrammar::PerPlatformInteger ||
-           grammar == ValueGrammar::PerPlatformFlagKeepEmpty || grammar == ValueGrammar::PerPlatformDecimalKeepEmpty;
-}
-
 std::string_view valueOf(const standin::SettingsText& text, const SettingKey& row) {
     const SettingsEntry* entry = text.findEntry(row.section, row.key);
     return entry == nullptr ? std::string_view() : entry->value;

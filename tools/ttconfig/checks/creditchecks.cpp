@@ -1,6 +1,5 @@
 // Credit checks: answers what is wrong with the lists of the credit section.
 // Doors: checkConcentration(), checkCollateralSale().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>
@@ -9,12 +8,12 @@
 #include <map>
 
 #include "traderbase/base/config/internal/limits/limitrows.h"
-#include "traderbase/base/config/internal/platforms/creditlists.h"
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/checks/listchecks.h"
 #include "ttconfig/checks/numberchecks.h"
 #include "ttconfig/checks/valuechecks.h"
 #include "ttconfig/checks/valueranges.h"
+#include "ttconfig/tables/creditlists.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -61,18 +60,18 @@ class ConcentrationCheck {
 public:
     ConcentrationCheck(EntryRemarks& target, const ValueRange* ratios) : remarks(target), range(ratios) {}
 
-    void check(const ConcentrationEntry& entry) {
+    void check(const CreditItem& entry) {
         if (entry.text.empty() || startOf(entry) < toldUpTo) return;
         if (entry.kind != CreditEntryKind::Entry) return sayPassedOver(entry);
         checkPlatform(remarks, entry);
         checkRatios(remarks, entry, range);
-        const auto [known, isNew] = seen.emplace(entry.platform, remarks.placeOf(entry.text));
+        const auto [known, isNew] = seen.emplace(entry.platform, entry.place);
         if (isNew) return;
         remarks.say(RuleId::RepeatedItem, entry.text,
                     fmt::format("platform {} has ratios already at {}; these later ones count, take one out",
                                 entry.platform, named(known->second)),
                     known->second);
-        known->second = remarks.placeOf(entry.text);
+        known->second = entry.place;
     }
 
 private:
@@ -113,13 +112,13 @@ private:
 void checkConcentration(EntryRemarks& remarks, const SettingKey& row) {
     remarks.lookForComment(Semicolons::CommentBeforeWords);
     ConcentrationCheck checks(remarks, rangeOf(row));
-    forEachConcentrationEntry(remarks.value(), [&checks](const ConcentrationEntry& entry) { checks.check(entry); });
+    forEachCreditItem(remarks.entry(), row, [&checks](const CreditItem& entry) { checks.check(entry); });
 }
 
 void checkCollateralSale(EntryRemarks& remarks) {
     remarks.lookForComment(Semicolons::CommentBeforeWords);
     bool hasPlatform = false;
-    forEachCollateralSaleEntry(remarks.value(), [&](const CreditEntry& entry) {
+    forEachCreditItem(remarks.entry(), keys::collateralSaleRepay, [&](const CreditItem& entry) {
         if (entry.text.empty()) return;
         if (entry.kind == CreditEntryKind::NoPlatform) {
             return remarks.wrong(RuleId::EntryWithoutColon, entry.text, [&] {

@@ -1,17 +1,15 @@
 // Platform value checks: answers what is wrong with a value by platform.
 // Doors: checkPlatformValues().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>
 
-#include <type_traits>
 #include <unordered_map>
 
-#include "traderbase/base/config/internal/platforms/perplatformlist.h"
 #include "ttconfig/checks/numberchecks.h"
 #include "ttconfig/checks/valuechecks.h"
 #include "ttconfig/checks/valueranges.h"
+#include "ttconfig/tables/platformvalues.h"
 #include "ttconfig/text/showntext.h"
 #include "ttconfig/text/uppercase.h"
 
@@ -21,28 +19,26 @@ namespace {
 
 using namespace ttservice::internal;
 
-template <typename Value>
-std::string shown(Value value) {
-    return fmt::format("{:g}", static_cast<double>(value));
+std::string shown(double value) {
+    return fmt::format("{:g}", value);
 }
 
 // One value by platform, item by item.
-template <typename Value>
 class PlatformValueCheck {
 public:
     PlatformValueCheck(EntryRemarks& target, const SettingKey& key)
-        : remarks(target), row(key), range(rangeOf(key)), builtIn(valueWhenMissing<Value>(key)) {}
+        : remarks(target), row(key), range(rangeOf(key)), builtIn(valueWhenMissing<double>(key)) {}
 
-    void add(std::string_view text) {
-        const auto item = perPlatformItem<Value>(text);
+    void add(const PlatformItem& item) {
+        const std::string_view text = item.text;
         switch (item.kind) {
             case PerPlatformItemKind::Entry:
                 return addEntry(item);
             case PerPlatformItemKind::Default:
                 checkValueRange(remarks, range, text);
-                return addDefault(item.text, item.value, true);
+                return addDefault(item, item.value);
             case PerPlatformItemKind::BuiltInDefault:
-                return addDefault(item.text, builtIn, false);
+                return addDefault(item, builtIn);
             case PerPlatformItemKind::BadPlatform:
                 return sayBadPlatform(text);
             case PerPlatformItemKind::BadValue:
@@ -51,44 +47,44 @@ public:
     }
 
     void end() {
-        if (seen.empty() || hasDefault || Value() == builtIn) return;
+        if (seen.empty() || hasDefault || builtIn == 0) return;
         remarks.say(
             RuleId::MissingDefaultItem, remarks.value(),
             fmt::format("no item says the value of the other platforms: it is {} after a start, not the default "
                         "{}, and stays as it was after a reload; add \";{}\" at the end",
-                        shown(Value()), row.whenMissing, row.whenMissing));
+                        shown(0), row.whenMissing, row.whenMissing));
     }
 
 private:
-    void addEntry(const PerPlatformItem<Value>& item) {
-        const Place place = remarks.placeOf(item.text);
-        const auto [known, isNew] = seen.emplace(item.platform, place);
+    void addEntry(const PlatformItem& item) {
+        const auto [known, isNew] = seen.emplace(item.platform, item.place);
         if (!isNew) {
             remarks.say(RuleId::RepeatedItem, item.text,
                         fmt::format("platform {} has a value already at {}; this later one counts, take one out",
                                     item.platform, named(known->second)),
                         known->second);
-            known->second = place;
+            known->second = item.place;
         }
         checkValueRange(remarks, range, item.text.substr(item.text.find(':') + 1));
     }
 
-    void addDefault(std::string_view text, Value value, bool isWritten) {
+    void addDefault(const PlatformItem& item, double value) {
+        const bool isWritten = !item.isBuiltInDefault();
         if (hasWritten && value != written) {
             remarks.say(
                 RuleId::DefaultOverwritten, writtenText,
                 [&] {
                     // Several defaults and no platform are likely a list of platforms.
                     return fmt::format("the default {} does not count: {} at {} sets it to {}{}", shown(written),
-                                       isWritten ? "the later item" : "the empty item", named(remarks.placeOf(text)),
-                                       shown(value), seen.empty() ? "; an item for a platform is platform:value" : "");
+                                       isWritten ? "the later item" : "the empty item", named(item.place), shown(value),
+                                       seen.empty() ? "; an item for a platform is platform:value" : "");
                 },
-                remarks.placeOf(text));
+                item.place);
         }
         hasDefault = true;
         hasWritten = isWritten;
         written = value;
-        writtenText = text;
+        writtenText = item.text;
     }
 
     void sayBadPlatform(std::string_view text) {
@@ -127,7 +123,7 @@ private:
             remarks.say(RuleId::BadPlatformValue, text,
                         "there is no value behind the \":\", and the item is passed over; write one");
         } else if (const std::string items = asItems(text);
-                   items != text && areItems(items) && numberMeant(value, kKind).empty()) {
+                   items != text && areItems(items) && numberMeant(value, kind).empty()) {
             remarks.wrong(RuleId::WrongSeparator, text, [&] {
                 return fmt::format("is one item and says nothing: {}{}", kDropped,
                                    orWrite(items, "items are separated by \";\""));
@@ -158,11 +154,11 @@ private:
     }
 
     // Whether every one of them can be read.
-    static bool areItems(std::string_view items) {
+    bool areItems(std::string_view items) const {
         bool areGood = true;
-        splitKeepEmpty(items, ';', [&areGood](std::string_view item) {
-            const PerPlatformItemKind kind = perPlatformItem<Value>(item).kind;
-            areGood = areGood && (kind == PerPlatformItemKind::Entry || kind == PerPlatformItemKind::Default);
+        splitKeepEmpty(items, ';', [&](std::string_view item) {
+            const PerPlatformItemKind read = platformItem(row, item).kind;
+            areGood = areGood && (read == PerPlatformItemKind::Entry || read == PerPlatformItemKind::Default);
         });
         return areGood && items.find(':') != std::string_view::npos;
     }
@@ -177,7 +173,7 @@ private:
         if (isFlag() && !isEntry && strictInt(value)) {
             return fmt::format("write 0 or 1, or {}:1 for platform {}", value, value);
         }
-        return isFlag() ? "write 0 or 1" : writeNumber(value, kKind, "write a number");
+        return isFlag() ? "write 0 or 1" : writeNumber(value, kind, "write a number");
     }
 
     bool isFlag() const {
@@ -186,32 +182,19 @@ private:
 
     static constexpr std::string_view kOtherSigns = ",|/ ";
     static constexpr std::string_view kDropped = "the item is passed over";
-    static constexpr NumberKind kKind = std::is_same_v<Value, double> ? NumberKind::Decimal : NumberKind::Integer;
 
     EntryRemarks& remarks;
     const SettingKey& row;
     const ValueRange* range;
-    const Value builtIn;
+    const NumberKind kind =
+        row.grammar == ValueGrammar::PerPlatformDecimalKeepEmpty ? NumberKind::Decimal : NumberKind::Integer;
+    const double builtIn;
     std::unordered_map<int, Place> seen;
     bool hasDefault = false;
     bool hasWritten = false;
-    Value written = Value();
+    double written = 0;
     std::string_view writtenText;
 };
-
-template <typename Value>
-void check(EntryRemarks& remarks, const SettingKey& row) {
-    PlatformValueCheck<Value> checks(remarks, row);
-    const auto add = [&checks](std::string_view item) { checks.add(item); };
-    const bool keepsEmpty = row.grammar == ValueGrammar::PerPlatformFlagKeepEmpty ||
-                            row.grammar == ValueGrammar::PerPlatformDecimalKeepEmpty;
-    if (keepsEmpty) {
-        splitKeepEmpty(remarks.value(), ';', add);
-    } else {
-        splitSqueezed(remarks.value(), ';', add);
-    }
-    checks.end();
-}
 
 }  // namespace
 
@@ -223,15 +206,9 @@ void checkPlatformValues(EntryRemarks& remarks, const SettingKey& row) {
                       "between the items");
         return;
     }
-    switch (row.grammar) {
-        case ValueGrammar::PerPlatformFlag:
-        case ValueGrammar::PerPlatformFlagKeepEmpty:
-            return check<bool>(remarks, row);
-        case ValueGrammar::PerPlatformInteger:
-            return check<int>(remarks, row);
-        default:
-            return check<double>(remarks, row);
-    }
+    PlatformValueCheck checks(remarks, row);
+    forEachPlatformItem(remarks.entry(), row, [&checks](const PlatformItem& item) { checks.add(item); });
+    checks.end();
 }
 
 }  // namespace ttconfig

@@ -1,6 +1,5 @@
 // Switch checks: answers what is wrong with the value of a platform switch.
 // Doors: checkSwitch().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>
@@ -9,9 +8,9 @@
 #include <initializer_list>
 #include <unordered_map>
 
-#include "traderbase/base/config/internal/platforms/platformlist.h"
 #include "ttconfig/checks/numberchecks.h"
 #include "ttconfig/checks/valuechecks.h"
+#include "ttconfig/tables/platformlist.h"
 #include "ttconfig/text/showntext.h"
 #include "ttconfig/text/uppercase.h"
 
@@ -83,13 +82,14 @@ void checkSwitch(EntryRemarks& remarks, SettingsContext& context) {
     remarks.lookForComment(Semicolons::Comment);
     if (isFlagLike(remarks, context)) return;
     std::unordered_map<int, Place> seen;
-    forEachPlatformPiece(remarks.value(), [&](std::string_view piece, std::optional<int> id) {
-        if (!id) return checkBadPiece(remarks, piece);
-        const auto [known, isNew] = seen.emplace(*id, remarks.placeOf(piece));
+    forEachListed(remarks.entry(), [&](const ListedPlatform& listed) {
+        if (!listed.platform) return checkBadPiece(remarks, listed.piece);
+        const auto [known, isNew] = seen.emplace(*listed.platform, listed.place);
         if (isNew) return;
-        remarks.say(RuleId::RepeatedInList, piece,
-                    fmt::format("platform {} is listed already at {}; once is enough", *id, named(known->second)),
-                    known->second);
+        remarks.say(
+            RuleId::RepeatedInList, listed.piece,
+            fmt::format("platform {} is listed already at {}; once is enough", *listed.platform, named(known->second)),
+            known->second);
     });
 }
 

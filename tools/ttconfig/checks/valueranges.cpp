@@ -38,7 +38,8 @@ constexpr ValueRange kNotNegative = from(0, "is negative, but counts; write 0 or
 constexpr ValueRange kRate = from(0, "is no rate, but counts; write 0 or more");
 
 // One row a key with numbers in its value; fields of one value share it. What a number is for says which can be meant:
-// where only its receiver knows that, any can.
+// where only its receiver knows that, as of a counter's ways of renewing or of a vendor's parameters, any can, and
+// there is no row.
 constexpr struct {
     const SettingKey* key;
     ValueRange range;
@@ -52,7 +53,6 @@ constexpr struct {
     {&keys::counterIpwanPos, from(0, "counts as yes, as every number but 0 does; write 0 or 1")},
     {&keys::specialEnableVolRate, kRate},
     {&keys::setAvailable, kNotNegative},
-    {&keys::renewal, kAny},  // the counter's own numbers for ways of renewing
 
     {&keys::orderLimits, kQuantity},
     {&keys::connectShanghaiOrderLimits, kQuantity},
@@ -75,18 +75,23 @@ constexpr struct {
      within(0, "is no ratio, but counts; write 0 or more", 5,
             "is a ratio of more than 500 percent, but counts; write it as a fraction", true)},
     {&keys::subscriptionFees, kNotNegative},
-    {&keys::contracts, kAny},  // the vendor's own parameters
 };
+
+// A number of a key without a row may be anything.
+constexpr bool isPlainNumber(ValueGrammar grammar) {
+    return grammar == ValueGrammar::Integer || grammar == ValueGrammar::PerPlatformInteger ||
+           grammar == ValueGrammar::PerPlatformDecimalKeepEmpty || grammar == ValueGrammar::Contracts;
+}
 
 using ByNumber = std::array<const ValueRange*, std::size(kSettingKeys)>;
 
 ByNumber byNumber() {
     ByNumber table{};
-    for (std::size_t number = 0; number < table.size(); ++number) {
-        for (const auto& row : kRanges) {
-            if (isRow(*row.key, kSettingKeys[number])) table[number] = &row.range;
-        }
+    for (const SettingKey& key : kSettingKeys) {
+        if (isPlainNumber(key.grammar) && !key.feeds.empty()) table[key.number] = &kAny;
     }
+    for (const auto& row : kRanges)
+        table[row.key->number] = &row.range;
     return table;
 }
 
@@ -94,7 +99,7 @@ ByNumber byNumber() {
 
 const ValueRange* rangeOf(const SettingKey& row) {
     static const ByNumber kTable = byNumber();
-    return kTable[static_cast<std::size_t>(&row - kSettingKeys)];
+    return kTable[row.number];
 }
 
 void checkValueRange(EntryRemarks& remarks, const ValueRange* range, std::string_view field) {

@@ -22,8 +22,7 @@ struct ValueRange {
     }
 };
 
-// The range of the numbers in the value of a key, which is a row of kSettingKeys; null for a key whose value holds
-// none.
+// The range of the numbers in the value of a key; null for a key whose value holds none.
 const ValueRange* rangeOf(const ttservice::internal::SettingKey& row);
 
 // Says so where the number that the field is as a whole is out of the range, which may be null.

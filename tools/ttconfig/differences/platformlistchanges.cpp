@@ -1,7 +1,6 @@
 // Changes of the lists that platforms are on: concentration ratios, codes whose sale repays debt, funds that are paid
 // from the lending balance first, the ETF broker client.
 // Doors: tellPlatformListChanges().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include <map>
@@ -12,7 +11,7 @@
 #include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/differences/mergedrows.h"
-#include "ttconfig/tables/creditfacts.h"
+#include "ttconfig/tables/creditlists.h"
 
 namespace ttconfig {
 
@@ -21,17 +20,20 @@ namespace {
 using namespace ttservice::internal;
 using standin::SettingsEntry;
 
-std::optional<Place> entryPlace(const SettingsEntry* entry) {
-    return entry == nullptr ? std::optional<Place>() : valuePlace(*entry);
+// Where the row says what it says of a platform: at the first of the entries that count, or with its value.
+std::optional<Place> entryPlace(const CreditTable& table, const std::vector<std::string_view>* entries) {
+    if (table.row == nullptr) return std::nullopt;
+    return entries == nullptr ? valuePlace(*table.row) : placeInValue(*table.row, entries->front());
 }
 
 // --- concentration ratios
 
 // As isUseConcentrationRatioPts answers: whether there are ratios, and the two.
-Said concentration(const ConcentrationFacts& facts, const std::size_t* number) {
-    if (number == nullptr) return {Answer::array({false, 0.0, 0.0}), entryPlace(facts.entry)};
-    const ConcentrationFact& item = facts.items[*number];
-    return {Answer::array({true, looseDouble(item.entry.ratios[0]), looseDouble(item.entry.ratios[1])}), item.place};
+Said concentration(const CreditTable& table, const std::vector<std::string_view>* entries) {
+    ConcentrationEntry entry;
+    if (entries != nullptr) entry = concentrationEntry(entries->front());
+    return {Answer::array({entries != nullptr, looseDouble(entry.ratios[0]), looseDouble(entry.ratios[1])}),
+            entryPlace(table, entries)};
 }
 
 bool isSameRatio(const Answer& left, const Answer& right) {
@@ -39,18 +41,27 @@ bool isSameRatio(const Answer& left, const Answer& right) {
            isSameNumber(left[2].get<double>(), right[2].get<double>());
 }
 
+// Walks through the platforms that the key names in one of the texts: sink(platform, old table, its entries there, new
+// table, its entries there).
+template <typename Sink>
+void compareCredit(const TextPair& texts, const SettingKey& key, const std::vector<int>& wanted, Sink&& sink) {
+    if (entriesOf(texts, key).sayTheSame()) return;
+    const CreditTable before = creditTable(texts.before, key);
+    const CreditTable after = creditTable(texts.after, key);
+    mergeByKey(before.byPlatform, after.byPlatform, [&](int platform, const auto* old, const auto* now) {
+        if (isWanted(wanted, platform)) sink(platform, before, old, after, now);
+    });
+}
+
 void tellConcentration(const TextPair& texts, const std::vector<int>& wanted, const ChangeSink& tell) {
-    if (entriesOf(texts, keys::concentrationRatio).sayTheSame()) return;
-    const ConcentrationFacts before = concentrationFacts(texts.before);
-    const ConcentrationFacts after = concentrationFacts(texts.after);
-    mergeByKey(before.byPlatform, after.byPlatform,
-               [&](int platform, const std::size_t* oldNumber, const std::size_t* newNumber) {
-                   Said old = concentration(before, oldNumber);
-                   Said now = concentration(after, newNumber);
-                   if (!isWanted(wanted, platform) || isSameRatio(old.answer, now.answer)) return;
-                   tell(changeOf(ChangeTopic::PlatformList, platform, "isUseConcentrationRatioPts", std::move(old),
-                                 std::move(now)));
-               });
+    compareCredit(texts, keys::concentrationRatio, wanted,
+                  [&](int platform, const auto& before, const auto* old, const auto& after, const auto* now) {
+                      Said left = concentration(before, old);
+                      Said right = concentration(after, now);
+                      if (isSameRatio(left.answer, right.answer)) return;
+                      tell(changeOf(ChangeTopic::PlatformList, platform, "isUseConcentrationRatioPts", std::move(left),
+                                    std::move(right)));
+                  });
 }
 
 // --- codes and funds of platforms
@@ -63,18 +74,14 @@ struct PlatformNames {
     std::optional<Place> place;  // of the list as a whole, for the names that it does not have
 };
 
-Names namesOf(const CollateralSaleFacts& facts, const std::vector<std::size_t>& items) {
-    Names names;
-    for (const std::size_t number : items) {
-        splitDropEmpty(facts.items[number].entry.payload, ',',
-                       [&](std::string_view code) { names.emplace(code, placeInValue(*facts.entry, code)); });
+PlatformNames saleCodes(const CreditTable& table, const std::vector<std::string_view>* entries) {
+    PlatformNames list{{}, entryPlace(table, entries)};
+    if (entries == nullptr) return list;
+    for (const std::string_view entry : *entries) {
+        splitDropEmpty(collateralSaleEntry(entry).payload, ',',
+                       [&](std::string_view code) { list.names.emplace(code, placeInValue(*table.row, code)); });
     }
-    return names;
-}
-
-PlatformNames saleCodes(const CollateralSaleFacts& facts, const std::vector<std::size_t>* items) {
-    if (items == nullptr) return {{}, entryPlace(facts.entry)};
-    return {namesOf(facts, *items), facts.items[items->front()].place};
+    return list;
 }
 
 // Where the name stands in the list; null when it does not.
@@ -83,18 +90,17 @@ Said listedIn(const PlatformNames& list, const Place* place) {
 }
 
 void tellCollateralSale(const TextPair& texts, const std::vector<int>& wanted, const ChangeSink& tell) {
-    if (entriesOf(texts, keys::collateralSaleRepay).sayTheSame()) return;
-    const CollateralSaleFacts before = collateralSaleFacts(texts.before);
-    const CollateralSaleFacts after = collateralSaleFacts(texts.after);
-    mergeByKey(before.byPlatform, after.byPlatform, [&](int platform, const auto* oldItems, const auto* newItems) {
-        if (!isWanted(wanted, platform)) return;
-        const PlatformNames old = saleCodes(before, oldItems);
-        const PlatformNames now = saleCodes(after, newItems);
-        mergeByKey(old.names, now.names, [&](std::string_view code, const Place* left, const Place* right) {
-            tellIfChanged(ChangeTopic::PlatformList, platform, "isRepayDebtByCollateralSell " + std::string(code),
-                          listedIn(old, left), listedIn(now, right), tell);
-        });
-    });
+    compareCredit(texts, keys::collateralSaleRepay, wanted,
+                  [&](int platform, const auto& before, const auto* old, const auto& after, const auto* now) {
+                      const PlatformNames left = saleCodes(before, old);
+                      const PlatformNames right = saleCodes(after, now);
+                      mergeByKey(left.names, right.names,
+                                 [&](std::string_view code, const Place* oldPlace, const Place* newPlace) {
+                                     tellIfChanged(ChangeTopic::PlatformList, platform,
+                                                   "isRepayDebtByCollateralSell " + std::string(code),
+                                                   listedIn(left, oldPlace), listedIn(right, newPlace), tell);
+                                 });
+                  });
 }
 
 // --- funds that are paid from the lending balance first

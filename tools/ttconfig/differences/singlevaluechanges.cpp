@@ -1,15 +1,14 @@
 // Changes of single values: answers which of them differ, and which trade units with them.
 // Doors: tellSingleValueChanges().
-// Owns: nothing; which operations answer from which key is said in the key catalogue.
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencelists_test.cpp.
 
 #include <utility>
 
 #include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "traderbase/base/config/internal/text/splitting.h"
-#include "traderbase/base/config/internal/text/strictnumbers.h"
 #include "traderbase/base/config/internal/words/markets.h"
 #include "ttconfig/differences/changesink.h"
+#include "ttconfig/tables/single.h"
 
 namespace ttconfig {
 
@@ -18,27 +17,6 @@ namespace {
 using namespace ttservice::internal;
 
 constexpr std::string_view kMainSection = "setting";
-
-int integerOf(const SettingKey& key, std::string_view value) {
-    return strictInt(value).value_or(valueWhenMissing<int>(key));
-}
-
-// What the operations that feed on the key alone answer.
-Answer answerOf(const SettingKey& key, std::string_view value) {
-    switch (key.grammar) {
-        case ValueGrammar::Flag:
-            return integerOf(key, value) == 1;
-        case ValueGrammar::Integer:
-            return integerOf(key, value);
-        default:
-            return std::string(value);
-    }
-}
-
-bool isSingleValue(const SettingKey& key) {
-    return key.grammar == ValueGrammar::Flag || key.grammar == ValueGrammar::Integer ||
-           key.grammar == ValueGrammar::Text;
-}
 
 // The market whose new bond rules the key switches on; empty for every other key.
 std::string_view bondMarket(const SettingKey& key) {
@@ -84,14 +62,14 @@ void tellValue(const SettingKey& key, const Change& change, const ChangeSink& te
 
 void tellSingleValueChanges(const TextPair& texts, const ChangeSink& tell) {
     for (const SettingKey& key : kSettingKeys) {
-        if (!isSingleValue(key) || key.key == "*") continue;
+        if (!isSingleValue(key)) continue;
         const EntryPair entries = entriesOf(texts, key);
         std::string subject = key.section == kMainSection
                                   ? std::string(key.key)
                                   : "[" + std::string(key.section) + "] " + std::string(key.key);
         tellIfChanged(ChangeTopic::SingleValue, std::move(subject), {},
-                      {answerOf(key, entries.oldValue()), entries.oldPlace()},
-                      {answerOf(key, entries.newValue()), entries.newPlace()},
+                      {singleValue(key, entries.before).answer, entries.oldPlace()},
+                      {singleValue(key, entries.after).answer, entries.newPlace()},
                       [&key, &tell](const Change& change) { tellValue(key, change, tell); });
     }
 }

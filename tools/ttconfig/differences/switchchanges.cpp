@@ -1,16 +1,15 @@
 // Changes of switches: answers which platforms a switch lists in one text and not in the other.
 // Doors: switchChanges(), asChange().
-// Owns: nothing; lists are read for the keys whose values differ.
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencelists_test.cpp.
 
 #include <algorithm>
 #include <tuple>
 #include <unordered_set>
 
-#include "traderbase/base/config/internal/platforms/platformlist.h"
 #include "traderbase/base/config/internal/switches/platformswitchtable.h"
 #include "ttconfig/differences/changesink.h"
 #include "ttconfig/differences/mergedrows.h"
+#include "ttconfig/tables/platformlist.h"
 
 namespace ttconfig {
 
@@ -35,8 +34,8 @@ bool lessListed(const Listed& left, const Listed& right) {
 void listPlatforms(const SettingsEntry* entry, std::vector<Listed>& list) {
     list.clear();
     if (entry == nullptr) return;
-    forEachPlatformPiece(entry->value, [&](std::string_view piece, std::optional<int> platform) {
-        if (platform) list.push_back({*platform, placeInValue(*entry, piece)});
+    forEachListed(*entry, [&list](const ListedPlatform& piece) {
+        if (piece.platform) list.push_back({*piece.platform, piece.place});
     });
     keepFirstOfEqual(list, lessListed);
 }

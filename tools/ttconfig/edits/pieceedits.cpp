@@ -1,5 +1,5 @@
 // Edits of pieces: answers which pieces of a value have to change for an answer that is made of several of them.
-// Doors: suggestPieces(), wholeValue().
+// Doors: suggestPieces(), wholeValue(), withPieces().
 // Owns: nothing.
 // Covered by tests/tools/ttconfig/whynot_test.cpp and whynotpairs_test.cpp.
 
@@ -262,6 +262,20 @@ std::string wholeValue(const WantedPieces& wanted) {
         text += wanted.written(i, {});
     }
     return asValue(wanted, wanted.count, std::move(text));
+}
+
+std::string withPieces(std::string_view value, char separator,
+                       const std::function<std::optional<std::string>(std::string_view piece)>& become) {
+    std::string all;
+    bool isFirst = true;
+    ttservice::internal::splitKeepEmpty(value, separator, [&](std::string_view piece) {
+        const auto text = become(piece);
+        if (!text) return;
+        if (!isFirst) all += separator;
+        all += *text;
+        isFirst = false;
+    });
+    return all;
 }
 
 bool saysAll(const WantedPieces& wanted, std::string_view value) {

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,6 +43,10 @@ std::string wholeValue(const WantedPieces& wanted);
 
 // Whether the value says it all as it is, and nothing else.
 bool saysAll(const WantedPieces& wanted, std::string_view value);
+
+// The value with what each of its pieces becomes; pieces that become nothing are left out.
+std::string withPieces(std::string_view value, char separator,
+                       const std::function<std::optional<std::string>(std::string_view piece)>& become);
 
 // Edits of the piece of the entry's value that holds such pieces: some of them, next to each other, taken out, put in
 // or put in each other's place. Those that change the fewest bytes are entered.

@@ -12,9 +12,10 @@
 #include <vector>
 
 #include "traderbase/base/config/internal/keys/settingkeys.h"
-#include "traderbase/base/config/internal/platforms/perplatformlist.h"
-#include "traderbase/base/config/internal/platforms/platformlist.h"
 #include "traderbase/base/config/internal/switches/platformswitchtable.h"
+#include "ttconfig/tables/platformlist.h"
+#include "ttconfig/tables/platformvalues.h"
+#include "ttconfig/tables/single.h"
 #include "ttconfig/text/nearestname.h"
 #include "ttconfig/text/showntext.h"
 
@@ -30,85 +31,9 @@ using standin::SettingsText;
 
 constexpr std::string_view kMainSection = "setting";
 
-std::string_view valueOf(const SettingsText& text, const SettingKey& row) {
-    const SettingsEntry* entry = text.findEntry(row.section, row.key);
-    return entry == nullptr ? std::string_view() : entry->value;
-}
-
 std::string keyLabel(const SettingKey& row) {
     return row.section == kMainSection ? std::string(row.key)
                                        : "[" + std::string(row.section) + "] " + std::string(row.key);
-}
-
-// --- single values
-
-template <typename Value>
-void addNumber(const SettingKey& row, std::string_view written, Table& table) {
-    const auto value = strictValue<Value>(written);
-    const Value counted = value.value_or(valueWhenMissing<Value>(row));
-    table.rows.push_back({keyLabel(row), counted, value ? "from the file" : "default"});
-}
-
-void addFlag(const SettingKey& row, std::string_view written, Table& table) {
-    const auto value = strictInt(written);
-    const bool counted = value.value_or(valueWhenMissing<int>(row)) == 1;
-    table.rows.push_back({keyLabel(row), counted, value ? "from the file" : "default"});
-}
-
-void addSingleValue(const SettingsText& text, const SettingKey& row, Table& table) {
-    const std::string_view written = valueOf(text, row);
-    if (row.grammar == ValueGrammar::Flag) addFlag(row, written, table);
-    if (row.grammar == ValueGrammar::Integer) addNumber<int>(row, written, table);
-    if (row.grammar == ValueGrammar::Decimal) addNumber<double>(row, written, table);
-    if (row.grammar == ValueGrammar::Text) {
-        const char* source = text.findEntry(row.section, row.key) == nullptr ? "default" : "from the file";
-        table.rows.push_back({keyLabel(row), std::string(written), source});
-    }
-}
-
-// --- values by platform
-
-// The first load's outcome for a list: a default that it does not give is what the store is born with.
-template <typename Value>
-struct PlatformValues {
-    Value builtIn;
-    PerPlatformTable<Value> table;
-
-    void enter(std::string_view text) {
-        const auto item = perPlatformItem<Value>(text);
-        if (item.kind == PerPlatformItemKind::Entry) table.byPlatform[item.platform] = item.value;
-        if (item.kind == PerPlatformItemKind::Default) table.byDefault = item.value;
-        if (item.kind == PerPlatformItemKind::BuiltInDefault) table.byDefault = builtIn;
-    }
-};
-
-enum class EmptyItems { Squeezed, Kept };
-
-template <typename Value>
-void addPlatformValues(const SettingsText& text, const SettingKey& row, EmptyItems emptyItems, Table& table) {
-    PlatformValues<Value> values{valueWhenMissing<Value>(row), {}};
-    const auto enter = [&values](std::string_view item) { values.enter(item); };
-    if (emptyItems == EmptyItems::Kept) splitKeepEmpty(valueOf(text, row), ';', enter);
-    if (emptyItems == EmptyItems::Squeezed) splitSqueezed(valueOf(text, row), ';', enter);
-    Answer platforms = Answer::object();
-    for (const auto& [platform, value] : values.table.byPlatform)
-        platforms[std::to_string(platform)] = value;
-    table.rows.push_back({keyLabel(row), values.table.byDefault, platforms});
-}
-
-void addPlatformValue(const SettingsText& text, const SettingKey& row, Table& table) {
-    switch (row.grammar) {
-        case ValueGrammar::PerPlatformFlag:
-            return addPlatformValues<bool>(text, row, EmptyItems::Squeezed, table);
-        case ValueGrammar::PerPlatformInteger:
-            return addPlatformValues<int>(text, row, EmptyItems::Squeezed, table);
-        case ValueGrammar::PerPlatformFlagKeepEmpty:
-            return addPlatformValues<bool>(text, row, EmptyItems::Kept, table);
-        case ValueGrammar::PerPlatformDecimalKeepEmpty:
-            return addPlatformValues<double>(text, row, EmptyItems::Kept, table);
-        default:
-            return;
-    }
 }
 
 // --- what is passed over
@@ -167,10 +92,10 @@ void passKeys(const SettingsSection& section, Table& table) {
 
 void passSwitchPieces(const SettingsText& text, Table& table) {
     for (const PlatformSwitch& row : kPlatformSwitches) {
-        const SettingsEntry* entry = text.findEntry(kMainSection, row.key);
+        const SettingsEntry* entry = listEntry(text, row.key);
         if (entry == nullptr) continue;
-        forEachPlatformPiece(entry->value, [&](std::string_view piece, std::optional<int> platform) {
-            if (!platform) pass(entry->line, entry->key, shownText(piece) + " is no platform ID", table);
+        forEachListed(*entry, [&](const ListedPlatform& listed) {
+            if (!listed.platform) pass(entry->line, entry->key, shownText(listed.piece) + " is no platform ID", table);
         });
     }
 }
@@ -191,12 +116,7 @@ Table sectionsOf(const SettingsText& text) {
 Table switchesOf(const SettingsText& text) {
     Table table{"switches", "", {"key", "platforms"}, {}};
     for (const PlatformSwitch& row : kPlatformSwitches) {
-        const SettingsEntry* entry = text.findEntry(kMainSection, row.key);
-        if (entry == nullptr) continue;
-        Answer platforms = Answer::array();
-        forEachPlatformPiece(entry->value, [&platforms](std::string_view, std::optional<int> platform) {
-            if (platform) platforms.push_back(*platform);
-        });
+        const Answer platforms = platformsOf(listEntry(text, row.key));
         if (!platforms.empty()) table.rows.push_back({std::string(row.key), platforms});
     }
     table.title = "Switches in use, " + std::to_string(table.rows.size()) + " of " +
@@ -207,7 +127,9 @@ Table switchesOf(const SettingsText& text) {
 Table singleValuesOf(const SettingsText& text) {
     Table table{"values", "Single values", {"key", "value", "source"}, {}};
     for (const SettingKey& row : kSettingKeys) {
-        if (row.key != "*" && !row.feeds.empty()) addSingleValue(text, row, table);
+        if (!isSingleValue(row) || row.feeds.empty()) continue;
+        const SingleValue value = singleValue(row, text.findEntry(row.section, row.key));
+        table.rows.push_back({keyLabel(row), value.answer, value.isGiven ? "from the file" : "default"});
     }
     return table;
 }
@@ -216,7 +138,12 @@ Table platformValuesOf(const SettingsText& text) {
     Table table{
         "platformValues", "Values by platform: all others, then those named", {"key", "others", "platforms"}, {}};
     for (const SettingKey& row : kSettingKeys) {
-        if (row.key != "*" && !row.feeds.empty()) addPlatformValue(text, row, table);
+        if (!isPerPlatform(row.grammar) || row.feeds.empty()) continue;
+        const PlatformValueTable values = platformValues(text, row);
+        Answer platforms = Answer::object();
+        for (const auto& [platform, item] : values.byPlatform)
+            platforms[std::to_string(platform)] = numberAnswer(row, item.value);
+        table.rows.push_back({keyLabel(row), numberAnswer(row, values.defaultNumber()), platforms});
     }
     return table;
 }

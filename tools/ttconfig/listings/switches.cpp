@@ -7,7 +7,7 @@
 #include "ttconfig/listings/listings.h"
 #include "ttconfig/settings/settingsfile.h"
 #include "ttconfig/settings/startup.h"
-#include "ttconfig/tables/switchfacts.h"
+#include "ttconfig/tables/platformlist.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/placecolumn.h"
 #include "ttconfig/text/table.h"
@@ -41,12 +41,12 @@ Table switchTable() {
 Table switchTableFor(int platform, const standin::SettingsText& text) {
     Table table{"switches", "", {"key", "predicate", "answer", "line", "column", "true when", "meaning"}, {}};
     for (const PlatformSwitch& row : kPlatformSwitches) {
-        const SwitchList list = switchList(text, row.key);
-        const ListedPlatform* listed = list.find(platform);
+        const standin::SettingsEntry* entry = listEntry(text, row.key);
+        const auto listed = findListed(entry, platform);
         const bool whenListed = row.sense == SwitchSense::Listed;
         std::optional<Place> place;
-        if (list.entry != nullptr) place = listed != nullptr ? listed->place : valuePlace(*list.entry);
-        table.rows.push_back({std::string(row.key), std::string(row.predicate), (listed != nullptr) == whenListed,
+        if (entry != nullptr) place = listed ? listed->place : valuePlace(*entry);
+        table.rows.push_back({std::string(row.key), std::string(row.predicate), listed.has_value() == whenListed,
                               place ? Answer(place->line) : Answer(), place ? Answer(place->column) : Answer(),
                               whenListed ? "listed" : "not listed", std::string(row.meaning)});
     }

@@ -1,6 +1,5 @@
 // Reasons of the credit lists: which entry gives a platform its ratios, and which says that a sale repays debt.
 // Doors: addCreditReasons().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
 #include <optional>
@@ -10,7 +9,7 @@
 #include "ttconfig/edits/pieceedits.h"
 #include "ttconfig/reasons/explainedcalls.h"
 #include "ttconfig/reasons/telling.h"
-#include "ttconfig/tables/creditfacts.h"
+#include "ttconfig/tables/creditlists.h"
 #include "ttconfig/text/showntext.h"
 
 namespace ttconfig {
@@ -24,6 +23,11 @@ using internal::SettingKey;
 
 std::string entryName(const internal::CreditEntry& entry) {
     return "the entry " + shownText(entry.text);
+}
+
+// Whether the entry is about the platform, too short ones included.
+bool isAbout(const internal::CreditEntry& entry, int platform) {
+    return entry.kind != CreditEntryKind::NoPlatform && entry.platform == platform;
 }
 
 // An entry added to the key's value, or the value when there is none.
@@ -40,61 +44,40 @@ void suggestEntry(const Question& question, const SettingKey& key, const std::st
 
 // --- concentration ratios
 
-Answer ratiosAnswer(bool isListed, double first, double second) {
-    return {isListed, first, second};
-}
-
-// Whether the entry is about the platform, too short ones included.
-bool isOfPlatform(const internal::CreditEntry& entry, int platform) {
-    return entry.kind != CreditEntryKind::NoPlatform && entry.platform == platform;
-}
-
-// The last entry of the platform.
-std::optional<ConcentrationFact> findConcentration(const standin::SettingsEntry& row, int platform) {
-    std::optional<ConcentrationFact> found;
-    forEachConcentration(row, [&](const ConcentrationFact& item) {
-        if (item.entry.kind == CreditEntryKind::Entry && item.entry.platform == platform) found = item;
-    });
-    return found;
-}
-
-// Entries of the platform that do not count.
-void addConcentrations(const standin::SettingsEntry& row, int platform, const std::optional<ConcentrationFact>& winner,
-                       Explanation& explanation) {
-    forEachConcentration(row, [&](const ConcentrationFact& item) {
-        if (!isOfPlatform(item.entry, platform) || (winner && winner->place == item.place)) return;
-        lose(explanation, [&] {
-            return Candidate{Reason::PerPlatformValue, entryName(item.entry), item.place,
-                             item.entry.kind == CreditEntryKind::TooFewFields ? "less than two numbers: passed over"
-                                                                              : "overwritten by a later entry"};
-        });
-    });
+Answer ratiosAnswer(bool isListed, std::string_view first, std::string_view second) {
+    return {isListed, internal::looseDouble(first), internal::looseDouble(second)};
 }
 
 Explanation explainConcentration(const Question& question) {
     const SettingKey& key = keys::concentrationRatio;
-    const standin::SettingsEntry* row = entryOf(question, key);
     const int platform = question.number(0);
-    Explanation explanation;
-    explanation.answer = ratiosAnswer(false, 0.0, 0.0);
-    if (row == nullptr) {
-        explanation.reason = Reason::KeyAbsent;
-        explanation.rule = "there is no key " + nameOf(key);
-        return explanation;
+    const CreditTable table = creditTable(question.settings(), key, platform);
+    const Answer none = ratiosAnswer(false, {}, {});
+    if (table.row == nullptr) return {none, Reason::KeyAbsent, "there is no key " + nameOf(key), std::nullopt, {}, 0};
+    Explanation explanation{none,
+                            Reason::NotListed,
+                            nameOf(key) + " has no entry for " + platformName(platform),
+                            valuePlace(*table.row),
+                            {},
+                            0};
+    for (const auto& [named, entries] : table.byPlatform) {
+        const internal::ConcentrationEntry entry = internal::concentrationEntry(entries.back());
+        explanation = {ratiosAnswer(true, entry.ratios[0], entry.ratios[1]),
+                       Reason::PerPlatformValue,
+                       nameOf(key) + " has an entry for " + platformName(named),
+                       placeInValue(*table.row, entry.text),
+                       {},
+                       0};
     }
-    const auto found = findConcentration(*row, platform);
-    if (found) {
-        explanation.answer = ratiosAnswer(true, internal::looseDouble(found->entry.ratios[0]),
-                                          internal::looseDouble(found->entry.ratios[1]));
-        explanation.reason = Reason::PerPlatformValue;
-        explanation.rule = nameOf(key) + " has an entry for " + platformName(platform);
-        explanation.place = found->place;
-    } else {
-        explanation.reason = Reason::NotListed;
-        explanation.rule = nameOf(key) + " has no entry for " + platformName(platform);
-        explanation.place = valuePlace(*row);
-    }
-    addConcentrations(*row, platform, found, explanation);
+    forEachCreditItem(*table.row, key, [&](const CreditItem& item) {
+        const bool counts = explanation.reason == Reason::PerPlatformValue && explanation.place == item.place;
+        if (!isAbout(item, platform) || counts) return;
+        lose(explanation, [&] {
+            return Candidate{Reason::PerPlatformValue, entryName(item), item.place,
+                             item.kind == CreditEntryKind::TooFewFields ? "less than two numbers: passed over"
+                                                                        : "overwritten by a later entry"};
+        });
+    });
     addRepeats(question, key, explanation);
     return explanation;
 }
@@ -108,9 +91,9 @@ void suggestMeantRatios(const Question& question, int platform, const std::vecto
     const standin::SettingsEntry* row = entryOf(question, keys::concentrationRatio);
     if (row == nullptr) return;
     edits.reaching({});
-    forEachConcentration(*row, [&](const ConcentrationFact& item) {
-        const bool isMeant = item.entry.kind == CreditEntryKind::TooFewFields && item.entry.platform == platform;
-        if (isMeant) edits.replacePiece(*row, item.entry.payload, newRatios(ratios));
+    forEachCreditItem(*row, keys::concentrationRatio, [&](const CreditItem& item) {
+        const bool isMeant = item.kind == CreditEntryKind::TooFewFields && item.platform == platform;
+        if (isMeant) edits.replacePiece(*row, item.payload, newRatios(ratios));
     });
 }
 
@@ -119,14 +102,12 @@ std::string writtenRatios(int platform, const std::vector<std::string>& ratios, 
     const internal::ConcentrationEntry entry = internal::concentrationEntry(old);
     const bool isOld = entry.kind == CreditEntryKind::Entry && entry.platform == platform;
     if (!isOld) return std::to_string(platform) + ":" + newRatios(ratios);
-    std::string text(old.substr(0, old.size() - entry.payload.size()));
     std::size_t number = 0;
-    internal::splitKeepEmpty(entry.payload, ',', [&](std::string_view field) {
-        text.append(number == 0 ? "" : ",");
-        text += number < ratios.size() ? writtenLike(field, FieldKind::Decimal, ratios[number]) : std::string(field);
-        ++number;
+    const std::string fields = withPieces(entry.payload, ',', [&](std::string_view field) {
+        const bool isRatio = number < ratios.size();
+        return std::optional(isRatio ? writtenLike(field, FieldKind::Decimal, ratios[number++]) : std::string(field));
     });
-    return text;
+    return std::string(old.substr(0, old.size() - entry.payload.size())) + fields;
 }
 
 void suggestConcentration(const Question& question, const Wanted& wanted, Edits& edits) {
@@ -177,12 +158,12 @@ Explanation explainCollateralSale(const Question& question) {
     if (row == nullptr) return decided(false, Reason::KeyAbsent, "there is no key " + nameOf(key));
     Explanation explanation =
         decided(false, Reason::NotListed, nameOf(key) + " does not list " + what, valuePlace(*row));
-    forEachCollateralSale(*row, [&](const CollateralSaleFact& item) {
-        if (!isOfPlatform(item.entry, question.number(0))) return;
-        const std::string_view code = codeIn(item.entry, question.text(1));
+    forEachCreditItem(*row, keys::collateralSaleRepay, [&](const CreditItem& item) {
+        if (!isAbout(item, question.number(0))) return;
+        const std::string_view code = codeIn(item, question.text(1));
         if (code.data() == nullptr) {
             lose(explanation, [&] {
-                return Candidate{Reason::Listed, entryName(item.entry), item.place, "does not have the code"};
+                return Candidate{Reason::Listed, entryName(item), item.place, "does not have the code"};
             });
         } else if (explanation.reason == Reason::Listed) {
             lose(explanation, {Reason::Listed, "the code once more", placeInValue(*row, code), "changes nothing"});
@@ -200,22 +181,14 @@ Explanation explainCollateralSale(const Question& question) {
 
 // The value without the code in the platform's entries.
 std::string valueWithoutCode(const standin::SettingsEntry& row, int platform, std::string_view code) {
-    std::string value;
-    forEachCollateralSale(row, [&](const CollateralSaleFact& item) {
-        if (item.entry.text.data() != row.value.data()) value += ';';
-        if (!isOfPlatform(item.entry, platform)) {
-            value += item.entry.text;
-            return;
-        }
-        value += item.entry.text.substr(0, item.entry.text.size() - item.entry.payload.size());
-        bool isFirst = true;
-        internal::splitKeepEmpty(item.entry.payload, ',', [&](std::string_view each) {
-            if (each == code) return;
-            value.append(isFirst ? "" : ",").append(each);
-            isFirst = false;
+    return withPieces(row.value, ';', [&](std::string_view text) {
+        const internal::CreditEntry entry = internal::collateralSaleEntry(text);
+        if (!isAbout(entry, platform)) return std::optional<std::string>(text);
+        const std::string codes = withPieces(entry.payload, ',', [&](std::string_view each) {
+            return each == code ? std::nullopt : std::optional<std::string>(each);
         });
+        return std::optional(std::string(text.substr(0, text.size() - entry.payload.size())) + codes);
     });
-    return value;
 }
 
 void suggestCollateralSale(const Question& question, const Wanted& wanted, Edits& edits) {
@@ -233,10 +206,10 @@ void suggestCollateralSale(const Question& question, const Wanted& wanted, Edits
     }
     suggestEntry(question, keys::collateralSaleRepay, std::to_string(platform) + ":" + code, edits);
     if (row == nullptr) return;
-    forEachCollateralSale(*row, [&](const CollateralSaleFact& item) {
-        if (!isOfPlatform(item.entry, platform)) return;
-        const char* separator = item.entry.payload.empty() ? "" : ",";
-        edits.replacePiece(*row, item.entry.text, std::string(item.entry.text) + separator + code);
+    forEachCreditItem(*row, keys::collateralSaleRepay, [&](const CreditItem& item) {
+        if (!isAbout(item, platform)) return;
+        const char* separator = item.payload.empty() ? "" : ",";
+        edits.replacePiece(*row, item.text, std::string(item.text) + separator + code);
     });
 }
 

@@ -1,12 +1,12 @@
 // Reasons of the values by platform: why a platform has a value, and whether a value names it.
 // Doors: addPlatformValueReasons().
-// Owns: which operation answers from which key.
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
 #include "ttconfig/edits/fieldtexts.h"
+#include "ttconfig/edits/pieceedits.h"
 #include "ttconfig/reasons/explainedcalls.h"
 #include "ttconfig/reasons/telling.h"
-#include "ttconfig/tables/platformvaluefacts.h"
+#include "ttconfig/tables/platformvalues.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/showntext.h"
 
@@ -15,70 +15,47 @@ namespace ttconfig {
 namespace {
 
 namespace internal = ttservice::internal;
-namespace keys = ttservice::internal::keys;
 using internal::PerPlatformItemKind;
 using internal::SettingKey;
 
-// What an operation answers for a value of its table.
-template <typename Value>
-using AnswerFor = Answer (*)(Value value);
-
-template <typename Value>
-Answer asItIs(Value value) {
-    return Answer(value);
-}
-
-Answer isNotZero(int value) {
-    return value != 0;
-}
-
-bool isDefaultKind(PerPlatformItemKind kind) {
-    return kind == PerPlatformItemKind::Default || kind == PerPlatformItemKind::BuiltInDefault;
-}
-
 // A question about one platform, and the items that count for it.
-template <typename Value>
 struct ValueQuestion {
-    using Item = PlatformValueItem<Value>;
-
     const Question& question;
+    const PlatformQuestion& asked;
     const SettingKey& key;
     int platform;
-    AnswerFor<Value> answer;
+    PlatformValueTable values;
     const standin::SettingsEntry* entry;
-    std::optional<Item> own;        // the last one of the platform
-    std::optional<Item> byDefault;  // the last one that says the default
+    const PlatformItem* own;  // null when no item names the platform
 
-    ValueQuestion(const Question& asked, const SettingKey& settingKey, AnswerFor<Value> answerFor)
-        : question(asked),
-          key(settingKey),
-          platform(asked.number(0)),
-          answer(answerFor),
-          entry(entryOf(asked, settingKey)) {
-        forEachItem([this](const Item& item) {
-            if (item.read.kind == PerPlatformItemKind::Entry && item.read.platform == platform) own = item;
-            if (isDefaultKind(item.read.kind)) byDefault = item;
-        });
-    }
+    ValueQuestion(const Question& call, const PlatformQuestion& operation)
+        : question(call),
+          asked(operation),
+          key(*operation.key),
+          platform(call.number(0)),
+          values(platformValues(call.settings(), key, platform)),
+          entry(values.entry),
+          own(values.find(platform)) {}
 
     template <typename Sink>
     void forEachItem(Sink&& sink) const {
-        if (entry != nullptr) forEachPlatformItem<Value>(*entry, key, sink);
+        if (entry != nullptr) forEachPlatformItem(*entry, key, sink);
     }
 
-    Value defaultValue() const {
-        const Value builtIn = internal::valueWhenMissing<Value>(key);
-        if (entry == nullptr) return builtIn;
-        if (!byDefault) return Value();
-        return byDefault->read.kind == PerPlatformItemKind::BuiltInDefault ? builtIn : byDefault->read.value;
+    bool isCounted(const PlatformItem& item) const {
+        return (own != nullptr && own->place == item.place) ||
+               (values.byDefault && values.byDefault->place == item.place);
     }
 };
 
+bool namesNoPlatform(const PlatformItem& item) {
+    return item.text.find(':') == std::string_view::npos;
+}
+
 // Whether a bad item was meant for the platform.
-template <typename Value>
-bool isMeantFor(const internal::PerPlatformItem<Value>& item, int platform) {
+bool isMeantFor(const PlatformItem& item, int platform) {
     if (item.kind == PerPlatformItemKind::BadValue) {
-        return item.text.find(':') != std::string_view::npos && item.platform == platform;
+        return !namesNoPlatform(item) && item.platform == platform;
     }
     return item.kind == PerPlatformItemKind::BadPlatform && internal::looseInt(item.text) == platform;
 }
@@ -88,54 +65,41 @@ std::string itemName(std::string_view text) {
 }
 
 // Items of the platform that do not count.
-template <typename Value>
-void addPlatformItems(const ValueQuestion<Value>& asked, Explanation& explanation) {
-    asked.forEachItem([&](const PlatformValueItem<Value>& item) {
-        const auto& read = item.read;
-        if (isMeantFor(read, asked.platform)) {
-            lose(explanation, [&] {
-                return Candidate{Reason::PerPlatformValue, itemName(read.text), item.place,
-                                 read.kind == PerPlatformItemKind::BadPlatform
-                                     ? "does not start with a platform ID: passed over"
-                                     : "has no value of the key's kind: passed over"};
-            });
-        } else if (read.kind == PerPlatformItemKind::Entry && read.platform == asked.platform &&
-                   asked.own->place != item.place) {
-            lose(explanation, [&] {
-                return Candidate{Reason::PerPlatformValue, itemName(read.text), item.place,
-                                 "overwritten by a later item"};
-            });
-        }
+void addPlatformItems(const ValueQuestion& asked, Explanation& explanation) {
+    asked.forEachItem([&](const PlatformItem& item) {
+        const bool isMeant = isMeantFor(item, asked.platform);
+        if (!isMeant && (!item.isEntryOf(asked.platform) || asked.isCounted(item))) return;
+        lose(explanation, [&] {
+            return Candidate{Reason::PerPlatformValue, itemName(item.text), item.place,
+                             !isMeant ? "overwritten by a later item"
+                             : item.kind == PerPlatformItemKind::BadPlatform
+                                 ? "does not start with a platform ID: passed over"
+                                 : "has no value of the key's kind: passed over"};
+        });
     });
 }
 
 // Default items that do not count; the one that would count if the platform had no item of its own says so.
-template <typename Value>
-void addDefaultItems(const ValueQuestion<Value>& asked, Explanation& explanation) {
-    asked.forEachItem([&](const PlatformValueItem<Value>& item) {
-        const auto& read = item.read;
-        const bool isBadDefault =
-            read.kind == PerPlatformItemKind::BadValue && read.text.find(':') == std::string_view::npos;
-        if (!isDefaultKind(read.kind) && !isBadDefault) return;
-        const bool counts = asked.byDefault && asked.byDefault->place == item.place;
-        if (counts && !asked.own) return;
+void addDefaultItems(const ValueQuestion& asked, Explanation& explanation) {
+    asked.forEachItem([&](const PlatformItem& item) {
+        const bool isBadDefault = item.kind == PerPlatformItemKind::BadValue && namesNoPlatform(item);
+        if (!item.saysDefault() && !isBadDefault) return;
+        const bool counts = asked.isCounted(item);
+        if (counts && asked.own == nullptr) return;
         lose(explanation, [&] {
-            const bool isBuiltIn = read.kind == PerPlatformItemKind::BuiltInDefault;
-            return Candidate{isBuiltIn ? Reason::BuiltInDefault : Reason::DefaultItem, itemName(read.text), item.place,
+            return Candidate{item.isBuiltInDefault() ? Reason::BuiltInDefault : Reason::DefaultItem,
+                             itemName(item.text), item.place,
                              isBadDefault ? "is no value of the key's kind: passed over"
-                             : counts     ? wouldBe(asked.answer(asked.defaultValue()))
+                             : counts     ? wouldBe(asked.values.answer(asked.asked, std::nullopt))
                                           : "overwritten by a later default"};
         });
     });
 }
 
-template <typename Value>
-Explanation explainDefault(const ValueQuestion<Value>& asked) {
-    const Value value = asked.defaultValue();
-    const std::string others = "for every platform that " + nameOf(asked.key) + " does not name";
+Explanation explainDefault(const ValueQuestion& asked) {
+    const std::string shown = answerText(numberAnswer(asked.key, asked.values.defaultNumber()));
     Explanation explanation;
-    explanation.answer = asked.answer(value);
-    const std::string shown = answerText(Answer(value));
+    explanation.answer = asked.values.answer(asked.asked, asked.platform);
     if (asked.entry == nullptr) {
         explanation.reason = Reason::BuiltInDefault;
         explanation.rule = "without " + nameOf(asked.key) + " it is " + shown;
@@ -144,26 +108,23 @@ Explanation explainDefault(const ValueQuestion<Value>& asked) {
     }
     lose(explanation,
          {Reason::PerPlatformValue, "an item for " + platformName(asked.platform), std::nullopt, "there is none"});
-    if (!asked.byDefault) {
+    explanation.place = asked.values.place(asked.platform);
+    if (!asked.values.byDefault) {
         explanation.reason = Reason::ConstructedValue;
         explanation.rule = "no item of " + nameOf(asked.key) + " says a default: a new store has " + shown;
-        explanation.place = valuePlace(*asked.entry);
         return explanation;
     }
-    const auto& item = *asked.byDefault;
-    const bool isBuiltIn = item.read.kind == PerPlatformItemKind::BuiltInDefault;
+    const bool isBuiltIn = asked.values.byDefault->isBuiltInDefault();
     explanation.reason = isBuiltIn ? Reason::BuiltInDefault : Reason::DefaultItem;
-    explanation.rule =
-        (isBuiltIn ? "an empty item says the built-in " : "an item without platform says ") + shown + " " + others;
-    explanation.place = item.place;
+    explanation.rule = (isBuiltIn ? "an empty item says the built-in " : "an item without platform says ") + shown +
+                       " for every platform that " + nameOf(asked.key) + " does not name";
     return explanation;
 }
 
-template <typename Value>
-Explanation explainValue(const ValueQuestion<Value>& asked) {
+Explanation explainValue(const ValueQuestion& asked) {
     Explanation explanation;
-    if (asked.own) {
-        explanation.answer = asked.answer(asked.own->read.value);
+    if (asked.own != nullptr) {
+        explanation.answer = asked.values.answer(asked.asked, asked.platform);
         explanation.reason = Reason::PerPlatformValue;
         explanation.rule = nameOf(asked.key) + " has an item for " + platformName(asked.platform);
         explanation.place = asked.own->place;
@@ -176,19 +137,16 @@ Explanation explainValue(const ValueQuestion<Value>& asked) {
     return explanation;
 }
 
-// --- whether a value names the platform
-
-template <typename Value>
-Explanation explainNamed(const ValueQuestion<Value>& asked) {
-    if (asked.entry == nullptr) return decided(false, Reason::KeyAbsent, "there is no key " + nameOf(asked.key));
+// Whether an item names the platform.
+Explanation explainNamed(const ValueQuestion& asked) {
+    const std::string name = nameOf(asked.key);
+    if (asked.entry == nullptr) return decided(false, Reason::KeyAbsent, "there is no key " + name);
+    const std::string platform = platformName(asked.platform);
     Explanation explanation =
-        asked.own
-            ? decided(
-                  true, Reason::Listed,
-                  nameOf(asked.key) + " has an item for " + platformName(asked.platform) + "; its value plays no part",
-                  asked.own->place)
-            : decided(false, Reason::NotListed, nameOf(asked.key) + " has no item for " + platformName(asked.platform),
-                      valuePlace(*asked.entry));
+        asked.own != nullptr
+            ? decided(true, Reason::Listed, name + " has an item for " + platform + "; its value plays no part",
+                      asked.own->place)
+            : decided(false, Reason::NotListed, name + " has no item for " + platform, valuePlace(*asked.entry));
     addPlatformItems(asked, explanation);
     addRepeats(asked.question, asked.key, explanation);
     return explanation;
@@ -197,26 +155,23 @@ Explanation explainNamed(const ValueQuestion<Value>& asked) {
 // --- edits
 
 // Items of the platform out of the value.
-template <typename Value>
-void suggestUnnaming(const ValueQuestion<Value>& asked, Edits& edits) {
-    std::string kept;
-    bool isFirst = true;
-    internal::splitKeepEmpty(asked.entry->value, ';', [&](std::string_view text) {
-        const auto item = internal::perPlatformItem<Value>(text);
-        if (item.kind == PerPlatformItemKind::Entry && item.platform == asked.platform) return;
-        kept.append(isFirst ? "" : ";").append(text);
-        isFirst = false;
+void suggestUnnaming(const ValueQuestion& asked, Edits& edits) {
+    const std::string kept = withPieces(asked.entry->value, ';', [&asked](std::string_view text) {
+        const auto item = platformItem(asked.key, text);
+        const bool names = item.kind == PerPlatformItemKind::Entry && item.platform == asked.platform;
+        return names ? std::nullopt : std::optional<std::string>(text);
     });
     edits.setValue(*asked.entry, kept);
 }
 
-template <typename Value>
-constexpr FieldKind kFieldKind = std::is_floating_point_v<Value> ? FieldKind::StrictDecimal : FieldKind::StrictInteger;
+FieldKind fieldKind(const SettingKey& key) {
+    return key.grammar == internal::ValueGrammar::PerPlatformDecimalKeepEmpty ? FieldKind::StrictDecimal
+                                                                              : FieldKind::StrictInteger;
+}
 
 // An item with that value: new, or in place of one that is or was meant to be for the platform.
-template <typename Value>
-void suggestItem(const ValueQuestion<Value>& asked, const std::string& value, Edits& edits) {
-    const std::string item = std::to_string(asked.platform) + ":" + writtenLike({}, kFieldKind<Value>, value);
+void suggestItem(const ValueQuestion& asked, const std::string& value, Edits& edits) {
+    const std::string item = std::to_string(asked.platform) + ":" + writtenLike({}, fieldKind(asked.key), value);
     if (asked.entry == nullptr) {
         edits.setValue(asked.key, item);
         return;
@@ -226,12 +181,12 @@ void suggestItem(const ValueQuestion<Value>& asked, const std::string& value, Ed
     edits.setValue(entry, all.empty() ? item : all + ";" + item);
     if (!all.empty()) edits.setValue(entry, item + ";" + all);
     if (!all.empty() && all.back() == ';') edits.setValue(entry, all + item);
-    asked.forEachItem([&](const PlatformValueItem<Value>& each) {
-        const bool isOfPlatform = each.read.kind == PerPlatformItemKind::Entry && each.read.platform == asked.platform;
-        if (!isOfPlatform && !isMeantFor(each.read, asked.platform)) return;
-        edits.replacePiece(entry, each.read.text, item);
-        const std::string_view old = each.read.text.substr(each.read.text.find(':') + 1);
-        if (isOfPlatform) edits.replacePiece(entry, old, writtenLike(old, kFieldKind<Value>, value));
+    asked.forEachItem([&](const PlatformItem& each) {
+        const bool isOfPlatform = each.isEntryOf(asked.platform);
+        if (!isOfPlatform && !isMeantFor(each, asked.platform)) return;
+        edits.replacePiece(entry, each.text, item);
+        const std::string_view old = each.text.substr(each.text.find(':') + 1);
+        if (isOfPlatform) edits.replacePiece(entry, old, writtenLike(old, fieldKind(asked.key), value));
     });
 }
 
@@ -241,18 +196,17 @@ std::string_view withSeparator(std::string_view value, std::string_view item) {
     return at == 0 ? value.substr(0, item.size() + 1) : value.substr(at - 1, item.size() + 1);
 }
 
-template <typename Value>
-void suggestDefault(const ValueQuestion<Value>& asked, const std::string& value, Edits& edits) {
-    const std::string text = writtenLike({}, kFieldKind<Value>, value);
+void suggestDefault(const ValueQuestion& asked, const std::string& value, Edits& edits) {
+    const std::string text = writtenLike({}, fieldKind(asked.key), value);
     edits.reaching("every platform that the value does not name");
     if (asked.entry == nullptr) {
         edits.setValue(asked.key, text);
         return;
     }
     const standin::SettingsEntry& entry = *asked.entry;
-    if (asked.byDefault) {
-        const std::string_view old = asked.byDefault->read.text;
-        edits.replacePiece(entry, old, writtenLike(old, kFieldKind<Value>, value));
+    if (asked.values.byDefault) {
+        const std::string_view old = asked.values.byDefault->text;
+        edits.replacePiece(entry, old, writtenLike(old, fieldKind(asked.key), value));
         edits.replacePiece(entry, withSeparator(entry.value, old), {});
     }
     edits.setValue(entry, std::string(entry.value) + ";" + text);
@@ -263,8 +217,7 @@ void suggestDefault(const ValueQuestion<Value>& asked, const std::string& value,
     edits.removeLine(entry);
 }
 
-template <typename Value>
-void suggestValue(const ValueQuestion<Value>& asked, const Wanted& wanted, Edits& edits) {
+void suggestValue(const ValueQuestion& asked, const Wanted& wanted, Edits& edits) {
     const auto flag = wanted.flag();
     const std::string text = flag ? (*flag ? "1" : "0") : wanted.text();
     suggestItem(asked, text, edits);
@@ -272,8 +225,7 @@ void suggestValue(const ValueQuestion<Value>& asked, const Wanted& wanted, Edits
     suggestDefault(asked, text, edits);
 }
 
-template <typename Value>
-void suggestNamed(const ValueQuestion<Value>& asked, const Wanted& wanted, Edits& edits) {
+void suggestNamed(const ValueQuestion& asked, const Wanted& wanted, Edits& edits) {
     const auto flag = wanted.flag();
     if (!flag) return;
     if (*flag) {
@@ -285,40 +237,23 @@ void suggestNamed(const ValueQuestion<Value>& asked, const Wanted& wanted, Edits
     }
 }
 
-// --- rows
-
-template <typename Value>
-ExplainedCall valueCall(const SettingKey& key, AnswerFor<Value> answer = asItIs<Value>) {
-    return {
-        [&key, answer](const Question& question) { return explainValue(ValueQuestion<Value>(question, key, answer)); },
-        [&key, answer](const Question& question, const Wanted& wanted, Edits& edits) {
-            suggestValue(ValueQuestion<Value>(question, key, answer), wanted, edits);
-        }};
-}
-
-template <typename Value>
-ExplainedCall namedCall(const SettingKey& key) {
-    return {
-        [&key](const Question& question) { return explainNamed(ValueQuestion<Value>(question, key, asItIs<Value>)); },
-        [&key](const Question& question, const Wanted& wanted, Edits& edits) {
-            suggestNamed(ValueQuestion<Value>(question, key, asItIs<Value>), wanted, edits);
-        }};
-}
-
 }  // namespace
 
 void addPlatformValueReasons(ExplainedCalls& calls) {
-    calls.add("isT0ForReturnStockPts", valueCall<bool>(keys::t0ForReturnStock));
-    calls.add("isSPXCreditStockPts", valueCall<bool>(keys::spxCredit));
-    calls.add("isMainAccountcalcCompactsBydealPts", valueCall<bool>(keys::mainAccountCalcCompactsByDeal));
-    calls.add("getRenewalPts", valueCall<int>(keys::renewal));
-    calls.add("getCounterMaxCompactsRespNum", valueCall<int>(keys::counterMaxCompacts));
-    calls.add("useCounterIpwanPos", valueCall<int>(keys::counterIpwanPos, isNotZero));
-    calls.add("isNeedCheckAssureEnbuyBalancePts", valueCall<bool>(keys::needCheckAssureEnbuyBalance));
-    calls.add("getisSetavailable", valueCall<double>(keys::setAvailable));
-    calls.add("isSetavailable", namedCall<double>(keys::setAvailable));
-    calls.add("getSpecailEnableVolStkExchangeRate", valueCall<double>(keys::specialEnableVolRate));
-    calls.add("isUseSpecialEnableBalCalcVolume", namedCall<double>(keys::specialEnableVolRate));
+    for (const SettingKey& key : internal::kSettingKeys) {
+        if (!isPerPlatform(key.grammar)) continue;
+        forEachPlatformQuestion(key, [&calls](const PlatformQuestion& asked) {
+            const bool isNamed = asked.kind == PlatformQuestion::Kind::IsNamed;
+            calls.add(std::string(asked.operation),
+                      {[asked, explain = isNamed ? explainNamed : explainValue](const Question& question) {
+                           return explain(ValueQuestion(question, asked));
+                       },
+                       [asked, suggest = isNamed ? suggestNamed : suggestValue](const Question& question,
+                                                                                const Wanted& wanted, Edits& edits) {
+                           suggest(ValueQuestion(question, asked), wanted, edits);
+                       }});
+        });
+    }
 }
 
 }  // namespace ttconfig

@@ -1,6 +1,5 @@
 // Reasons of the platform switches: why a platform is on or off under a key, and what its list is.
 // Doors: addSwitchReasons().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
 
 #include "traderbase/base/config/internal/platforms/platformlist.h"
@@ -10,7 +9,7 @@
 #include "ttconfig/edits/pieceedits.h"
 #include "ttconfig/reasons/explainedcalls.h"
 #include "ttconfig/reasons/telling.h"
-#include "ttconfig/tables/switchfacts.h"
+#include "ttconfig/tables/platformlist.h"
 #include "ttconfig/text/answertext.h"
 #include "ttconfig/text/showntext.h"
 
@@ -36,15 +35,6 @@ struct SwitchQuestion {
     }
 };
 
-// The first piece that names the platform.
-std::optional<ListedPlatform> findListed(const SwitchQuestion& asked, const standin::SettingsEntry& entry) {
-    std::optional<ListedPlatform> found;
-    forEachListed(entry, [&](const ListedPlatform& piece) {
-        if (!found && piece.platform == asked.platform) found = piece;
-    });
-    return found;
-}
-
 Candidate badPiece(const ListedPlatform& piece) {
     return {Reason::Listed, "the piece " + shownText(piece.piece), piece.place, "is no platform ID: passed over"};
 }
@@ -66,21 +56,16 @@ void addPieces(const SwitchQuestion& asked, const standin::SettingsEntry& entry,
 }
 
 Explanation explainList(const SwitchQuestion& asked) {
-    const standin::SettingsEntry* entry = asked.question.settings().findEntry(kSection, asked.key);
+    const standin::SettingsEntry* entry = listEntry(asked.question.settings(), asked.key);
     const std::string name = nameOf(kSection, asked.key);
     if (entry == nullptr) {
         return decided(asked.answer(false), Reason::KeyAbsent, "there is no key " + name + asked.inverted());
     }
-    Explanation explanation;
-    const auto found = findListed(asked, *entry);
-    if (found) {
-        explanation = decided(asked.answer(true), Reason::Listed,
-                              name + " lists " + platformName(asked.platform) + asked.inverted(), found->place);
-    } else {
-        explanation =
-            decided(asked.answer(false), Reason::NotListed,
-                    name + " does not list " + platformName(asked.platform) + asked.inverted(), valuePlace(*entry));
-    }
+    const auto found = findListed(entry, asked.platform);
+    Explanation explanation =
+        decided(asked.answer(found.has_value()), found ? Reason::Listed : Reason::NotListed,
+                name + (found ? " lists " : " does not list ") + platformName(asked.platform) + asked.inverted(),
+                found ? found->place : valuePlace(*entry));
     addPieces(asked, *entry, found, explanation);
     addRepeats(asked.question, kSection, asked.key, explanation);
     return explanation;
@@ -116,12 +101,9 @@ void suggestListing(const SwitchQuestion& asked, const standin::SettingsEntry& e
 }
 
 void suggestUnlisting(const SwitchQuestion& asked, const standin::SettingsEntry& entry, Edits& edits) {
-    std::string kept;
-    bool isFirst = true;
-    internal::splitKeepEmpty(entry.value, ',', [&](std::string_view piece) {
-        if (internal::strictInt(piece) == asked.platform) return;
-        kept.append(isFirst ? "" : ",").append(piece);
-        isFirst = false;
+    const std::string kept = withPieces(entry.value, ',', [&asked](std::string_view piece) {
+        const bool isListing = internal::strictInt(piece) == asked.platform;
+        return isListing ? std::nullopt : std::optional<std::string>(piece);
     });
     edits.setValue(entry, kept);
     // Blanks at the end of a value would be cut off, and a piece that ends in one might be an ID then.
@@ -132,7 +114,7 @@ void suggestSwitch(const SwitchQuestion& asked, const Wanted& wanted, Edits& edi
     const auto flag = wanted.flag();
     if (!flag) return;
     const bool isListed = asked.answer(true) == *flag;
-    const standin::SettingsEntry* entry = asked.question.settings().findEntry(kSection, asked.key);
+    const standin::SettingsEntry* entry = listEntry(asked.question.settings(), asked.key);
     if (entry == nullptr) {
         if (isListed) edits.setValue(kSection, asked.key, std::to_string(asked.platform));
         return;
@@ -153,11 +135,11 @@ ExplainedCall switchCall(SwitchQuestion (*asked)(const Question&)) {
 
 Explanation explainGetPts(const Question& question) {
     const std::string& key = question.text(0);
-    const standin::SettingsEntry* entry = question.settings().findEntry(kSection, key);
+    const standin::SettingsEntry* entry = listEntry(question.settings(), key);
     const std::string name = nameOf(kSection, key);
     if (entry == nullptr) return decided(std::vector<int>(), Reason::KeyAbsent, "there is no key " + name);
     Explanation explanation =
-        decided(platformsOf(*entry), Reason::FileValue, name + " as a platform list", valuePlace(*entry));
+        decided(platformsOf(entry), Reason::FileValue, name + " as a platform list", valuePlace(*entry));
     forEachListed(*entry, [&](const ListedPlatform& piece) {
         if (!piece.platform) lose(explanation, [&] { return badPiece(piece); });
     });
@@ -188,7 +170,7 @@ std::map<std::string, std::vector<int>> allLists(const standin::SettingsText& te
     const standin::SettingsSection* section = text.findSection(kSection);
     if (section == nullptr) return lists;
     for (const standin::SettingsEntry& entry : section->entries) {
-        if (!entry.repeated) lists.emplace(entry.key, platformsOf(entry));
+        if (!entry.repeated) lists.emplace(entry.key, platformsOf(&entry));
     }
     return lists;
 }
@@ -238,7 +220,7 @@ void suggestAllPts(const Question& question, const Wanted& wanted, Edits& edits)
     for (const OtherList& list : come)
         suggestPieces(text, kSection, list.key, wantedPlatforms(list.ids), edits);
     for (const OtherList& list : go) {
-        const auto* entry = text.findEntry(kSection, list.key);
+        const auto* entry = listEntry(text, list.key);
         if (entry == nullptr) continue;
         edits.removeLine(*entry);
         for (const OtherList& other : come)

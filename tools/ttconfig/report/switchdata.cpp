@@ -1,6 +1,5 @@
 // The matrix's data: answers for which platforms each switch is on.
 // Doors: writeSwitchData().
-// Owns: nothing.
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include <algorithm>
@@ -9,15 +8,16 @@
 #include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "traderbase/base/config/internal/switches/platformswitchtable.h"
 #include "ttconfig/report/datawriters.h"
-#include "ttconfig/tables/creditfacts.h"
-#include "ttconfig/tables/platformvaluefacts.h"
-#include "ttconfig/tables/switchfacts.h"
+#include "ttconfig/tables/creditlists.h"
+#include "ttconfig/tables/platformlist.h"
+#include "ttconfig/tables/platformvalues.h"
 
 namespace ttconfig {
 
 namespace {
 
 using namespace ttservice::internal;
+using standin::SettingsEntry;
 using standin::SettingsText;
 
 using Platforms = std::vector<int>;
@@ -33,37 +33,24 @@ void addNames(const Map& byPlatform, Platforms& platforms) {
         platforms.push_back(platform);
 }
 
-void addNamesOf(const SettingsText& text, const SettingKey& key, Platforms& platforms) {
-    switch (key.grammar) {
-        case ValueGrammar::PerPlatformFlag:
-        case ValueGrammar::PerPlatformFlagKeepEmpty:
-            return addNames(platformValues<bool>(text, key).byPlatform, platforms);
-        case ValueGrammar::PerPlatformInteger:
-            return addNames(platformValues<int>(text, key).byPlatform, platforms);
-        case ValueGrammar::PerPlatformDecimalKeepEmpty:
-            return addNames(platformValues<double>(text, key).byPlatform, platforms);
-        default:
-            return;
-    }
-}
-
 // Every platform that a switch, a value by platform or a credit list names.
 void addPlatforms(const SettingsText& text, Platforms& platforms) {
     for (const PlatformSwitch& row : kPlatformSwitches) {
-        const Platforms listed = switchList(text, row.key).platforms();
+        const Platforms listed = platformsOf(listEntry(text, row.key));
         platforms.insert(platforms.end(), listed.begin(), listed.end());
         sortOnce(platforms);
     }
-    for (const SettingKey& key : kSettingKeys)
-        addNamesOf(text, key, platforms);
-    addNames(concentrationFacts(text).byPlatform, platforms);
-    addNames(collateralSaleFacts(text).byPlatform, platforms);
+    for (const SettingKey& key : kSettingKeys) {
+        if (isPerPlatform(key.grammar)) addNames(platformValues(text, key).byPlatform, platforms);
+    }
+    for (const SettingKey& key : {keys::concentrationRatio, keys::collateralSaleRepay})
+        addNames(creditTable(text, key).byPlatform, platforms);
     sortOnce(platforms);
 }
 
 // The positions of the listed platforms among those shown.
-void writeListed(JsonStream& json, const SwitchList& list, const Platforms& shown) {
-    Platforms listed = list.platforms();
+void writeListed(JsonStream& json, const SettingsEntry* entry, const Platforms& shown) {
+    Platforms listed = platformsOf(entry);
     sortOnce(listed);
     json.beginArray();
     for (const int platform : listed) {
@@ -83,17 +70,17 @@ void writeSwitch(JsonStream& json, const PlatformSwitch& row, const Platforms& s
     json.flag(row.sense == SwitchSense::NotListed);
     json.name("meaning");
     json.text(row.meaning);
-    const SwitchList list = switchList(state.text(), row.key);
+    const SettingsEntry* entry = listEntry(state.text(), row.key);
     json.name("line");
-    json.integer(list.entry == nullptr ? 0 : state.lines.mark(list.entry->line));
+    json.integer(entry == nullptr ? 0 : state.lines.mark(entry->line));
     json.name("listed");
-    writeListed(json, list, shown);
+    writeListed(json, entry, shown);
     if (state.oldText() != nullptr) {
-        const SwitchList oldList = switchList(*state.oldText(), row.key);
+        const SettingsEntry* oldEntry = listEntry(*state.oldText(), row.key);
         json.name("oldLine");
-        json.integer(oldList.entry == nullptr ? 0 : state.oldLines.mark(oldList.entry->line));
+        json.integer(oldEntry == nullptr ? 0 : state.oldLines.mark(oldEntry->line));
         json.name("oldListed");
-        writeListed(json, oldList, shown);
+        writeListed(json, oldEntry, shown);
     }
     json.endObject();
 }

@@ -6,13 +6,14 @@
 #include <vector>
 
 #include "ttconfig/settings/place.h"
-#include "ttconfig/tables/creditfacts.h"
+#include "ttconfig/tables/creditlists.h"
 #include "ttconfig/tables/entrylists.h"
 #include "ttconfig/tables/limittable.h"
 #include "ttconfig/tables/numberrows.h"
-#include "ttconfig/tables/platformvaluefacts.h"
+#include "ttconfig/tables/platformlist.h"
+#include "ttconfig/tables/platformvalues.h"
 #include "ttconfig/tables/settingsfacts.h"
-#include "ttconfig/tables/switchfacts.h"
+#include "ttconfig/tables/single.h"
 
 namespace {
 
@@ -45,37 +46,87 @@ TEST(Place, FindsLinesByTheirNumbers) {
         EXPECT_EQ(lines[line], line == 0 ? "" : ttconfig::lineOf(text, line)) << line;
 }
 
-TEST(SwitchList, HasEveryPieceThatIsNotEmpty) {
+TEST(PlatformList, HasEveryPieceThatIsNotEmpty) {
     const SettingsText text(std::string("[setting]\nk=1,,x,2,1\nk=9\n"));
-    const ttconfig::SwitchList list = ttconfig::switchList(text, "k");
-    ASSERT_EQ(list.pieces.size(), 4U);
-    EXPECT_EQ(list.pieces[1].platform, std::nullopt);
-    EXPECT_EQ(list.pieces[1].place, (Place{2, 6}));
-    EXPECT_THAT(list.platforms(), ElementsAre(1, 2, 1));
-    EXPECT_EQ(list.find(1), &list.pieces[0]);
-    EXPECT_EQ(list.find(9), nullptr);
-    EXPECT_EQ(ttconfig::switchList(text, "none").entry, nullptr);
+    const standin::SettingsEntry* entry = ttconfig::listEntry(text, "k");
+    ASSERT_NE(entry, nullptr);
+    std::vector<ttconfig::ListedPlatform> pieces;
+    ttconfig::forEachListed(*entry, [&pieces](const auto& piece) { pieces.push_back(piece); });
+    ASSERT_EQ(pieces.size(), 4U);
+    EXPECT_EQ(pieces[1].platform, std::nullopt);
+    EXPECT_EQ(pieces[1].place, (Place{2, 6}));
+    EXPECT_THAT(ttconfig::platformsOf(entry), ElementsAre(1, 2, 1));
+    ASSERT_TRUE(ttconfig::findListed(entry, 1));
+    EXPECT_EQ(ttconfig::findListed(entry, 1)->place, (Place{2, 3}));
+    EXPECT_FALSE(ttconfig::findListed(entry, 9));
+    EXPECT_EQ(ttconfig::listEntry(text, "none"), nullptr);
+    EXPECT_TRUE(ttconfig::platformsOf(nullptr).empty());
+    EXPECT_FALSE(ttconfig::findListed(nullptr, 1));
 }
 
 TEST(PlatformValues, KnowTheItemOfAPlatformAndTheDefault) {
     const SettingsText text(std::string("[setting]\nrenewalpts=12:1;5;12:2;x:3;15:y;7\n"));
-    const auto values = ttconfig::platformValues<int>(text, keys::renewal);
-    EXPECT_EQ(values.items.size(), 6U);
+    const auto values = ttconfig::platformValues(text, keys::renewal);
+    std::size_t items = 0;
+    ttconfig::forEachPlatformItem(*values.entry, keys::renewal, [&items](const auto&) { ++items; });
+    EXPECT_EQ(items, 6U);
+    EXPECT_EQ(values.byPlatform.size(), 1U);
     ASSERT_NE(values.find(12), nullptr);
     EXPECT_EQ(values.find(12)->place, (Place{2, 19}));
+    EXPECT_EQ(values.find(12)->value, 2);
     EXPECT_EQ(values.find(15), nullptr);
-    EXPECT_EQ(values.at(12), 2);
-    EXPECT_EQ(values.at(15), 7);
-    EXPECT_EQ(values.byDefault, 5U);
+    EXPECT_EQ(values.defaultNumber(), 7);
+    EXPECT_EQ(values.place(15), (Place{2, 33}));
+    const ttconfig::PlatformQuestion asked(keys::renewal, keys::renewal.feeds);
+    EXPECT_EQ(values.answer(asked, 12), 2);
+    EXPECT_EQ(values.answer(asked, 15), 7);
+    EXPECT_EQ(values.answer(asked, std::nullopt), 7);
+}
+
+TEST(PlatformValues, MayBeReadForOnePlatformAlone) {
+    const SettingsText text(std::string("[setting]\nrenewalpts=12:1;5;15:2;16:3\n"));
+    const auto values = ttconfig::platformValues(text, keys::renewal, 15);
+    EXPECT_EQ(values.byPlatform.size(), 1U);
+    ASSERT_NE(values.find(15), nullptr);
+    EXPECT_EQ(values.defaultNumber(), 5);
 }
 
 TEST(PlatformValues, HaveThreeKindsOfImplicitDefault) {
     const SettingsText without;
-    EXPECT_EQ(ttconfig::platformValues<int>(without, keys::counterMaxCompacts).at(1), 500);
+    EXPECT_EQ(ttconfig::platformValues(without, keys::counterMaxCompacts).defaultNumber(), 500);
     const SettingsText empty(std::string("[setting]\ncounterMaxCompactsRespNum=\n"));
-    EXPECT_EQ(ttconfig::platformValues<int>(empty, keys::counterMaxCompacts).at(1), 500);
+    EXPECT_EQ(ttconfig::platformValues(empty, keys::counterMaxCompacts).defaultNumber(), 500);
     const SettingsText named(std::string("[setting]\ncounterMaxCompactsRespNum=12:1\n"));
-    EXPECT_EQ(ttconfig::platformValues<int>(named, keys::counterMaxCompacts).at(1), 0);
+    EXPECT_EQ(ttconfig::platformValues(named, keys::counterMaxCompacts).defaultNumber(), 0);
+}
+
+// An operation's name says what it makes of the value; the differences' oracle holds that against the store.
+TEST(PlatformValues, AreAnsweredAsTheirQuestionsAskForThem) {
+    const SettingsText text(
+        std::string("[setting]\nusecounteripwanpos=12:7;0\nsetavailable=12:0.5;1\nisspxcreditmodules=12:1;0\n"));
+    const auto answer = [&text](const ttservice::internal::SettingKey& key, const char* operation, int platform) {
+        return ttconfig::platformValues(text, key).answer({key, operation}, platform);
+    };
+    EXPECT_EQ(answer(keys::counterIpwanPos, "useCounterIpwanPos", 12), true);
+    EXPECT_EQ(answer(keys::counterIpwanPos, "useCounterIpwanPos", 15), false);
+    EXPECT_EQ(answer(keys::setAvailable, "getisSetavailable", 12), 0.5);
+    EXPECT_EQ(answer(keys::setAvailable, "isSetavailable", 12), true);
+    EXPECT_EQ(answer(keys::setAvailable, "isSetavailable", 15), false);
+    EXPECT_EQ(answer(keys::spxCredit, "isSPXCreditStockPts", 12), true);
+}
+
+TEST(SingleValue, IsWhatTheKeyHoldsOrStandsFor) {
+    const SettingsText text(std::string("[setting]\nuserglobalref=1\nrefLimit=x\n"));
+    const auto of = [&text](const ttservice::internal::SettingKey& key) {
+        return ttconfig::singleValue(key, text.findEntry(key.section, key.key));
+    };
+    EXPECT_EQ(of(keys::globalRef).answer, true);
+    EXPECT_TRUE(of(keys::globalRef).isGiven);
+    EXPECT_EQ(of(keys::refLimit).answer, 0);
+    EXPECT_FALSE(of(keys::refLimit).isGiven);
+    EXPECT_EQ(of(keys::flowHistoryDays).answer, -1);
+    EXPECT_EQ(of(keys::hgtSgtPriceDiff).answer, "");
+    EXPECT_FALSE(ttconfig::isSingleValue(keys::standardBondUse));
 }
 
 TEST(LimitTable, KnowsWhatEachEntryOverwrote) {
@@ -146,15 +197,18 @@ TEST(NumberRows, AreFoundAsWrittenAndInUpperCase) {
     EXPECT_EQ(ttconfig::NumberRows(text, keys::subscriptionFees).find("ab"), nullptr);
 }
 
-TEST(CreditFacts, HaveTheEntriesOfEachPlatform) {
+TEST(CreditLists, HaveTheEntriesOfEachPlatformThatCount) {
     const SettingsText text(
-        std::string("[CreditSetting]\nuse_collateral_buy_Concentration_Ratio=1:2,3;1:4;x\n"
+        std::string("[CreditSetting]\nuse_collateral_buy_Concentration_Ratio=1:2,3;1:4;1:5,6;x\n"
                     "use_collateral_sale_repay_debt=1:A;2:B;1:C\n"));
-    const auto ratios = ttconfig::concentrationFacts(text);
-    EXPECT_EQ(ratios.items.size(), 3U);
-    EXPECT_EQ(ratios.byPlatform.at(1), 0U);
-    const auto sales = ttconfig::collateralSaleFacts(text);
-    EXPECT_THAT(sales.byPlatform.at(1), ElementsAre(0U, 2U));
+    const auto ratios = ttconfig::creditTable(text, keys::concentrationRatio);
+    std::size_t items = 0;
+    ttconfig::forEachCreditItem(*ratios.row, keys::concentrationRatio, [&items](const auto&) { ++items; });
+    EXPECT_EQ(items, 4U);
+    EXPECT_THAT(ratios.byPlatform.at(1), ElementsAre("1:5,6"));
+    const auto sales = ttconfig::creditTable(text, keys::collateralSaleRepay);
+    EXPECT_THAT(sales.byPlatform.at(1), ElementsAre("1:A", "1:C"));
+    EXPECT_EQ(ttconfig::creditTable(text, keys::collateralSaleRepay, 2).byPlatform.size(), 1U);
 }
 
 TEST(SettingsFacts, KnowTheLaterValuesOfARepeatedKey) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -49,6 +50,7 @@ enum class ValueGrammar {
 inline constexpr std::string_view kMainSection = "setting";
 
 struct SettingKey {
+    std::size_t number;  // its row in settingkeys.def, counted from 0
     std::string_view section;
     std::string_view key;
     ValueGrammar grammar;
@@ -58,8 +60,15 @@ struct SettingKey {
 };
 
 namespace keys {
+namespace numbers {
+enum Number : std::size_t {
+#define TT_SETTING_KEY(id, section, key, grammar, missing, feeds, meaning) id,
+#include "traderbase/base/config/settingkeys.def"
+};
+}  // namespace numbers
+
 #define TT_SETTING_KEY(id, section, key, grammar, missing, feeds, meaning) \
-    inline constexpr SettingKey id{section, key, ValueGrammar::grammar, missing, feeds, meaning};
+    inline constexpr SettingKey id{numbers::id, section, key, ValueGrammar::grammar, missing, feeds, meaning};
 #include "traderbase/base/config/settingkeys.def"
 }  // namespace keys
 
@@ -86,6 +95,17 @@ constexpr bool everySettingKeyStandsOnce() {
     return true;
 }
 static_assert(everySettingKeyStandsOnce(), "a settings key stands twice in settingkeys.def");
+
+// Values given platform by platform, as items with a default.
+constexpr bool isPerPlatform(ValueGrammar grammar) {
+    return grammar == ValueGrammar::PerPlatformFlag || grammar == ValueGrammar::PerPlatformInteger ||
+           grammar == ValueGrammar::PerPlatformFlagKeepEmpty || grammar == ValueGrammar::PerPlatformDecimalKeepEmpty;
+}
+
+// Whether every ";" of such a value separates two items; otherwise a run of them counts as one.
+constexpr bool keepsEmptyItems(ValueGrammar grammar) {
+    return grammar == ValueGrammar::PerPlatformFlagKeepEmpty || grammar == ValueGrammar::PerPlatformDecimalKeepEmpty;
+}
 
 // The value for a missing key, as the type that its reader stores.
 template <typename Value>

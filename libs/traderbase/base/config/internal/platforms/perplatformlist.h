@@ -43,43 +43,63 @@ PerPlatformItem<Value> perPlatformItem(std::string_view text) {
     return {isEntry ? PerPlatformItemKind::Entry : PerPlatformItemKind::Default, text, *platform, *value};
 }
 
+// Which items count: of those that name a platform the last one, and the last one that says the default. Keeps it in
+// the table's byPlatform or byDefault as what it is kept as; answers whether the item is a good one.
+template <typename Value, typename Kept, typename Table>
+bool keepPerPlatformItem(const PerPlatformItem<Value>& item, const Kept& kept, Table& table) {
+    switch (item.kind) {
+        case PerPlatformItemKind::Entry:
+            table.byPlatform[item.platform] = kept;
+            return true;
+        case PerPlatformItemKind::Default:
+        case PerPlatformItemKind::BuiltInDefault:
+            table.byDefault = kept;
+            return true;
+        case PerPlatformItemKind::BadPlatform:
+        case PerPlatformItemKind::BadValue:
+            break;
+    }
+    return false;
+}
+
 // Enters one item. A bad item is skipped, with one line on the standard error stream.
 template <typename Value>
 void enterPerPlatformItem(std::string_view text, const Value& builtIn, PerPlatformTable<Value>& table) {
     const auto item = perPlatformItem<Value>(text);
-    switch (item.kind) {
-        case PerPlatformItemKind::Entry:
-            table.byPlatform[item.platform] = item.value;
-            break;
-        case PerPlatformItemKind::Default:
-            table.byDefault = item.value;
-            break;
-        case PerPlatformItemKind::BuiltInDefault:
-            table.byDefault = builtIn;
-            break;
-        case PerPlatformItemKind::BadPlatform:
-        case PerPlatformItemKind::BadValue:
-            reportBadValue();
-            break;
+    const bool isBuiltIn = item.kind == PerPlatformItemKind::BuiltInDefault;
+    if (!keepPerPlatformItem(item, isBuiltIn ? builtIn : item.value, table)) reportBadValue();
+}
+
+// Hands the text of each item to the sink. Of some keys every ";" separates, of others a run of them counts as one.
+template <typename Sink>
+void forEachPerPlatformText(std::string_view value, bool keepsEmpty, Sink&& sink) {
+    if (keepsEmpty) {
+        splitKeepEmpty(value, ';', sink);
+    } else {
+        splitSqueezed(value, ';', sink);
     }
 }
 
-// Reads a list in which a run of ";" counts as one separator. The entries are replaced. If the text names platforms
-// only, the default of the previous load stays.
+// Reads a list. The entries are replaced. If the text names platforms only, the default of the previous load stays.
+template <typename Value>
+void readPerPlatformList(std::string_view text, bool keepsEmpty, const Value& builtIn, PerPlatformTable<Value>& table) {
+    PerPlatformTable<Value> fresh{{}, table.byDefault};
+    forEachPerPlatformText(text, keepsEmpty,
+                           [&](std::string_view item) { enterPerPlatformItem(item, builtIn, fresh); });
+    table = std::move(fresh);
+}
+
+// A list in which a run of ";" counts as one separator.
 template <typename Value>
 void readPerPlatformList(std::string_view text, const Value& builtIn, PerPlatformTable<Value>& table) {
-    PerPlatformTable<Value> fresh{{}, table.byDefault};
-    splitSqueezed(text, ';', [&](std::string_view item) { enterPerPlatformItem(item, builtIn, fresh); });
-    table = std::move(fresh);
+    readPerPlatformList(text, false, builtIn, table);
 }
 
 // The same for a list in which every ";" separates, so that an empty item in the middle also restores the built-in
 // default.
 template <typename Value>
 void readPerPlatformListKeepEmpty(std::string_view text, const Value& builtIn, PerPlatformTable<Value>& table) {
-    PerPlatformTable<Value> fresh{{}, table.byDefault};
-    splitKeepEmpty(text, ';', [&](std::string_view item) { enterPerPlatformItem(item, builtIn, fresh); });
-    table = std::move(fresh);
+    readPerPlatformList(text, true, builtIn, table);
 }
 
 }  // namespace ttservice::internal

@@ -9,6 +9,8 @@
 #include "traderbase/base/config/internal/platforms/platformlist.h"
 #include "ttconfig/settings/place.h"
 
+// The lists of platforms that switches are, and every other key of the main section, which are all read as one.
+
 namespace ttconfig {
 
 // One piece of a platform list; empty pieces do not count.
@@ -18,21 +20,6 @@ struct ListedPlatform {
     Place place;
 };
 
-// The IDs of a list, as getPts answers them.
-std::vector<int> platformsOf(const standin::SettingsEntry& entry);
-
-// The list of a switch, or of any other key of the main section: all of them are read as one.
-struct SwitchList {
-    const standin::SettingsEntry* entry = nullptr;  // the one that counts; null when the key is missing
-    std::vector<ListedPlatform> pieces;
-
-    // The first piece that names the platform; null when none does.
-    const ListedPlatform* find(int platform) const;
-    std::vector<int> platforms() const { return entry == nullptr ? std::vector<int>() : platformsOf(*entry); }
-};
-
-SwitchList switchList(const standin::SettingsText& text, std::string_view key);
-
 // Hands each piece of the entry's value to the sink. A list of a million pieces is gone through, and not held.
 template <typename Sink>
 void forEachListed(const standin::SettingsEntry& entry, Sink&& sink) {
@@ -40,5 +27,14 @@ void forEachListed(const standin::SettingsEntry& entry, Sink&& sink) {
         sink(ListedPlatform{piece, platform, placeInValue(entry, piece)});
     });
 }
+
+// The entry of a switch, or of another key of the main section, that counts; null without one.
+const standin::SettingsEntry* listEntry(const standin::SettingsText& text, std::string_view key);
+
+// The IDs of a list, as getPts answers them; none without an entry.
+std::vector<int> platformsOf(const standin::SettingsEntry* entry);
+
+// The first piece that names the platform.
+std::optional<ListedPlatform> findListed(const standin::SettingsEntry* entry, int platform);
 
 }  // namespace ttconfig
