@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "luaconfig/luaconfig.h"
 #include "luaconfig/internal/tablescript.h"
+#include "luaconfig/luaconfig.h"
 #include "standin/logsetup.h"
 #include "tests/base/luaconfig/script.h"
 

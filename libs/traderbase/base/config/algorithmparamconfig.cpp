@@ -12,8 +12,8 @@
 #include <ttplatform/rights.h>
 
 #include "logging/guardedlog.h"
-#include "luaconfig/luaconfig.h"
 #include "luaconfig/internal/tablescript.h"
+#include "luaconfig/luaconfig.h"
 #include "traderbase/base/config/internal/scripts/algorithmrecord.h"
 #include "traderbase/base/config/internal/scripts/markettimescript.h"
 #include "traderbase/base/config/internal/scripts/vendorblocks.h"

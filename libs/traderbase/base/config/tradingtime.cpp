@@ -3,13 +3,13 @@
 // Owns: TradingTimeState.
 // Covered by tests/config/tradingtime_test.cpp.
 
-#include "luaconfig/luaconfig.h"
 #include "luaconfig/internal/tablescript.h"
+#include "luaconfig/luaconfig.h"
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/scripts/markettimescript.h"
 #include "traderbase/base/config/internal/scripts/tradingsessions.h"
-#include "traderbase/base/config/internal/states/tradingtimestate.h"
 #include "traderbase/base/config/internal/states/storestate.h"
+#include "traderbase/base/config/internal/states/tradingtimestate.h"
 
 namespace ttservice {
 
