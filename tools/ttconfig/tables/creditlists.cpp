@@ -1,6 +1,5 @@
-// Credit lists: answers which entries of the two lists of the credit section hold for which platform.
-// Doors: those of the header.
-// Covered by tests/tools/ttconfig/reasonfacts_test.cpp.
+// Credit lists: finds the entries that count for each platform in the two lists of the credit section.
+// Covered by tests/tools/ttconfig/reasons/reasonfacts_test.cpp.
 
 #include "ttconfig/tables/creditlists.h"
 

@@ -11,20 +11,20 @@
 #include "traderbase/base/config/internal/platforms/creditlists.h"
 #include "ttconfig/settings/place.h"
 
-// The two lists of the credit section: ratios of platforms, and codes of platforms.
+// The two lists of the credit section: concentration ratios by platform, and codes by platform.
 
 namespace ttconfig {
 
-// An entry of either list; codes have no ratios.
+// An entry of either list. An entry of codes has no ratios.
 struct CreditItem : ttservice::internal::ConcentrationEntry {
     Place place;
 };
 
-// The entry that the text is under the key.
+// Reads a text as an entry of the key's list.
 ttservice::internal::ConcentrationEntry creditEntry(const ttservice::internal::SettingKey& key, std::string_view text);
 
-// Hands each entry of the row's value to the sink, bad ones included. A value of a million entries is gone through, and
-// not held.
+// Passes each entry of the row's value to the sink, including bad ones. Stores none of them: a value may have a million
+// entries.
 template <typename Sink>
 void forEachCreditItem(const standin::SettingsEntry& row, const ttservice::internal::SettingKey& key, Sink&& sink) {
     ttservice::internal::splitKeepEmpty(row.value, ';', [&](std::string_view text) {
@@ -32,13 +32,13 @@ void forEachCreditItem(const standin::SettingsEntry& row, const ttservice::inter
     });
 }
 
-// The texts of the entries that count for each platform: of ratios the last one, of codes all of them, in order.
+// The texts of the entries that count for each platform: the last entry for ratios, all entries in order for codes.
 struct CreditTable {
     const standin::SettingsEntry* row = nullptr;
     std::map<int, std::vector<std::string_view>> byPlatform;
 };
 
-// With a platform, of that one alone.
+// If `only` is given, the table has that platform alone.
 CreditTable creditTable(const standin::SettingsText& text, const ttservice::internal::SettingKey& key,
                         std::optional<int> only = std::nullopt);
 

@@ -17,12 +17,12 @@
 
 namespace ttconfig {
 
-// The value of the key; empty without it.
+// The row's value; empty if there is no row.
 inline std::string_view valueOf(const standin::SettingsEntry* row) {
     return row == nullptr ? std::string_view() : row->value;
 }
 
-// The entry that counts among those for which the predicate is true.
+// Among the entries for which the predicate is true, the one that counts.
 template <typename Entry, typename Predicate>
 std::optional<Entry> countingEntry(const ttservice::internal::EntryList<Entry>& list, std::string_view value,
                                    Predicate&& isAsked) {
@@ -34,7 +34,7 @@ std::optional<Entry> countingEntry(const ttservice::internal::EntryList<Entry>& 
     return found;
 }
 
-// Stores a value under the name of its entry; the last or the first one stays, as the list has it.
+// Stores a value under the name of its entry. For a repeated name, the list says whether the first or the last stays.
 template <typename Entry, typename Map, typename Value>
 void enter(const ttservice::internal::EntryList<Entry>& list, Map& map, typename Map::key_type name, Value&& value) {
     if (list.counting == ttservice::internal::Counting::Last) {
@@ -44,7 +44,7 @@ void enter(const ttservice::internal::EntryList<Entry>& list, Map& map, typename
     }
 }
 
-// The algorithm products: for each record key the entry that counts. Holds all of them.
+// The algorithm products: the entry that counts for each record key. All of them are held in memory.
 using ContractEntries = std::map<std::string, ttservice::internal::ContractEntry, ttservice::internal::JoinedTextLess>;
 
 inline ContractEntries contractEntries(std::string_view value) {
@@ -56,13 +56,13 @@ inline ContractEntries contractEntries(std::string_view value) {
     return entries;
 }
 
-// An algorithm type, as a view into its entry, and the product of the entry.
+// An algorithm type and the product of its entry, both as views into the entry.
 struct TypeEntry {
     std::string_view type;
     std::string_view product;
 };
 
-// For each type the entry that counts: [0] for stock accounts, [1] for credit accounts. Holds all of them.
+// The entry that counts for each type: [0] for stock accounts, [1] for credit accounts. All of them are held in memory.
 using TypeEntries = std::array<std::map<std::string_view, TypeEntry>, 2>;
 
 inline TypeEntries typeEntries(std::string_view value, const ContractEntries& contracts) {
@@ -74,7 +74,7 @@ inline TypeEntries typeEntries(std::string_view value, const ContractEntries& co
     return entries;
 }
 
-// Passes each type of a stored entry of the contract types to sink(entry, type).
+// Passes each type of every stored entry in a list of contract types to sink(entry, type).
 template <typename Sink>
 void forEachType(std::string_view value, Sink&& sink) {
     using namespace ttservice::internal;

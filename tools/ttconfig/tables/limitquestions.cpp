@@ -1,7 +1,6 @@
-// Limit questions: answers which rows of a limit table any question looks for.
-// Doors: those of the header.
+// Limit questions: says which rows of a limit table each question can reach.
 // Owns: the category words of each question.
-// Test: tests/tools/ttconfig/tables/limitquestions_test.cpp
+// Covered by tests/tools/ttconfig/tables/limitquestions_test.cpp.
 
 #include "ttconfig/tables/limitquestions.h"
 
@@ -23,7 +22,7 @@ using Words = std::vector<std::string_view>;
 
 // --- the words of each table
 
-// New shares and technology shares come before the market is looked at.
+// Possible on every market: the rules check for new shares and technology shares before they look at the market.
 const Words kAnywhere = {words::kIpo, words::kTechStockLimit, words::kTechStockMarket, words::kTechStockClose,
                          words::kStock};
 
@@ -42,7 +41,7 @@ const Words& orderWords(std::string_view market) {
     return isOptionExchange(market) ? kOptions : kOthers;
 }
 
-// The words of each question; those of the block trades' quantity include the amount's.
+// The words of the other questions. Those for block-trade quantities include those for block-trade amounts.
 const Words kBlockTradeQuantityWords = {words::kStock, words::kDirectionalConvertibleBond, words::kPif, words::kLoan,
                                         words::kFund};
 const Words kBlockTradeAmountWords = {words::kStock, words::kLoan, words::kFund};
@@ -57,7 +56,7 @@ bool holds(const Words& list, std::string_view word) {
 
 // --- markets
 
-// Whoever asks a connect for HK is answered from its own market.
+// The exchange rate limits of a connect look up HK as the connect's own market, so no question reaches an HK row.
 bool isAskedUnderAnotherName(const LimitQuestionSpec& question, std::string_view market) {
     return marketLookedFor(question, market) != market;
 }
@@ -66,7 +65,7 @@ bool isOrderLimit(const LimitQuestionSpec& question) {
     return &question == &kOrderLimitQuestion;
 }
 
-// Whether codes of the market always hold a digit.
+// Whether every code of the market contains a digit.
 bool codesHaveDigits(std::string_view market) {
     return isStockExchange(market) || isOptionExchange(market) || isShanghaiConnect(market) ||
            isShenzhenConnect(market) || market == markets::kNeeq;
@@ -80,12 +79,12 @@ bool hasFutures(std::string_view market) {
     return isFuturesExchange(market) || isOneOf(market, markets::kIf, markets::kCffex, markets::kIne);
 }
 
-// Options are told apart by the price type and by nothing else, as long as the platform gives them no other type.
+// The category of an option depends on the price type alone, unless the platform gives the option another type.
 bool isUsual(const LimitQuestionSpec& question, std::string_view market, std::string_view word) {
     return !isOrderLimit(question) || !isOptionExchange(market) || isOneOf(word, words::kMarket, words::kLimit);
 }
 
-// One of each kind of price that the rules for orders tell apart.
+// One price type of each kind that the rules for order limits distinguish.
 constexpr int kKindsOfPrice[] = {0, 50, 84, 117};
 
 }  // namespace
@@ -202,7 +201,7 @@ std::string whyUnreachable(const LimitQuestionSpec& question, std::string_view m
 }
 
 std::string_view categoryMeant(std::string_view word) {
-    // What people call them elsewhere.
+    // Other names that people use for the categories.
     constexpr std::pair<std::string_view, std::string_view> kOtherNames[] = {
         {"BOND", words::kLoan},       {"TECHSTOCK", words::kTechStockLimit},
         {"BONDS", words::kLoan},      {"DEBT", words::kLoan},
@@ -228,7 +227,7 @@ bool isFuturesProduct(std::string_view market, std::string_view item) {
 
 bool isOddWord(std::string_view market, std::string_view item) {
     if (isNeitherCodeNorCategory(market, item)) return true;
-    // A word of four letters that is one slip away from a category is no future by accident.
+    // A word of four or more letters that is one typo away from a category is unlikely to be a futures product.
     return isFuturesProduct(market, item) && item.size() > 3 && !nearestName(item, categoryWords(), 1).empty();
 }
 

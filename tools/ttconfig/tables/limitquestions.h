@@ -14,73 +14,75 @@ namespace ttconfig {
 
 using ttservice::internal::LimitQuestionSpec;
 
-// Which rows of a limit table the library's questions look for. Said here in tables and held against the category rules
-// themselves by tests. Markets, codes and category words are given in upper case.
+// Which rows of a limit table the library's questions can reach. Tables here list the category words; a test compares
+// them with the category rules themselves. Markets, codes and category words must be in upper case.
 
-// A question about one instrument, with what its table is searched for.
+// A question about one instrument, and the market, code and category under which its table is searched.
 struct AskedLimit {
-    // Market and code as they were passed.
+    // Takes market and code in any letter case.
     AskedLimit(const LimitQuestionSpec& asked, const std::string& askedMarket, const std::string& askedCode,
                int priceType);
 
     std::string itemOf(std::string_view item) const { return market + '-' + std::string(item); }
 
     const LimitQuestionSpec& question;
-    const std::string market;  // in upper case, and HK as what it stands for
+    const std::string market;  // in upper case; HK replaced by the market it stands for
     const std::string code;
     const ttservice::internal::LimitCategory category;
 };
 
-// The answer that the value of a row gives; without one, where no row fits. Of a rate record its numbers.
+// The answer that a row's value gives, or the default if no row fits. For a rate record, the list of its numbers.
 Answer limitAnswer(const LimitQuestionSpec& question, std::optional<std::string_view> rowValue);
-// Whether it is answered as a record.
+// Whether the answer is a record.
 inline bool isRecord(const LimitQuestionSpec& question) {
     return question.fieldCount > 2;
 }
 
-// Every category word of any table. Such a word stands for its class and is no code.
+// The category words of all tables. An item that is one of these words is never a code.
 const std::vector<std::string_view>& categoryWords();
 bool isCategoryWord(std::string_view item);
 
-// The words by which some instrument of the market may be looked up, whatever its types and however its order is
-// priced.
+// Every category word under which an instrument of the market can be looked up, for any instrument type and any price
+// type.
 const std::vector<std::string_view>& categoryWordsOf(const LimitQuestionSpec& question, std::string_view market);
 
-// Whether a question ends at a row for market and item: at the category word of some instrument, or at a code.
+// Whether the question can reach a row for market and item: the item is the category word of some instrument of the
+// market, or it may be a code.
 bool isReachable(const LimitQuestionSpec& question, std::string_view market, std::string_view item);
 
-// The words by which one code is looked up, by the types that the installed platform data give it: one, or one for each
-// kind of price.
+// The category words under which a code is looked up, given its types in the installed platform data: one word, or
+// several if the price type matters.
 std::vector<std::string_view> categoryWordsOfCode(const LimitQuestionSpec& question, const std::string& market,
                                                   const std::string& code);
 
-// Whether the platform data have a record or a type of the instrument.
+// Whether the platform data contain a record or a type for the instrument.
 bool knowsInstrument(const standin::PlatformData& platform, const std::string& market, const std::string& code);
 
-// Whether the market is one of the other connect than the table's.
+// Whether the question is about one connect's rates and the market belongs to the other connect.
 bool isOfOtherConnect(const LimitQuestionSpec& question, std::string_view market);
 
-// Whether the item is a word where codes always hold a digit, and no category word either.
+// Whether the item cannot be a code, because it lacks the digit that every code of the market contains, and is not a
+// category word either.
 bool isNeitherCodeNorCategory(std::string_view market, std::string_view item);
 
-// Why no question reaches a row for market and item, in words; empty when one does. Stricter than isReachable() in one
-// thing: an option that platform data give the type of a share or of a fund goes by that, which nobody writes a row
-// for.
+// Says why no question reaches a row for market and item; empty if one does. Stricter than isReachable() in one case:
+// an option has the category of a share or fund only if the platform data give it that type, and nobody writes a row
+// for that, so such a row counts as unreachable.
 std::string whyUnreachable(const LimitQuestionSpec& question, std::string_view market, std::string_view item);
 
-// The category that a word which is none was meant to be, such as LOAN for BOND or STOCK for STOK; empty when none is
-// near.
+// The category that an unknown word probably means, such as LOAN for BOND or STOCK for STOK; empty if no category is
+// close.
 std::string_view categoryMeant(std::string_view word);
 
-// Whether a question about an instrument of the market comes to the category only where the platform types futures
-// as shares, bonds or funds.
+// Whether an instrument of the market has this category only if the platform data type a future as a share, bond or
+// fund.
 bool isOddForFutures(const LimitQuestionSpec& question, std::string_view market, std::string_view word);
 
-// Whether the item, no category, is a product of a futures exchange, whose codes are those of contracts.
+// Whether the item names a product of a futures exchange instead of a category or a code. Codes there name contracts.
 bool isFuturesProduct(std::string_view market, std::string_view item);
 
-// Whether the item is most likely meant for a category: it is neither code nor category, or, where codes need hold no
-// digit, a category with a slip in it.
+// Whether the item is probably a mistyped category: it is neither code nor category, or, on a futures exchange, where a
+// code need not contain a digit, it is one typo away from a category.
 bool isOddWord(std::string_view market, std::string_view item);
 
 }  // namespace ttconfig

@@ -1,6 +1,5 @@
-// Limit tables: answers which rows of a settings text a limit table is made of, and which of them count.
-// Doors: those of the header; rows and fields are the library's.
-// Test: tests/tools/ttconfig/tables/limitquestions_test.cpp
+// Limit tables: finds the rows of a settings text that form a limit table, and the ones that count.
+// Covered by tests/tools/ttconfig/tables/limitquestions_test.cpp.
 
 #include "ttconfig/tables/limittable.h"
 
@@ -27,7 +26,8 @@ int compare(const LimitItemRow& left, const LimitItemRow& right) {
     std::size_t at = 0;
     while (at < shared && one[at] != ',' && upperLetter(one[at]) == upperLetter(two[at]))
         ++at;
-    // Where two letters decide, both are of the market or both are of the item: nothing needs to be taken apart.
+    // If the first difference is between two letters, both are in the market or both are in the item. Comparing the
+    // letters is enough, without splitting the texts.
     const auto decides = [at](std::string_view key) { return at < key.size() && key[at] != ',' && key[at] != '-'; };
     if (decides(one) && decides(two)) return compareUpper(one.substr(at, 1), two.substr(at, 1));
     const LimitItem other = right.item();
@@ -56,7 +56,7 @@ bool lessLimitItem(const LimitItemRow& left, const LimitItemRow& right) {
 
 LimitItemRows limitItems(const SettingsText& text, const LimitTableSpec& table) {
     LimitItemRows rows = enteredItems(text, table);
-    // Most of a file is in order already: one pass tells when all of it is, and merging has little to do otherwise.
+    // Most files are sorted, which one pass can tell. The others are mostly sorted, which is quick to merge.
     if (!std::is_sorted(rows.begin(), rows.end(), lessLimitItem)) {
         std::stable_sort(rows.begin(), rows.end(), lessLimitItem);
     }
@@ -73,8 +73,8 @@ const LimitItemRow* findLimitItem(const LimitItemRows& rows, std::string_view ma
     return found != rows.end() && compare(found->item(), market, item) == 0 ? &*found : nullptr;
 }
 
-// The same text is the same place: both are split at the first "-", which upper case leaves where it is. Only an item
-// without "-", which stands for itself twice, can come to the place of one with it.
+// Comparing texts is enough: texts that are equal in upper case also have the same market and item, since each is split
+// at its first "-". Different texts can share market and item only if one has no "-": "A" means the same as "A-A".
 LimitWinners::LimitWinners(const SettingsText& text, const LimitTableSpec& table) : items(enteredItems(text, table)) {
     std::uint32_t number = 0;
     for (const LimitItemRow& item : items)

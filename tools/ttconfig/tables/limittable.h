@@ -14,14 +14,14 @@
 #include "ttconfig/tables/textrows.h"
 #include "ttconfig/text/uppercaseindex.h"
 
-// The limit tables of a settings text, by the walk that fills the store's. A row may name a million instruments:
-// nothing is copied, and whatever is answered is good for as long as the text is.
+// The limit tables of a settings text, read by the same walk that fills the store's tables. A row may name a million
+// instruments, so nothing is copied: results are valid as long as the text is.
 
 namespace ttconfig {
 
 using ttservice::internal::LimitTableSpec;
 
-// Hands every row of the table to sink(LimitTableRow), in the order of a load, those that do not count included.
+// Passes every row of the table to sink(LimitTableRow) in load order, including rows that do not count.
 template <typename Sink>
 void forEachLimitRow(const standin::SettingsText& text, const LimitTableSpec& table, Sink&& sink) {
     ttservice::internal::forEachLimitRow(table, TextRows(text), std::forward<Sink>(sink));
@@ -32,7 +32,7 @@ void forEachLimitRow(const standin::SettingsText& text, const LimitTableSpec& ta
 // One item of a row's key.
 struct LimitItemRow {
     const standin::SettingsEntry* entry;
-    std::uint32_t start;  // in the key; the item ends at the next ","
+    std::uint32_t start;  // offset in the key; the item ends at the next ","
 
     std::string_view text() const {
         const std::string_view rest = entry->key.substr(start);
@@ -44,26 +44,26 @@ struct LimitItemRow {
 
 using LimitItemRows = std::vector<LimitItemRow>;
 
-// Every item of the rows that count, in the order of a load.
+// Every item of the rows that count, in load order.
 LimitItemRows enteredItems(const standin::SettingsText& text, const LimitTableSpec& table);
 
-// The items that count, sorted: of several for one place of the table the last.
+// The items that count, sorted. If several have the same market and item, the last one counts.
 LimitItemRows limitItems(const standin::SettingsText& text, const LimitTableSpec& table);
 
-// By market and item in upper case.
+// Orders by market, then by item, both in upper case.
 bool lessLimitItem(const LimitItemRow& left, const LimitItemRow& right);
 
-// The row of market and item, both in upper case; null when there is none.
+// The row for market and item, which must be in upper case; null if there is none.
 const LimitItemRow* findLimitItem(const LimitItemRows& rows, std::string_view market, std::string_view item);
 
-// For each item of a table as it is written, letter case aside, the place that counts.
+// Finds where the item that counts is written, given the text of an item in any letter case.
 class LimitWinners {
 public:
     LimitWinners(const standin::SettingsText& text, const LimitTableSpec& table);
     LimitWinners(const LimitWinners&) = delete;
     LimitWinners& operator=(const LimitWinners&) = delete;
 
-    // No place for an item that is not in the table.
+    // A default Place if the item is not in the table.
     Place winner(const ttservice::internal::LimitItem& item) const;
 
 private:
@@ -76,9 +76,9 @@ private:
     UpperCaseIndex<TextOf> last{TextOf{items}};
 };
 
-// --- one place of a table
+// --- one market and item
 
-// One item of a row, as it is entered into its table.
+// One item of a row, as entered into its table.
 struct LimitEntry {
     const ttservice::internal::SettingKey* section;
     const standin::SettingsEntry* row;
@@ -87,23 +87,23 @@ struct LimitEntry {
     Place place() const { return placeInKey(*row, item.text); }
 };
 
-// How many overwritten rows, and how many that were passed over, are listed for one place of a table.
+// For one market and item, at most this many overwritten rows and this many skipped rows are listed.
 inline constexpr std::size_t kMostListed = 1000;
 
-// Everything that a text says for one place of a table.
+// Everything that a text says about one market and item of a table.
 struct LimitEntries {
     std::optional<LimitEntry> last;      // the one that counts
-    std::vector<LimitEntry> former;      // overwritten ones, the latest first
-    std::size_t furtherFormer = 0;       // how many there are beside those
-    std::vector<LimitEntry> passedOver;  // of rows that do not count
+    std::vector<LimitEntry> former;      // overwritten ones, latest first
+    std::size_t furtherFormer = 0;       // how many more there are
+    std::vector<LimitEntry> passedOver;  // from rows that do not count
     std::size_t furtherPassedOver = 0;
 };
 
-// Market and item in upper case.
+// Market and item must be in upper case.
 LimitEntries limitEntries(const standin::SettingsText& text, const LimitTableSpec& table, std::string_view market,
                           std::string_view item);
 
-// Whether the item names that place of a table; market and code in upper case.
+// Whether the item is for this market and code, which must be in upper case.
 inline bool isNamed(const ttservice::internal::LimitItem& item, std::string_view market, std::string_view code) {
     return isSameUpper(item.item, code) && isSameUpper(item.market, market);
 }

@@ -1,6 +1,6 @@
-// Number rows: answers which row of a section gives a name its number.
-// Doors: NumberRows, numberOf().
-// Test: tests/tools/ttconfig/reasons/reasonfacts_test.cpp
+// Number rows: finds the row of a section that gives a name its number.
+// Entry points: NumberRows, numberOf().
+// Covered by tests/tools/ttconfig/reasons/reasonfacts_test.cpp.
 
 #include "ttconfig/tables/numberrows.h"
 

@@ -12,11 +12,11 @@
 #include "ttconfig/settings/place.h"
 #include "ttconfig/tables/textrows.h"
 
-// The sections in which every key is a name and every value its number: standard bonds and subscription fees.
+// Sections in which each key is a name and each value is its number: standard bonds and subscription fees.
 
 namespace ttconfig {
 
-// Hands every row that is read to sink(SettingsEntry), in file order.
+// Passes every row to sink(SettingsEntry) in file order, except later rows of a repeated key.
 template <typename Sink>
 void forEachNumberRow(const standin::SettingsText& text, const ttservice::internal::SettingKey& topic, Sink&& sink) {
     TextRows(text).forEach(topic, [&sink](const standin::SettingsEntry& entry) {
@@ -24,17 +24,17 @@ void forEachNumberRow(const standin::SettingsText& text, const ttservice::intern
     });
 }
 
-// The number of a row; none where the value is none, and the section's default stands for it.
+// The number in a row; none if the value is not a number, in which case the section's default applies.
 std::optional<double> numberOf(const standin::SettingsEntry& row);
 
-// A row under one of the names that find it: its key as written, or in upper case where that is another. Many of them
-// are held, so the name in upper case is not.
+// A row under one of its names: the key as written, or the key in upper case if that differs. The upper-case name is
+// not stored, because there may be many rows.
 struct NumberRow {
     const standin::SettingsEntry* entry;
     bool isUpperCase;
 };
 
-// By name, upper case as the store has it: that of the process's global locale when this is made.
+// Orders rows by name. Like the store, it converts to upper case by the global locale, as of its construction.
 class LessNumberRow {
 public:
     LessNumberRow();
@@ -49,14 +49,14 @@ private:
     std::array<char, 256> upper{};
 };
 
-// The rows of a section by name: of several that come to one name the first counts. Good for as long as the text is.
+// The rows of a section by name. If several rows have the same name, the first counts. Valid as long as the text is.
 class NumberRows {
 public:
     NumberRows(const standin::SettingsText& text, const ttservice::internal::SettingKey& topic);
 
     auto begin() const { return rows.begin(); }
     auto end() const { return rows.end(); }
-    // Null for a name that no row comes to.
+    // Null if no row has the name.
     const NumberRow* find(std::string_view name) const;
 
     const LessNumberRow less;

@@ -1,6 +1,5 @@
-// Platform lists: answers which platforms a key lists, and where.
-// Doors: those of the header.
-// Covered by tests/tools/ttconfig/reasonfacts_test.cpp.
+// Platform lists: finds the platforms that a key lists, and their places.
+// Covered by tests/tools/ttconfig/reasons/reasonfacts_test.cpp.
 
 #include "ttconfig/tables/platformlist.h"
 

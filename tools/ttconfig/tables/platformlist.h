@@ -9,18 +9,18 @@
 #include "traderbase/base/config/internal/platforms/platformlist.h"
 #include "ttconfig/settings/place.h"
 
-// The lists of platforms that switches are, and every other key of the main section, which are all read as one.
+// Platform lists: the values of the switches. The library reads every other key of the main section as one, too.
 
 namespace ttconfig {
 
-// One piece of a platform list; empty pieces do not count.
+// One piece of a platform list. Empty pieces are skipped.
 struct ListedPlatform {
     std::string_view piece;
-    std::optional<int> platform;  // none for a piece that is no platform ID
+    std::optional<int> platform;  // none if the piece is not a platform ID
     Place place;
 };
 
-// Hands each piece of the entry's value to the sink. A list of a million pieces is gone through, and not held.
+// Passes each piece of the entry's value to the sink. Stores none of them: a list may have a million pieces.
 template <typename Sink>
 void forEachListed(const standin::SettingsEntry& entry, Sink&& sink) {
     ttservice::internal::forEachPlatformPiece(entry.value, [&](std::string_view piece, std::optional<int> platform) {
@@ -28,10 +28,10 @@ void forEachListed(const standin::SettingsEntry& entry, Sink&& sink) {
     });
 }
 
-// The entry of a switch, or of another key of the main section, that counts; null without one.
+// The entry that counts for a switch or any other key of the main section; null if there is none.
 const standin::SettingsEntry* listEntry(const standin::SettingsText& text, std::string_view key);
 
-// The IDs of a list, as getPts answers them; none without an entry.
+// The platform IDs of a list, as getPts returns them; empty if there is no entry.
 std::vector<int> platformsOf(const standin::SettingsEntry* entry);
 
 // The first piece that names the platform.

@@ -1,6 +1,5 @@
-// Values by platform: answers which item of a value counts for which platform, and what operations make of it.
-// Doors: those of the header.
-// Covered by tests/tools/ttconfig/reasonfacts_test.cpp.
+// Per-platform values: finds the item that counts for each platform, and what each operation answers from it.
+// Covered by tests/tools/ttconfig/reasons/reasonfacts_test.cpp.
 
 #include "ttconfig/tables/platformvalues.h"
 
@@ -57,7 +56,7 @@ const PlatformItem* PlatformValueTable::find(int platform) const {
     return found == byPlatform.end() ? nullptr : &found->second;
 }
 
-// A value that names platforms and nothing else leaves the default as the store is built, which is 0.
+// If the value only names platforms, the default is that of a new store, which is 0.
 double PlatformValueTable::defaultNumber() const {
     if (entry != nullptr && !byDefault) return 0;
     return entry == nullptr || byDefault->isBuiltInDefault() ? valueWhenMissing<double>(*key) : byDefault->value;

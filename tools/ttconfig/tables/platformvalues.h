@@ -12,8 +12,7 @@
 #include "ttconfig/settings/place.h"
 #include "ttconfig/text/answer.h"
 
-// Values that are given platform by platform, by the grammar of their key. A number here is a flag's 0 or 1, a whole
-// number or a decimal.
+// Per-platform values, read by the grammar of their key. Every value is held as a number; a flag is 0 or 1.
 
 namespace ttconfig {
 
@@ -27,12 +26,12 @@ struct PlatformItem : ttservice::internal::PerPlatformItem<double> {
     bool isBuiltInDefault() const { return kind == ttservice::internal::PerPlatformItemKind::BuiltInDefault; }
 };
 
-// The item that the text is under the key.
+// Reads a text as an item of the key's value.
 ttservice::internal::PerPlatformItem<double> platformItem(const ttservice::internal::SettingKey& key,
                                                           std::string_view text);
 
-// Hands each item of the entry's value to the sink, bad ones included. A value of a million items is gone through, and
-// not held.
+// Passes each item of the entry's value to the sink, including bad ones. Stores none of them: a value may have a
+// million items.
 template <typename Sink>
 void forEachPlatformItem(const standin::SettingsEntry& entry, const ttservice::internal::SettingKey& key, Sink&& sink) {
     ttservice::internal::forEachPerPlatformText(entry.value, keepsEmptyItems(key.grammar), [&](std::string_view text) {
@@ -40,10 +39,10 @@ void forEachPlatformItem(const standin::SettingsEntry& entry, const ttservice::i
     });
 }
 
-// The number as the answer that it is: true, 12 or 0.5.
+// The number as an answer of the key's type, such as true, 12 or 0.5.
 Answer numberAnswer(const ttservice::internal::SettingKey& key, double number);
 
-// An operation that such a key feeds, and what it makes of the value; see settingkeys.def.
+// An operation that answers from a per-platform value, and how it does so; see settingkeys.def.
 struct PlatformQuestion {
     enum class Kind { Value, IsNotZero, IsNamed };
 
@@ -60,23 +59,23 @@ void forEachPlatformQuestion(const ttservice::internal::SettingKey& key, Sink&& 
                                         [&](std::string_view operation) { sink(PlatformQuestion(key, operation)); });
 }
 
-// What counts of a value after a first load.
+// The items of a value that count after a first load.
 struct PlatformValueTable {
     const ttservice::internal::SettingKey* key = nullptr;
-    const standin::SettingsEntry* entry = nullptr;  // the one that counts; null when the key is missing
+    const standin::SettingsEntry* entry = nullptr;  // the one that counts; null if the key is missing
     std::map<int, PlatformItem> byPlatform;
-    std::optional<PlatformItem> byDefault;  // the item that says the default
+    std::optional<PlatformItem> byDefault;  // the item that sets the default
 
-    // The item of the platform; null when none names it.
+    // The platform's item; null if no item names it.
     const PlatformItem* find(int platform) const;
     double defaultNumber() const;
-    // Without a platform, of all that are not named.
+    // Without a platform: the answer for all platforms that are not named.
     Answer answer(const PlatformQuestion& asked, std::optional<int> platform) const;
-    // Where that is said; none without the key.
+    // Where that answer comes from; none if the key is missing.
     std::optional<Place> place(std::optional<int> platform) const;
 };
 
-// The table of the key; with a platform, of that one and the default alone.
+// The key's table. If `only` is given, it has that platform and the default alone.
 PlatformValueTable platformValues(const standin::SettingsText& text, const ttservice::internal::SettingKey& key,
                                   std::optional<int> only = std::nullopt);
 

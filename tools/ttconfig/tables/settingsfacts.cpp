@@ -1,7 +1,7 @@
-// Settings facts: answers what a settings text says, table by table.
-// Doors: SettingsFacts.
-// Owns: the tables that were asked for.
-// Covered by tests/tools/ttconfig/reasonfacts_test.cpp.
+// Settings facts: builds tables from a settings text when they are first needed.
+// Entry points: SettingsFacts.
+// Owns: the tables built so far.
+// Covered by tests/tools/ttconfig/reasons/reasonfacts_test.cpp.
 
 #include "ttconfig/tables/settingsfacts.h"
 

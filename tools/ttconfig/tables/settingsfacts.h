@@ -12,8 +12,7 @@
 
 namespace ttconfig {
 
-// What a settings text says, each table worked out when it is first asked for and kept from then on. One thread at a
-// time.
+// A settings text and the tables made from it. Each table is built on first use and then kept. Not thread-safe.
 class SettingsFacts {
 public:
     SettingsFacts(const standin::SettingsText& settingsText, std::map<std::string, bool> localOverrides,
@@ -22,7 +21,7 @@ public:
 
     const standin::SettingsText& text() const { return source; }
 
-    // The rows of a section whose keys are names and whose values are numbers.
+    // The rows of a section in which keys are names and values are numbers.
     const NumberRows& numberRows(const ttservice::internal::SettingKey& topic) const {
         return numbers.try_emplace(&topic, source, topic).first->second;
     }

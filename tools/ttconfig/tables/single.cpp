@@ -1,6 +1,6 @@
-// Single values: answers what counts for a key that holds one value.
-// Doors: isSingleValue(), singleValue().
-// Covered by tests/tools/ttconfig/reasonfacts_test.cpp.
+// Single values: reads the keys that hold one value for the whole client.
+// Entry points: isSingleValue(), singleValue().
+// Covered by tests/tools/ttconfig/reasons/reasonfacts_test.cpp.
 
 #include "ttconfig/tables/single.h"
 

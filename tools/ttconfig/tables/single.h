@@ -10,13 +10,13 @@ namespace ttconfig {
 // Whether the key holds one value for the whole client: a flag, a number or a text.
 bool isSingleValue(const ttservice::internal::SettingKey& key);
 
-// What counts for such a key after a load.
+// The value of such a key after a load.
 struct SingleValue {
     Answer answer;
-    bool isGiven = false;  // whether the settings say it
+    bool isGiven = false;  // whether the settings give it
 };
 
-// Without an entry, which is null then, of a key that is missing.
+// Pass a null entry if the key is missing.
 SingleValue singleValue(const ttservice::internal::SettingKey& key, const standin::SettingsEntry* entry);
 
 }  // namespace ttconfig

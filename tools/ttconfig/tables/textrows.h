@@ -6,12 +6,12 @@
 
 namespace ttconfig {
 
-// The rows of a settings text with their places, for the library's walks through whole sections.
+// Feeds the library's walks through whole sections with the rows of a settings text and their places.
 class TextRows {
 public:
     explicit TextRows(const standin::SettingsText& settings) : text(settings) {}
 
-    // Hands every entry of the key's section to sink(SettingsEntry), in file order.
+    // Passes every entry of the key's section to sink(SettingsEntry), in file order.
     template <typename Sink>
     void forEach(const ttservice::internal::SettingKey& row, Sink&& sink) const {
         const standin::SettingsSection* section = text.findSection(row.section);
