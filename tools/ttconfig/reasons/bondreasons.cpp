@@ -1,6 +1,5 @@
-// Reasons of the bond limits and fees: which key gives a bond trade type its parameters, which row a code its number.
-// Doors: addBondReasons().
-// Test: tests/tools/ttconfig/explaining/explainedanswers_test.cpp
+// Reasons for bond limits and fees: the key that sets a bond trade type's parameters, the row that sets a code's
+// number. Entry points: addBondReasons(). Covered by tests/tools/ttconfig/explaining/explainedanswers_test.cpp.
 
 #include <boost/algorithm/string/case_conv.hpp>
 
@@ -23,7 +22,7 @@ using LimitPtr = boost::shared_ptr<SHFixIncomeLimit>;
 
 // --- the fixed-income platform
 
-// The key of a bond trade type; null for a type that has none.
+// The key of a bond trade type; null if the type has none.
 const internal::SettingKey* keyOfType(int bondTradeType) {
     for (const internal::FixedIncomeKey& key : internal::kFixedIncomeKeys) {
         if (key.bondTradeType == bondTradeType) return key.key;
@@ -68,7 +67,7 @@ void suggestFixedIncome(const Question& question, const Wanted& wanted, Edits& e
     suggestPieces(question.settings(), key->section, key->key, row, edits);
 }
 
-// --- a number by its code
+// --- the number of a code
 
 struct NumberQuestion {
     const Question& question;
@@ -83,7 +82,7 @@ std::string rowName(const NumberQuestion& asked, const SettingsEntry& row) {
     return nameOf(asked.topic.section, row.key);
 }
 
-// Other rows that come to the code, and what is wrong with them.
+// Adds the other rows that match the code, ignoring letter case, and says why they do not count.
 void addOthers(const NumberQuestion& asked, const SettingsEntry* winner, Explanation& explanation) {
     TextRows(asked.question.settings()).forEach(asked.topic, [&](const SettingsEntry& row) {
         if (&row == winner) return;

@@ -1,6 +1,7 @@
-// Reasons of what no settings file decides: what the client sets, what never changes, and the market-time script.
-// Doors: addClientReasons().
-// Covered by tests/tools/ttconfig/reasons/explainer_test.cpp and explainedanswers_test.cpp.
+// Reasons for answers that no settings file decides: values set by the client, fixed answers, and trading sessions from
+// the market-time script.
+// Entry points: addClientReasons().
+// Covered by reasons/explainer_test.cpp and explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include "traderbase/base/config/configcollector.h"
 #include "traderbase/base/config/internal/scripts/markettimescript.h"
@@ -60,7 +61,7 @@ Explanation explainSecondFromGmt(const Question& question) {
 
 // --- trading times
 
-// The store takes the sessions from the script when it is built, and no settings file changes them.
+// The store reads the trading sessions from the script at construction; no settings file changes them.
 Explanation explainTradingTime(const Question& question) {
     const auto sessions = ConfigCollector::instance()->getTradingTime(question.text(0));
     const std::string script = ttservice::internal::kMarketTimeScript;

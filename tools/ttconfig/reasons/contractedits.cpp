@@ -1,7 +1,5 @@
-// Edits of the product catalogue: answers which entries of the algorithm products and their types could be changed.
-// Doors: those of the header.
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/whynot_test.cpp and whynotpairs_test.cpp.
+// Edits of the product catalogue: suggests changes to the entries of the algorithm products and their types.
+// Covered by explaining/whynot_test.cpp and explaining/whynotpairs_test.cpp in tests/tools/ttconfig/.
 
 #include "ttconfig/reasons/contractedits.h"
 
@@ -20,11 +18,11 @@ namespace keys = ttservice::internal::keys;
 
 // --- records
 
-// What an entry holds behind its product ID, but for the credit flag.
+// The fields of an entry after its product ID, except the credit flag.
 struct ContractField {
     const char* member;
     FieldKind kind;
-    const char* otherwise;  // of a record that has no fields
+    const char* otherwise;  // value if the wanted record does not have the member
 };
 
 constexpr ContractField kContractFields[] = {{"textValue", FieldKind::Text, ""},
@@ -38,7 +36,7 @@ struct WantedContract {
     bool isCredit = false;
     std::vector<std::string> fields;
 
-    // A record as answers have it.
+    // Takes a record as it appears in an answer.
     WantedContract(const Answer& record, std::string id, bool credit) : productId(std::move(id)), isCredit(credit) {
         for (const ContractField& field : kContractFields) {
             const bool isThere = record.is_object() && record.contains(field.member);
@@ -60,7 +58,7 @@ bool isSaid(const WantedContract& contract, const internal::ContractEntry& entry
     return true;
 }
 
-// The entry with the fields of the old one that say what is wanted.
+// The wanted entry, written as similarly to the old one as possible.
 std::string writtenContract(const WantedContract& contract, std::string_view old) {
     const internal::ContractEntry entry = internal::contractEntry(old);
     // A product without fields has a default record for stock accounts.
@@ -74,7 +72,7 @@ std::string writtenContract(const WantedContract& contract, std::string_view old
     return text + (staysCredit ? std::string(entry.fields[kCreditField]) : contract.isCredit ? "1" : "0");
 }
 
-// The entries of the contracts; those count that the predicate takes, of those that are stored.
+// The contracts as entries of a value. An entry counts if it is stored and the predicate accepts it.
 WantedPieces wantedContracts(std::vector<WantedContract> contracts,
                              std::function<bool(const internal::ContractEntry&)> counts) {
     WantedPieces wanted;
@@ -98,7 +96,7 @@ WantedPieces wantedContracts(std::vector<WantedContract> contracts,
     return wanted;
 }
 
-// Records of a list, or of an object by their keys.
+// The records in a list, or in an object that maps keys to records. Empty if any of them is not a record.
 std::vector<WantedContract> contractsIn(const Answer& records) {
     std::vector<WantedContract> contracts;
     for (const Answer& record : records) {
@@ -112,7 +110,6 @@ void suggestContracts(const Question& question, const Wanted& wanted,
                       const std::function<bool(const internal::ContractEntry&)>& counts, Edits& edits) {
     const Answer records = wanted.structure();
     if (!records.is_structured()) return;
-    // One record of a list, or the list itself.
     const std::vector<WantedContract> contracts = contractsIn(records);
     if (contracts.size() != records.size()) return;
     suggestPieces(question.settings(), keys::contracts, wantedContracts(contracts, counts), edits);
@@ -120,14 +117,14 @@ void suggestContracts(const Question& question, const Wanted& wanted,
 
 // --- types
 
-// A product that types name and that has no record.
+// Adds a record for the product: its types are ignored as long as it has none.
 void suggestKnown(const std::string& productId, bool isCredit, Edits& edits) {
     edits.reaching("the products themselves");
     edits.addPiece(keys::contracts, internal::kContracts.separator, productId + (isCredit ? ":,,,,1" : ":"));
     edits.reaching("the type for the other kind of account");
 }
 
-// The value without the type in any entry.
+// The value with the type removed from every entry.
 std::string valueWithoutType(std::string_view value, std::string_view type) {
     std::vector<std::string> entries;
     internal::forEachEntry(internal::kContractTypes, value, [&](const internal::PairEntry& entry) {

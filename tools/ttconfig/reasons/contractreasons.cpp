@@ -1,7 +1,6 @@
-// Reasons of the product catalogue: which entries make the algorithm products and say which product serves a type.
-// Doors: addContractReasons().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Reasons for the product catalogue: the entries that define the algorithm products, and the product that serves a
+// type. Entry points: addContractReasons(). Covered by reasons/explainer_test.cpp and
+// explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include <map>
 
@@ -32,8 +31,8 @@ std::string outcomeOf(const internal::ContractEntry& entry) {
 
 constexpr const char* kReplaced = "replaced by a later entry";
 
-// Adds the entries that do not decide. outcome(entry) is null for an entry to leave out; its text is used for a stored
-// one.
+// Adds the entries that do not decide. outcome(entry) returns null to leave an entry out; otherwise its text is used if
+// the entry is stored.
 template <typename Outcome>
 void loseEntries(const standin::SettingsEntry& row, Explanation& explanation, Outcome&& outcome) {
     internal::forEachEntry(internal::kContracts, row.value, [&](const internal::ContractEntry& entry) {
@@ -55,7 +54,7 @@ struct Product {
     bool isSaidBy(const internal::ContractEntry& entry) const {
         return internal::isStored(entry.outcome) && entry.productId == id && internal::isForCredit(entry) == isCredit;
     }
-    // An entry that is passed over has no product ID of its own, but may start with it.
+    // A skipped entry has no parsed product ID, but its text may start with one.
     bool isMeantBy(const internal::ContractEntry& entry) const {
         if (internal::isStored(entry.outcome)) return entry.productId == id;
         return !id.empty() && entry.text.substr(0, id.size()) == id;
@@ -83,7 +82,7 @@ Explanation explainContract(const Question& question) {
 
 // --- all products
 
-// Explains by all entries; answer(entries) makes the answer.
+// Explains an answer that depends on all entries; answer(entries) makes it.
 template <typename MakeAnswer>
 Explanation explainContracts(const Question& question, const std::string& rule, MakeAnswer answer) {
     return explainedByKey(question, keys::contracts, answer({}), [&](const standin::SettingsEntry& row) {
@@ -130,7 +129,7 @@ Explanation explainContractsOf(const Question& question) {
 
 // --- the product of a type
 
-// The products that name the type, and whether each has a record for that kind of account.
+// The products listed with the type, and whether each has a record for the kind of account in question.
 using KnownProducts = std::map<std::string_view, bool>;
 
 KnownProducts productsOfType(const Question& question, const standin::SettingsEntry& row) {

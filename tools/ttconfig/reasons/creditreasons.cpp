@@ -1,6 +1,6 @@
-// Reasons of the credit lists: which entry gives a platform its ratios, and which says that a sale repays debt.
-// Doors: addCreditReasons().
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Reasons for the credit lists: the entry that sets a platform's ratios, and the one that says that a sale repays debt.
+// Entry points: addCreditReasons().
+// Covered by reasons/explainer_test.cpp and explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include <optional>
 
@@ -25,12 +25,12 @@ std::string entryName(const internal::CreditEntry& entry) {
     return "the entry " + shownText(entry.text);
 }
 
-// Whether the entry is about the platform, too short ones included.
+// Whether the entry is for the platform, even if it has too few fields.
 bool isAbout(const internal::CreditEntry& entry, int platform) {
     return entry.kind != CreditEntryKind::NoPlatform && entry.platform == platform;
 }
 
-// An entry added to the key's value, or the value when there is none.
+// Appends an entry to the key's value, or makes it the value if there is none.
 void suggestEntry(const Question& question, const SettingKey& key, const std::string& entry, Edits& edits) {
     const standin::SettingsEntry* row = entryOf(question, key);
     if (row == nullptr || row->value.empty()) {
@@ -86,7 +86,7 @@ std::string newRatios(const std::vector<std::string>& ratios) {
     return writtenLike({}, FieldKind::Decimal, ratios[0]) + "," + writtenLike({}, FieldKind::Decimal, ratios[1]);
 }
 
-// Entries that were meant for the platform and have too few numbers.
+// Repairs entries for the platform that have too few numbers.
 void suggestMeantRatios(const Question& question, int platform, const std::vector<std::string>& ratios, Edits& edits) {
     const standin::SettingsEntry* row = entryOf(question, keys::concentrationRatio);
     if (row == nullptr) return;
@@ -97,7 +97,7 @@ void suggestMeantRatios(const Question& question, int platform, const std::vecto
     });
 }
 
-// The entry with the platform and the ratios, further numbers of the old one as they are.
+// An entry with the platform and the ratios. Further numbers of the old entry are kept.
 std::string writtenRatios(int platform, const std::vector<std::string>& ratios, std::string_view old) {
     const internal::ConcentrationEntry entry = internal::concentrationEntry(old);
     const bool isOld = entry.kind == CreditEntryKind::Entry && entry.platform == platform;
@@ -142,7 +142,7 @@ void suggestConcentration(const Question& question, const Wanted& wanted, Edits&
 
 // --- codes whose sale repays debt
 
-// The code among those of the entry; empty and pointing nowhere when it is not there.
+// The code where the entry lists it; a view of null if it does not.
 std::string_view codeIn(const internal::CreditEntry& entry, std::string_view code) {
     std::string_view found;
     internal::splitDropEmpty(entry.payload, ',', [&](std::string_view piece) {
@@ -179,7 +179,7 @@ Explanation explainCollateralSale(const Question& question) {
     return explanation;
 }
 
-// The value without the code in the platform's entries.
+// The value with the code removed from the platform's entries.
 std::string valueWithoutCode(const standin::SettingsEntry& row, int platform, std::string_view code) {
     return withPieces(row.value, ';', [&](std::string_view text) {
         const internal::CreditEntry entry = internal::collateralSaleEntry(text);

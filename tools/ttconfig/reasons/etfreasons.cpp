@@ -1,7 +1,6 @@
-// Reasons of the ETF broker client: which platform's counter is asked for ETF data, and when.
-// Doors: addEtfReasons().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Reasons for the ETF broker client: which platform's counter is queried for ETF data, and when.
+// Entry points: addEtfReasons().
+// Covered by reasons/explainer_test.cpp and explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include "traderbase/base/config/internal/products/catalogueentries.h"
 #include "ttconfig/edits/pieceedits.h"
@@ -16,7 +15,7 @@ namespace {
 namespace internal = ttservice::internal;
 using ttservice::internal::keys::etfBrokerClient;
 
-// The value, and what became of it.
+// The key's value, and how a load reads it.
 struct EtfClient {
     const standin::SettingsEntry* row;
     internal::TagEntry entry{{}, internal::EntryOutcome::KeptFormer, {}, {}};
@@ -28,7 +27,7 @@ struct EtfClient {
     bool isSet() const { return internal::isStored(entry.outcome); }
 };
 
-// An explanation by the value; without one that can be read, by what a new store has.
+// Explains an answer by the key's value, or by the state of a new store if the value cannot be read.
 template <typename Value>
 Explanation byClient(const Question& question, const EtfClient& client, const Value& value, Reason reason,
                      const std::string& rule, std::string_view piece) {
@@ -65,12 +64,12 @@ Explanation explainCanQuery(const Question& question) {
                     client.entry.tag);
 }
 
-// Of a value that has both, the other half stays.
+// Suggests a value of tag and times. The caller passes the present text for the half that should stay.
 void suggestClient(const Question& question, const std::string& tag, std::string_view times, Edits& edits) {
     const EtfClient client(question);
     edits.setValue(etfBrokerClient, tag + ":" + std::string(times));
     if (!client.isSet()) return;
-    // What follows the times is ignored, and may stay.
+    // Text after the times is ignored, so it may stay.
     const std::size_t used = client.entry.tag.size() + 1 + client.entry.times.size();
     edits.setValue(etfBrokerClient, tag + ":" + std::string(times) + std::string(client.row->value.substr(used)));
 }
@@ -90,7 +89,7 @@ void suggestTimes(const Question& question, const Wanted& wanted, Edits& edits) 
     if (client.isSet()) suggestPieces(*client.row, client.entry.times, pieces, edits);
     edits.reaching("the tag");
     edits.setValue(etfBrokerClient, ":" + wholeValue(pieces));
-    // A value without times may be the tag of those that are wanted.
+    // A value without times may be the tag that the wanted times belong to.
     if (client.row != nullptr) edits.setValue(*client.row, std::string(client.row->value) + ":" + wholeValue(pieces));
     if (!times.empty()) return;
     edits.setValue(etfBrokerClient, client.entry.tag);

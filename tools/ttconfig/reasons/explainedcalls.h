@@ -13,7 +13,7 @@
 
 namespace ttconfig {
 
-// An operation's arguments, which the call table has taken, and the settings text that they are asked of.
+// The arguments of a call, already accepted by the call table, and the settings that the question is about.
 struct Question {
     const SettingsFacts& facts;
     const Arguments& arguments;
@@ -24,8 +24,8 @@ struct Question {
     const standin::SettingsText& settings() const { return facts.text(); }
 };
 
-// How an operation is explained, and which edits of the settings might make its answer another one. Without a suggest
-// no edit can. Overloads share a row and are told apart by how many arguments there are.
+// How to explain an operation, and how to suggest edits of the settings that might change its answer. If `suggest` is
+// empty, no edit can. Overloads share a row and are distinguished by their number of arguments.
 struct ExplainedCall {
     std::function<Explanation(const Question& question)> explain;
     std::function<void(const Question& question, const Wanted& wanted, Edits& edits)> suggest;
@@ -35,7 +35,7 @@ class ExplainedCalls {
 public:
     void add(std::string name, ExplainedCall call) { calls.insert_or_assign(std::move(name), std::move(call)); }
 
-    // Null for an operation that is not explained.
+    // Null if the operation cannot be explained.
     const ExplainedCall* find(const std::string& name) const {
         const auto found = calls.find(name);
         return found == calls.end() ? nullptr : &found->second;
@@ -45,13 +45,13 @@ private:
     std::map<std::string, ExplainedCall> calls;
 };
 
-// The table of all explained operations, made when it is first asked for.
+// The table of all operations that can be explained, built on first use.
 const ExplainedCalls& explainedCalls();
 
-// Explains a call whose arguments the call table takes. Throws CallRefused for a call that is not explained.
+// Explains a call whose arguments the call table has accepted. Throws CallRefused if the call cannot be explained.
 Explanation explainCall(const std::string& call, const Question& question);
 
-// One function a topic; each adds the rows of its file.
+// One function per topic; each adds the operations of its file.
 void addSwitchReasons(ExplainedCalls& calls);         // switchreasons.cpp
 void addSingleValueReasons(ExplainedCalls& calls);    // singlereasons.cpp
 void addPlatformValueReasons(ExplainedCalls& calls);  // platformvaluereasons.cpp

@@ -1,7 +1,7 @@
-// The explainer: answers why the library answers what it answers.
-// Doors: Explainer, explainedCalls().
-// Owns: the table of what can be explained.
-// Covered by tests/tools/ttconfig/reasons/explainer_test.cpp and explainedanswers_test.cpp.
+// The explainer: says why the library gives an answer.
+// Entry points: Explainer, explainedCalls().
+// Owns: the table of operations that can be explained.
+// Covered by reasons/explainer_test.cpp and explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include "ttconfig/reasons/explainer.h"
 

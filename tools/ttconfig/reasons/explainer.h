@@ -21,58 +21,58 @@ class SettingsFacts;
 
 // Something that was considered for an answer and did not decide it.
 struct Candidate {
-    Reason reason;               // the reason it would have been
+    Reason reason;               // the reason if it had decided
     std::string what;            // "HGT-00700 in [HGTExchangeRateLimit]"
-    std::optional<Place> place;  // none for what the file does not have
-    std::string outcome;         // what came of it: "no row", "overwritten by line 12", "would be 7"
+    std::optional<Place> place;  // none if the file does not have it
+    std::string outcome;         // why it did not decide: "no row", "overwritten by line 12", "would be 7"
 };
 
-// Where a limit table was looked at: by the code, or else by its category.
+// Where a limit table was searched: under the code or, if it has no row, under its category.
 struct LimitBasis {
     std::string item;                               // "SH-600000" or "SH-STOCK"
-    ttservice::internal::LimitCategory category{};  // empty where the item names the code
+    ttservice::internal::LimitCategory category{};  // empty if the item names the code
     std::string_view section{};                     // of the row
-    const standin::SettingsEntry* row = nullptr;    // without one the default holds
+    const standin::SettingsEntry* row = nullptr;    // null if the default applies
 };
 
-// A value of a million bad pieces is explained by its first ones.
+// How many losing candidates are listed: a value may have a million bad pieces.
 inline constexpr std::size_t kMostLost = 1000;
 
-// NOLINTNEXTLINE(bugprone-exception-escape): moving a JSON value asserts what holds, and throws nothing
+// NOLINTNEXTLINE(bugprone-exception-escape): moving a JSON value only asserts its invariants and does not throw
 struct Explanation {
-    Answer answer;  // as the call table gives it to a session's first request
+    Answer answer;  // as the call table returns it to a session's first request
     Reason reason = Reason::Fixed;
     std::string rule;             // what decided, in words: "platform 12 is listed under needmaxamount"
-    std::optional<Place> place;   // of the piece, item, row or value that decided; none for what the file does not have
-    std::vector<Candidate> lost;  // in the order in which they were considered, the first kMostLost of them
-    std::size_t furtherLost = 0;  // how many there are beside those
-    // What decided, where it was a limit table or a rule of the trade units.
+    std::optional<Place> place;   // of the piece, item, row or value that decided; none if it is not in the file
+    std::vector<Candidate> lost;  // the first kMostLost, in the order in which they were considered
+    std::size_t furtherLost = 0;  // how many more there are
+    // Set if a limit table decided, or a rule of the trade units.
     std::optional<LimitBasis> limit{};
     const ttservice::internal::UnitRuleText* unitRule = nullptr;
 };
 
-// Explains answers of the library: what a new store that has loaded this settings text, and nothing before it, answers,
-// and why. The store is not asked; instruments are those of the platform that is installed, trading times those of the
-// market-time script seen from the current folder.
+// Explains the library's answers: what a new store would answer after loading this settings text, and why. It derives
+// the answers from the text without loading a store. Instruments come from the installed platform, trading sessions
+// from the market-time script found from the current folder.
 //
-// Refers to the text, which has to outlive it. Tables are worked out by the first question that needs them and kept, so
-// one Explainer is for one thread.
+// Keeps a reference to the text, which must outlive it. Builds tables on first use and keeps them, so an Explainer must
+// not be shared between threads.
 class Explainer {
 public:
-    // With the client's local overrides, and the path that the load is given, which getOriginalStr answers.
+    // Takes the client's local overrides, and the path of the load, which getOriginalStr returns.
     explicit Explainer(const standin::SettingsText& text, std::map<std::string, bool> overrides = {},
                        std::string settingsPath = {});
     Explainer(const Explainer&) = delete;
     Explainer& operator=(const Explainer&) = delete;
     ~Explainer();
 
-    // Whether this operation of the call table is a question that can be explained.
+    // Whether the operation's answers can be explained.
     static bool explains(const std::string& call);
 
-    // Throws CallRefused for a call that there is not or that is no such question, and for arguments it does not take.
+    // Throws CallRefused if the call does not exist, cannot be explained, or does not take the arguments.
     Explanation explain(const std::string& call, const Arguments& arguments) const;
 
-    // What the explanations are made of.
+    // The settings that the explanations are derived from.
     const SettingsFacts& facts() const { return *settings; }
 
 private:

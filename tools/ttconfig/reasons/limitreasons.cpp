@@ -1,7 +1,6 @@
-// Reasons of the limits: which row gives the limits and rates of an instrument, or that none does, and which edits of
-// the rows might give others.
-// Doors: addLimitReasons().
-// Test: tests/tools/ttconfig/explaining/explainedanswers_test.cpp
+// Reasons for limits: which row, if any, sets the limits and rates of an instrument, and which edits might change them.
+// Entry points: addLimitReasons().
+// Covered by tests/tools/ttconfig/explaining/explainedanswers_test.cpp.
 
 #include "traderbase/base/config/internal/limits/volumelimit.h"
 #include "ttconfig/edits/fieldedits.h"
@@ -19,9 +18,9 @@ namespace internal = ttservice::internal;
 
 // --- reasons
 
-// One place of the table, and what there is for it.
+// One look-up in the table, and the entries it found.
 struct LookedUp {
-    Reason reason;     // where its row decides
+    Reason reason;     // if its row decides
     std::string item;  // the code, or the category word
     LimitEntries entries;
 };
@@ -51,7 +50,7 @@ private:
         loseTo(category, other.place(), wouldBe(withoutRecordNumbers(answerOf(other.row->value))));
     }
 
-    // The code's own row is not looked for, but may be there.
+    // The question does not look up the code, but the table may have a row for it.
     void byCategoryAlone() {
         byCategory();
         const LookedUp own = lookUp(Reason::CodeRow, asked.code);
@@ -114,7 +113,7 @@ private:
 
     std::string nameOf(const LookedUp& found) const { return cutText(asked.itemOf(found.item), 60); }
 
-    // What makes its row the right one.
+    // Says why the instrument has the category, if the look-up was by category.
     std::string categoryIn(const LookedUp& found) const {
         return found.reason == Reason::CategoryRow ? ", the category of " + std::string(asked.category.rule) : "";
     }
@@ -129,16 +128,16 @@ private:
     Explanation explanation;
 };
 
-// --- edits that might give the limit that was wanted
+// --- edits that might give the wanted limit
 
 constexpr std::string_view kOthersOfRow = "everything else that the row names";
 constexpr std::string_view kOthersOfCategory = "every other instrument of the category";
 
-// So many rows that say what is wanted are tried for naming one more item.
+// At most this many rows that already have the wanted fields are tried with the item added to their key.
 constexpr std::size_t kMostRowsNaming = 20;
 
-// The fields of a row that gives what is wanted: fields that the answer does not have are as they are without a row
-// where no row says them.
+// The fields of a row that gives the wanted answer. Fields outside the answer may have any value; in a new row they get
+// the value that applies without a row.
 WantedPieces fieldsOf(const LimitQuestionSpec& asked, const std::vector<std::string>& wanted) {
     const std::string quantity = std::to_string(internal::kLimitWithoutRow);
     std::vector<WantedField> fields = {{quantity, true}, {internal::volumeLimitWithoutRow().second, true}};
@@ -148,7 +147,7 @@ WantedPieces fieldsOf(const LimitQuestionSpec& asked, const std::vector<std::str
     return wantedFields(asked.table->shape, std::move(fields));
 }
 
-// The key without the items that name this place of the table.
+// The key without its items for this market and item.
 std::string keyWithout(std::string_view key, const AskedLimit& asked, std::string_view item) {
     std::string kept;
     internal::forEachLimitItem(key, [&](const internal::LimitItem& written) {
@@ -163,7 +162,7 @@ std::string_view reachOfRow(std::string_view key, bool isCategory) {
     return isAlone ? std::string_view() : kOthersOfRow;
 }
 
-// The edits for one place of the table.
+// The edits for one market and item of the table.
 class PlaceEdits {
 public:
     PlaceEdits(const standin::SettingsText& settings, const AskedLimit& question, std::string_view placeItem,
@@ -175,7 +174,8 @@ public:
           isCategory(item == asked.category.word),
           edits(target) {}
 
-    // The row that counts: another value, not this item, not at all. Without fields there is no other value.
+    // Changes the value of the row that counts, removes the item from its key, or removes the row. `fields` is null if
+    // no value can give the wanted answer.
     void suggestRow(const WantedPieces* fields) {
         const auto entry = limitEntries(text, table, asked.market, item).last;
         if (!entry) return;
@@ -187,7 +187,7 @@ public:
         if (!key.empty()) edits.setKey(*entry->row, key);
     }
 
-    // A new row, and the item named by a row that says it already.
+    // Adds a row, or adds the item to a row that already has the wanted fields.
     void suggestNewRow(const WantedPieces& fields) {
         edits.reaching(isCategory ? kOthersOfCategory : std::string_view());
         const std::string key = asked.itemOf(item);
@@ -201,7 +201,7 @@ public:
         });
     }
 
-    // Rows that would name the item if they had the right number of fields.
+    // Repairs rows for the item that have the wrong number of fields.
     void suggestPassedOver(const WantedPieces& fields) {
         forEachLimitRow(text, table, [&](const auto& each) {
             if (each.state != internal::LimitRowState::WrongFieldCount) return;

@@ -1,7 +1,6 @@
-// Reasons of the lists of algorithms: which types, strategies and HTTP products a value lists.
-// Doors: addListReasons().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Reasons for the algorithm lists: which types, strategies and HTTP products a value lists.
+// Entry points: addListReasons().
+// Covered by reasons/explainer_test.cpp and explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include <set>
 
@@ -41,7 +40,7 @@ Explanation explainTypes(const Question& question, const TypeList& list) {
     });
 }
 
-// What is shown as text may be one type with a "," in it.
+// If the wanted answer is written as text, a "," may also be part of a single type.
 void suggestTypes(const Question& question, const TypeList& list, const Wanted& wanted, Edits& edits) {
     const auto suggest = [&](std::vector<std::string> types) {
         suggestPieces(question.settings(), list.key,

@@ -1,6 +1,6 @@
-// Reasons of the values by platform: why a platform has a value, and whether a value names it.
-// Doors: addPlatformValueReasons().
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Reasons for per-platform values: why a platform has a value, and whether a value names it.
+// Entry points: addPlatformValueReasons().
+// Covered by reasons/explainer_test.cpp and explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include "ttconfig/edits/fieldtexts.h"
 #include "ttconfig/edits/pieceedits.h"
@@ -64,7 +64,7 @@ std::string itemName(std::string_view text) {
     return text.empty() ? "the empty item" : "the item " + shownText(text);
 }
 
-// Items of the platform that do not count.
+// Adds the platform's items that do not count.
 void addPlatformItems(const ValueQuestion& asked, Explanation& explanation) {
     asked.forEachItem([&](const PlatformItem& item) {
         const bool isMeant = isMeantFor(item, asked.platform);
@@ -79,7 +79,8 @@ void addPlatformItems(const ValueQuestion& asked, Explanation& explanation) {
     });
 }
 
-// Default items that do not count; the one that would count if the platform had no item of its own says so.
+// Adds the default items that do not decide. If the platform has an item of its own, this includes the default that
+// would otherwise apply, with the answer it would give.
 void addDefaultItems(const ValueQuestion& asked, Explanation& explanation) {
     asked.forEachItem([&](const PlatformItem& item) {
         const bool isBadDefault = item.kind == PerPlatformItemKind::BadValue && namesNoPlatform(item);
@@ -154,7 +155,7 @@ Explanation explainNamed(const ValueQuestion& asked) {
 
 // --- edits
 
-// Items of the platform out of the value.
+// Removes the platform's items from the value.
 void suggestUnnaming(const ValueQuestion& asked, Edits& edits) {
     const std::string kept = withPieces(asked.entry->value, ';', [&asked](std::string_view text) {
         const auto item = platformItem(asked.key, text);
@@ -169,7 +170,7 @@ FieldKind fieldKind(const SettingKey& key) {
                                                                               : FieldKind::StrictInteger;
 }
 
-// An item with that value: new, or in place of one that is or was meant to be for the platform.
+// Adds an item with the value, or replaces an item that is, or was meant to be, for the platform.
 void suggestItem(const ValueQuestion& asked, const std::string& value, Edits& edits) {
     const std::string item = std::to_string(asked.platform) + ":" + writtenLike({}, fieldKind(asked.key), value);
     if (asked.entry == nullptr) {
@@ -190,7 +191,7 @@ void suggestItem(const ValueQuestion& asked, const std::string& value, Edits& ed
     });
 }
 
-// An item of the value and the ";" in front of it, or of the first one the ";" behind it.
+// The item together with the ";" before it or, if it is the first item, the ";" after it.
 std::string_view withSeparator(std::string_view value, std::string_view item) {
     const auto at = static_cast<std::size_t>(item.data() - value.data());
     return at == 0 ? value.substr(0, item.size() + 1) : value.substr(at - 1, item.size() + 1);

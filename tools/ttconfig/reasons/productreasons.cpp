@@ -1,7 +1,6 @@
-// Reasons of the product sections: which group a futures product is margined by, and which list names a fund.
-// Doors: addProductReasons().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Reasons for the product sections: the group with which a futures product is margined, and the list that names a fund.
+// Entry points: addProductReasons().
+// Covered by reasons/explainer_test.cpp and explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include <ttplatform/stocktypecenter.h>
 
@@ -33,7 +32,8 @@ std::string sectionName(const internal::SettingKey& topic) {
 
 // --- combinations
 
-// The first product of the first group in which the product is not the first; later ones that name it do not count.
+// The answer is the leading product of the first group that has the product after its leader. Later groups do not
+// count.
 Explanation explainCombination(const Question& question) {
     const std::string& product = question.text(0);
     const SettingsSection* section = question.settings().findSection(keys::combinations.section);
@@ -69,7 +69,7 @@ Explanation explainCombination(const Question& question) {
     return explanation;
 }
 
-// The value without the product behind the first of any group.
+// The value with the product removed from every group, except where it is the leading product.
 std::string valueWithoutMember(std::string_view value, std::string_view product) {
     std::string text;
     internal::forEachEntry(internal::kCombinations, value, [&](const GroupEntry& group) {
@@ -118,7 +118,7 @@ void suggestCombination(const Question& question, const Wanted& wanted, Edits& e
 
 // --- funds that are paid from the lending balance first
 
-// The rows of the platform, in file order. Keys are taken loosely.
+// The platform's rows in file order. Keys are read like atoi.
 std::vector<const SettingsEntry*> platformRows(const Question& question, int platform) {
     std::vector<const SettingsEntry*> rows;
     const SettingsSection* section = question.settings().findSection(keys::sloBalanceFirstFunds.section);
@@ -195,12 +195,12 @@ void suggestSloFund(const Question& question, const Wanted& wanted, Edits& edits
     edits.removeLine(*rows.back());
 }
 
-// --- funds whose price is fixed
+// --- funds with a fixed price
 
-// What an entry of the market says about the code, and where.
+// Whether an entry of the market lists the code, and where.
 struct FixedPriceEntry {
     internal::MarketCodesEntry entry;
-    std::string_view listed;  // the code in it; points nowhere where it is not there
+    std::string_view listed;  // the code in the entry; a view of null if it is not listed
 
     FixedPriceEntry(const internal::MarketCodesEntry& of, std::string_view code) : entry(of) {
         internal::forEachCodeOf(entry, [&](std::string_view piece) {
@@ -213,7 +213,7 @@ struct FixedPriceEntry {
     Place place(const SettingsEntry& row) const { return placeInValue(row, isListed() ? listed : entry.text); }
 };
 
-// The last entry of a market holds all its codes.
+// Only the last entry of a market counts.
 Explanation explainFixedPrice(const Question& question) {
     const internal::SettingKey& key = keys::fixedPriceFunds;
     const std::string& market = question.text(0);

@@ -4,12 +4,12 @@
 
 namespace ttconfig {
 
-// Why an answer is what it is: one row a reason, its word and what it says.
+// Why an answer is what it is. Each row is one reason: its name, the word that the tool prints, and its meaning.
 //
-// To add a reason, put its row at the end of its group; the test of generated settings then asks for a question that
-// has it.
+// To add a reason, add a row at the end of its group. The test over generated settings then fails until one of its
+// questions has that reason.
 #define TT_REASONS(ROW)                                                                                            \
-    /* platform switches, and other lists of which something is in or is not */                                    \
+    /* platform switches and other lists: is something listed? */                                                  \
     ROW(Override, "override", "a local override answers, whatever the settings file says")                         \
     ROW(Listed, "listed", "a list of the settings file names it")                                                  \
     ROW(NotListed, "not-listed", "the settings file has the list, and it is not named there")                      \
@@ -25,7 +25,7 @@ namespace ttconfig {
     ROW(CodeRow, "code-row", "a row names the market and the code")                                                \
     ROW(CategoryRow, "category-row", "no row names the code; one names the market and the code's category")        \
     ROW(InsertedDefault, "inserted-default", "no row fits; the question puts a default under market and category") \
-    /* what no settings file decides */                                                                            \
+    /* answers that no settings file decides */                                                                    \
     ROW(UnitRule, "unit-rule", "a numbered rule of the trade units")                                               \
     ROW(Script, "script", "the market-time script says so")                                                        \
     ROW(RunTime, "run-time", "only the client sets it; this is its value before the client does")                  \

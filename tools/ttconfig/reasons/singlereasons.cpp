@@ -1,6 +1,6 @@
-// Reasons of the single values: why a flag, a number or a text of the settings file is what it is.
-// Doors: addSingleValueReasons().
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Reasons for single values: why a flag, number or text of the settings file has its value.
+// Entry points: addSingleValueReasons().
+// Covered by reasons/explainer_test.cpp and explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include "traderbase/base/config/internal/text/splitting.h"
 #include "ttconfig/edits/fieldtexts.h"
@@ -69,9 +69,9 @@ void suggestSingle(const Question& question, const SettingKey& key, const Wanted
     edits.removeLine(key);
 }
 
-// --- flags with a turn of their own
+// --- flags with a rule of their own
 
-// The flag of the market; null for a market that has none.
+// The market's flag; null if the market has none.
 const SettingKey* bondRulesKey(const std::string& market) {
     if (market == "SH") return &keys::shangHaiNewBondRules;
     if (market == "SZ") return &keys::shenZhenNewBondRules;
@@ -88,7 +88,7 @@ void suggestBondRules(const Question& question, const Wanted& wanted, Edits& edi
     if (const SettingKey* key = bondRulesKey(question.text(0))) suggestSingle(question, *key, wanted, edits);
 }
 
-// The key of that name is read, and the bond rules of Shanghai answer: clients rely on it.
+// A load reads usernewshanghailoanrules, but the answer comes from Shanghai's bond rules: clients rely on that.
 Explanation explainLoanRules(const Question& question) {
     Explanation explanation = explainSingle(question, keys::shangHaiNewBondRules);
     if (const auto* entry = entryOf(question, keys::newShangHaiLoanRules)) {
@@ -104,8 +104,8 @@ void suggestLoanRules(const Question& question, const Wanted& wanted, Edits& edi
 
 }  // namespace
 
-// Operations that look at more than one key are explained in their own way: those below, and the units in
-// unitreasons.cpp, take the place of the rows that the keys' grammars give them.
+// The grammar of a key explains the operations that it feeds. Operations that read more than one key replace those rows
+// with explanations of their own, here and in unitreasons.cpp.
 void addSingleValueReasons(ExplainedCalls& calls) {
     for (const SettingKey& key : internal::kSettingKeys) {
         if (!isSingleValue(key)) continue;

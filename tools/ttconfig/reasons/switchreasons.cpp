@@ -1,6 +1,6 @@
-// Reasons of the platform switches: why a platform is on or off under a key, and what its list is.
-// Doors: addSwitchReasons().
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Reasons for the platform switches: why a key is on or off for a platform, and which platforms it lists.
+// Entry points: addSwitchReasons().
+// Covered by reasons/explainer_test.cpp and explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include "traderbase/base/config/internal/platforms/platformlist.h"
 #include "traderbase/base/config/internal/switches/platformswitchtable.h"
@@ -39,7 +39,7 @@ Candidate badPiece(const ListedPlatform& piece) {
     return {Reason::Listed, "the piece " + shownText(piece.piece), piece.place, "is no platform ID: passed over"};
 }
 
-// Pieces that name the platform, and pieces that look as if they did.
+// Adds pieces that name the platform once more, and bad pieces that were probably meant to name it.
 void addPieces(const SwitchQuestion& asked, const standin::SettingsEntry& entry,
                const std::optional<ListedPlatform>& winner, Explanation& explanation) {
     forEachListed(entry, [&](const ListedPlatform& piece) {
@@ -86,7 +86,7 @@ Explanation explainSwitch(const SwitchQuestion& asked) {
     return explanation;
 }
 
-// The platform in front of the list, behind it, or in place of a piece that was meant to be it.
+// Lists the platform at the front, at the end, or in place of a piece that was probably meant to name it.
 void suggestListing(const SwitchQuestion& asked, const standin::SettingsEntry& entry, Edits& edits) {
     const std::string id = std::to_string(asked.platform);
     const std::string value(entry.value);
@@ -106,7 +106,8 @@ void suggestUnlisting(const SwitchQuestion& asked, const standin::SettingsEntry&
         return isListing ? std::nullopt : std::optional<std::string>(piece);
     });
     edits.setValue(entry, kept);
-    // Blanks at the end of a value would be cut off, and a piece that ends in one might be an ID then.
+    // Blanks at the end of a value are trimmed, which could turn a last piece like "12 " into an ID. A final "," keeps
+    // them.
     edits.setValue(entry, kept + ",");
 }
 
@@ -147,7 +148,7 @@ Explanation explainGetPts(const Question& question) {
     return explanation;
 }
 
-// The IDs of a list, as pieces of its value.
+// The wanted platform IDs, as pieces of a list.
 WantedPieces wantedPlatforms(const std::vector<std::string>& ids) {
     WantedPieces pieces;
     pieces.count = ids.size();
@@ -191,7 +192,7 @@ Explanation explainAllPts(const Question& question) {
     return explanation;
 }
 
-// A key that only one of two answers has, or that has another list there.
+// A key whose list is missing from the other answer, or differs there.
 struct OtherList {
     std::string key;
     std::vector<std::string> ids;
@@ -206,7 +207,7 @@ std::vector<OtherList> otherLists(const Answer& lists, const Answer& than) {
     return others;
 }
 
-// One edit changes the list of one key, or of two where a line gets another name.
+// One edit changes the list of one key, or of two keys if it renames a key.
 constexpr std::size_t kMostOtherLists = 2;
 
 void suggestAllPts(const Question& question, const Wanted& wanted, Edits& edits) {

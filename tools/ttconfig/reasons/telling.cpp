@@ -1,5 +1,4 @@
-// Telling: answers how what explanations speak of is called.
-// Doors: those of the header.
+// Wording of explanations: how they name keys and platforms, and how they list losing candidates.
 // Covered by tests/tools/ttconfig/reasons/explainer_test.cpp.
 
 #include "ttconfig/reasons/telling.h"

@@ -9,11 +9,11 @@
 #include "ttconfig/calls/storerecords.h"
 #include "ttconfig/reasons/explainedcalls.h"
 
-// What explanations are written with.
+// Building blocks of explanations.
 
 namespace ttconfig {
 
-// The value as the call table answers it to a session's first request.
+// The value as the call table returns it to a session's first request.
 template <typename Value>
 Answer answerOf(const Value& value) {
     Records records;
@@ -30,16 +30,16 @@ std::string platformName(int platform);
 // "would be true"
 std::string wouldBe(const Answer& answer);
 
-// An explanation by something that the settings text has, or has not.
+// An explanation without losing candidates.
 template <typename Value>
 Explanation decided(const Value& value, Reason reason, std::string rule, std::optional<Place> place = std::nullopt) {
     return {answerOf(value), reason, std::move(rule), place, {}, 0};
 }
 
-// Enters a candidate behind the others, or only counts it where there are enough of them.
+// Appends a losing candidate, or only counts it once kMostLost are listed.
 void lose(Explanation& explanation, Candidate candidate);
 
-// The same of a candidate that is only made where it is entered: of a value there may be a million of them.
+// The same, but makes the candidate only if it is listed: one value may have a million of them.
 template <typename Make, typename = std::enable_if_t<std::is_invocable_r_v<Candidate, Make>>>
 void lose(Explanation& explanation, Make&& make) {
     if (explanation.lost.size() < kMostLost) {
@@ -49,19 +49,19 @@ void lose(Explanation& explanation, Make&& make) {
     }
 }
 
-// The later entries of the key, none of which is ever read.
+// Adds the later entries of a repeated key, which no load reads.
 void addRepeats(const Question& question, std::string_view section, std::string_view key, Explanation& explanation);
 void addRepeats(const Question& question, const ttservice::internal::SettingKey& key, Explanation& explanation);
 
-// A key of the catalogue that the settings file does not have.
+// The candidate for a catalogue key that is not in the settings file.
 Candidate missingKey(const ttservice::internal::SettingKey& key);
 
-// The entry of a key of the catalogue that counts; null without one.
+// The entry that counts for a catalogue key; null if there is none.
 inline const standin::SettingsEntry* entryOf(const Question& question, const ttservice::internal::SettingKey& key) {
     return question.settings().findEntry(key.section, key.key);
 }
 
-// Explains an answer by the value of a key, with explain(row). Without the key the answer is the given one.
+// Explains an answer by the value of a key, through explain(row). If the key is missing, the answer is `without`.
 template <typename Value, typename Explain>
 Explanation explainedByKey(const Question& question, const ttservice::internal::SettingKey& key, const Value& without,
                            Explain&& explain) {

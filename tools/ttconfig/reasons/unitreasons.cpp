@@ -1,7 +1,7 @@
-// Reasons of the trade units: which numbered rule decides, and what the settings file said to it.
-// Doors: addUnitReasons().
-// Owns: the settings text that the rules are asked under.
-// Covered by tests/tools/ttconfig/explainer_test.cpp and explainedanswers_test.cpp.
+// Reasons for the trade units: which numbered rule decides, and which settings it read.
+// Entry points: addUnitReasons().
+// Owns: the question whose settings the rules read at the moment, one for each thread.
+// Covered by reasons/explainer_test.cpp and explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include <ttplatform/enums.h>
 
@@ -18,8 +18,8 @@ namespace {
 namespace internal = ttservice::internal;
 namespace keys = ttservice::internal::keys;
 
-// The rules ask for switches through plain functions: while one of these lives, they answer from its question's
-// settings and leave behind what was asked.
+// The rules read switches through plain functions. While a Consulting object lives, these functions answer from the
+// settings of its question and record what the rules read.
 class Consulting {
 public:
     explicit Consulting(const Question& asked) : question(asked), before(current) { current = this; }
@@ -36,7 +36,7 @@ private:
     bool ask(const std::string& call, const Arguments& arguments) {
         const Explanation flag = explainCall(call, {question.facts, arguments});
         const bool isOn = flag.answer.get<bool>();
-        // A market that has no such flag consults nothing.
+        // For a market without such a flag, no setting is consulted.
         if (flag.reason != Reason::Fixed) {
             consulted.push_back({flag.reason, flag.rule, flag.place, isOn ? "the rule is on" : "the rule is off"});
         }
@@ -95,7 +95,7 @@ Explanation explainBuys(const Question& question) {
                        std::to_string(std::size(internal::kBuyOperations)) + " operations that buy");
 }
 
-// The flags that rules consult, both ways.
+// Suggests both values for each flag that the rules consult.
 void suggestFlags(const Question& /*question*/, const Wanted& /*wanted*/, Edits& edits) {
     for (const internal::SettingKey* key :
          {&keys::shangHaiNewBondRules, &keys::shenZhenNewBondRules, &keys::registIPORules}) {
