@@ -1,7 +1,6 @@
-// Edits: answers which lines of a settings text could be changed, and how it reads afterwards.
-// Doors: Edits, editedText(), linesOf().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/whynot_test.cpp.
+// Edits: collects possible changes of single lines, applies one to a settings text, and shows the lines it changes.
+// Entry points: Edits, editedText(), linesOf().
+// Covered by tests/tools/ttconfig/explaining/whynot_test.cpp.
 
 #include "ttconfig/edits/edits.h"
 
@@ -18,7 +17,7 @@ using standin::SettingsEntry;
 using standin::SettingsSection;
 using standin::SettingsText;
 
-// Of longer lines only so much is shown on either side of the change.
+// Of a very long line, about this many bytes are shown on each side of the change.
 constexpr std::size_t kMostShown = 2000;
 
 std::size_t offsetOf(const SettingsText& text, std::string_view view) {
@@ -30,7 +29,7 @@ std::size_t lineStart(std::string_view bytes, std::size_t at) {
     return end == std::string_view::npos ? 0 : end + 1;
 }
 
-// Behind the line's end, or at the end of the bytes.
+// The start of the next line, or the end of the bytes.
 std::size_t nextLine(std::string_view bytes, std::size_t at) {
     const std::size_t end = bytes.find('\n', at);
     return end == std::string_view::npos ? bytes.size() : end + 1;
@@ -50,7 +49,7 @@ std::string_view withoutEnd(std::string_view line) {
     return line;
 }
 
-// The line, or what stands around the changed bytes of a very long one.
+// The line, or only the part around the changed bytes if it is very long.
 std::string shownLine(std::string_view line, std::size_t changedAt, std::size_t changedLength) {
     line = withoutEnd(line);
     if (line.size() <= 2 * kMostShown + changedLength || changedAt > line.size()) {
@@ -61,7 +60,7 @@ std::string shownLine(std::string_view line, std::size_t changedAt, std::size_t 
     return (from > 0 ? "..." : "") + std::string(line.substr(from, to - from)) + (to < line.size() ? "..." : "");
 }
 
-// The lines of an added text, which may begin or end with a line end.
+// The lines of an added text, which may start or end with a line break.
 std::vector<std::string> addedLines(std::string_view added) {
     std::vector<std::string> lines;
     while (!added.empty()) {
@@ -167,9 +166,9 @@ void Edits::add(Edit draft) {
     drafts.push_back(std::move(draft));
 }
 
-// Keeps what both have in common at either end.
+// Replaces only the bytes that differ: a common start and a common end stay.
 void Edits::replace(std::uint32_t line, std::string_view old, std::string_view now) {
-    // A line end in the middle of a value would make two lines of it.
+    // A line break inside a value would split the line in two.
     if (old == now || now.find('\n') != std::string_view::npos) return;
     std::size_t offset = offsetOf(text, old);
     while (!old.empty() && !now.empty() && old.front() == now.front()) {

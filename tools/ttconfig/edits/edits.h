@@ -14,26 +14,26 @@
 
 namespace ttconfig {
 
-// One change of a settings text: some bytes of it replaced by others.
+// One change of a settings text: replaces a run of bytes with other bytes.
 struct Edit {
     enum class Kind { ReplacedLine, AddedLine, RemovedLine };
 
     Kind kind = Kind::ReplacedLine;
-    std::uint32_t line = 0;  // of the line that is replaced or removed; of an added line the one that it becomes
+    std::uint32_t line = 0;  // the replaced or removed line; for an added line, the number it gets
     std::size_t offset = 0;  // into the text's bytes
     std::size_t length = 0;
     std::string replacement;
-    std::string_view reach;  // what else it changes, in words; empty when it is about the question alone
+    std::string_view reach;  // what else the edit affects, in words; empty if only this question
 
     std::size_t changedBytes() const { return length + replacement.size(); }
 };
 
 inline constexpr std::size_t kEditKinds = 3;
 
-// The text with the edit carried out.
+// The text after the edit.
 std::string editedText(const standin::SettingsText& text, const Edit& edit);
 
-// The lines that it takes out and puts in, without their ends; of very long lines what stands around the change.
+// The lines that an edit removes and adds, without line breaks. Very long lines are cut to the part around the change.
 struct EditLines {
     std::vector<std::string> before;
     std::vector<std::string> after;
@@ -43,7 +43,7 @@ EditLines linesOf(const standin::SettingsText& text, const Edit& edit);
 // The value with a piece appended.
 std::string withPiece(std::string_view value, char separator, std::string_view piece);
 
-// The pieces with a separator between each two.
+// The pieces, joined by the separator.
 template <typename Text>
 std::string joined(const std::vector<Text>& pieces, char separator) {
     std::string text;
@@ -62,14 +62,14 @@ std::string withoutPieces(std::string_view value, char separator, Predicate&& is
     return joined(kept, separator);
 }
 
-// Collects edits of one line each that might change an answer, of each kind up to a number that nobody wants to see
-// tried out. Nothing is tried out here.
+// Collects edits of single lines that might change an answer, up to a fixed number of each kind. Whether they do is not
+// checked here.
 class Edits {
 public:
     explicit Edits(const standin::SettingsText& settingsText) : text(settingsText) {}
 
-    // The value of the entry; of the key, whose line is added where there is none, and is tried out in front of one
-    // that is there as well: of a repeated key the first value counts.
+    // Sets the value of an entry or of a key. A missing key gets a new line. For an existing key, a new line at the
+    // front of the section is suggested as well, because the first value of a repeated key counts.
     void setValue(const standin::SettingsEntry& entry, std::string_view value);
     void setValue(const ttservice::internal::SettingKey& key, std::string_view value);
     void setValue(std::string_view section, std::string_view key, std::string_view value);
@@ -77,21 +77,21 @@ public:
     // Appends a piece to the key's value.
     void addPiece(const ttservice::internal::SettingKey& key, char separator, std::string_view piece);
 
-    // A piece of the entry's value.
+    // Replaces a piece of the entry's value.
     void replacePiece(const standin::SettingsEntry& entry, std::string_view piece, std::string_view by);
 
     void setKey(const standin::SettingsEntry& entry, std::string_view key);
     void removeLine(const standin::SettingsEntry& entry);
     void removeLine(const ttservice::internal::SettingKey& key);
 
-    // A line "key=value" in front of the section's other lines, or behind them.
+    // Adds a line "key=value" before or after the other lines of the section.
     void addFirst(std::string_view section, std::string_view key, std::string_view value);
     void addLast(std::string_view section, std::string_view key, std::string_view value);
 
-    // What the edits that follow change beside the answer. A literal: it is not copied.
+    // Sets what all following edits affect besides this question, in words. Pass a literal: the text is not copied.
     void reaching(std::string_view what) { reach = what; }
 
-    // Those that change the fewest bytes first, and of these the ones that change nothing beside the answer.
+    // Edits that change fewer bytes come first; among equals, those that affect only this question.
     std::vector<Edit> inOrder() &&;
 
 private:

@@ -1,6 +1,6 @@
-// Edits of rows of fields: answers which fields of a row have to change.
-// Doors: wantedFields().
-// Covered by tests/tools/ttconfig/explaining/whynot_test.cpp and whynotpairs_test.cpp.
+// Edits of the fields of a row: describes the fields that a row must have to give a wanted answer.
+// Entry points: wantedFields().
+// Covered by explaining/whynot_test.cpp and explaining/whynotpairs_test.cpp in tests/tools/ttconfig/.
 
 #include "ttconfig/edits/fieldedits.h"
 

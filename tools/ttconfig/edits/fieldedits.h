@@ -8,16 +8,16 @@
 
 namespace ttconfig {
 
-// A field of a row, written as answers are.
+// A wanted field of a row, written as in an answer.
 struct WantedField {
     std::string text;
-    bool isAny = false;  // whatever the row says is right; the text is for a row that does not have the field
+    bool isAny = false;  // any value will do; `text` is for a row without the field
 };
 
-// The fields of a row of that shape, as pieces of its value.
+// The fields of a row with this shape, as pieces of its value.
 WantedPieces wantedFields(const ttservice::internal::LimitField* shape, std::vector<WantedField> fields);
 
-// Those of a whole row.
+// The same if every field has a wanted text.
 WantedPieces wantedFields(const ttservice::internal::LimitField* shape, const std::vector<std::string>& texts);
 
 }  // namespace ttconfig

@@ -1,6 +1,6 @@
-// Field texts: answers how a field has to read for it to say a certain value.
-// Doors: says(), writtenLike(), differingBytes(), kindOf().
-// Covered by tests/tools/ttconfig/explaining/whynot_test.cpp and whynotpairs_test.cpp.
+// Field texts: writes a field so that it is read as a wanted value, with few changes to the present text.
+// Entry points: says(), writtenLike(), differingBytes(), kindOf().
+// Covered by explaining/whynot_test.cpp and explaining/whynotpairs_test.cpp in tests/tools/ttconfig/.
 
 #include "ttconfig/edits/fieldtexts.h"
 
@@ -17,7 +17,7 @@ namespace {
 
 namespace internal = ttservice::internal;
 
-// Longer fields are written anew instead of being mended.
+// Longer fields are rewritten instead of mended.
 constexpr std::size_t kMostMended = 24;
 constexpr std::string_view kNumberBytes = "0123456789.-+";
 
@@ -25,14 +25,14 @@ bool isNoNumber(const std::string& wanted) {
     return wanted == "none" || wanted == "null";
 }
 
-// A number as a whole, and written so that nobody wonders: no "." at either end.
+// Whether the whole text is a number in a plain spelling: it starts and ends with a digit, apart from a sign.
 bool isNumber(std::string_view text) {
     const std::string_view digits = text.substr(std::min(text.find_first_not_of("+-"), text.size()));
     return !digits.empty() && internal::isDigit(digits.front()) && internal::isDigit(digits.back()) &&
            internal::strictDouble(text).has_value();
 }
 
-// The number as answers have it, and without the ".0" of a decimal number that is whole.
+// The number as an answer writes it, but without a final ".0".
 std::string plainNumber(const std::string& wanted) {
     if (isNoNumber(wanted)) return "nan";
     const std::size_t size = wanted.size();
@@ -40,7 +40,7 @@ std::string plainNumber(const std::string& wanted) {
     return isWhole ? wanted.substr(0, size - 2) : wanted;
 }
 
-// The number that is there with some bytes in its middle changed, if that takes less than writing the other one.
+// The field with some bytes in its middle changed, or `plain` if that changes no more bytes.
 std::string mended(std::string_view field, FieldKind kind, const std::string& wanted, const std::string& plain) {
     std::string best = plain;
     std::size_t fewest = differingBytes(field, plain);

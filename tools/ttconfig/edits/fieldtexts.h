@@ -7,20 +7,21 @@
 
 namespace ttconfig {
 
-// How a field is read: numbers as atoi, atoll and atof do, numbers that are such as a whole or none, or the text as it
-// stands.
+// How a field is read: Integer, LongInteger and Decimal like atoi, atoll and atof; the strict kinds only if the whole
+// field is a number; Text as written.
 enum class FieldKind { Integer, LongInteger, Decimal, StrictInteger, StrictDecimal, Text };
 
 FieldKind kindOf(ttservice::internal::LimitField field);
 
-// Whether the field says what is wanted, which is written as answers are. "none" and "null" are a number that is none.
+// Whether the field gives the wanted value, which is written as in an answer. "none" and "null" stand for a decimal
+// that is not finite.
 bool says(std::string_view field, FieldKind kind, const std::string& wanted);
 
-// A text that says it and differs little from what stands there: that itself where it says so. Without a field, which
-// is not an empty one, the value as people write it.
+// A text that gives the wanted value and differs little from the field; the field itself if it already gives it. If the
+// field is missing, which is a view of null and not an empty one, the value in its usual spelling.
 std::string writtenLike(std::string_view field, FieldKind kind, const std::string& wanted);
 
-// How many bytes one has that the other has not, what both have in common at either end left out.
+// How many bytes the two texts have in all, not counting their common start and common end.
 std::size_t differingBytes(std::string_view one, std::string_view other);
 
 }  // namespace ttconfig

@@ -1,7 +1,6 @@
-// Edits of pieces: answers which pieces of a value have to change for an answer that is made of several of them.
-// Doors: suggestPieces(), wholeValue(), withPieces().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/whynot_test.cpp and whynotpairs_test.cpp.
+// Edits of pieces: suggests which pieces of a value to change if an answer depends on several of them.
+// Entry points: suggestPieces(), wholeValue(), withPieces().
+// Covered by explaining/whynot_test.cpp and explaining/whynotpairs_test.cpp in tests/tools/ttconfig/.
 
 #include "ttconfig/edits/pieceedits.h"
 
@@ -20,13 +19,13 @@ namespace {
 using Pieces = std::vector<std::string_view>;
 using Texts = std::vector<std::string>;
 
-// Every way to keep pieces at either end is looked at up to so many pieces, and beyond that only the ones that keep
-// most. Values that are longer still are not taken apart.
+// Up to kMostLookedAt pieces, every way to keep pieces at both ends is tried; beyond that, only those that keep the
+// most. Values of more than kMostPieces pieces are not split. At most kMostTried values are suggested.
 constexpr std::size_t kMostLookedAt = 24;
 constexpr std::size_t kMostPieces = 1000000;
 constexpr std::size_t kMostTried = 16;
 
-// The pieces that stay at the front and at the end of the value.
+// How many pieces stay at the front and at the back of the value.
 struct Kept {
     std::size_t front = 0;
     std::size_t back = 0;
@@ -46,7 +45,7 @@ public:
         const auto absent = isTooLong ? std::nullopt : missing({pieces.size(), 0});
         return absent && absent->empty();
     }
-    // The values, the one that differs least from what is there first.
+    // The suggested values, starting with the one that differs least from the present value.
     Texts values(bool keepsOthers) const;
 
 private:
@@ -70,7 +69,7 @@ private:
     Pieces pieces;
 };
 
-// Where an empty value has no piece, an empty piece alone takes a separator.
+// If an empty value means no pieces, a single empty piece is written as a separator.
 std::string asValue(const WantedPieces& wanted, std::size_t count, std::string text) {
     if (count == 1 && text.empty() && !wanted.emptyIsOnePiece) text = wanted.separator;
     return text;
@@ -82,7 +81,7 @@ std::vector<Kept> PieceEdits::waysToKeep() const {
         addWaysOfLongValue(ways);
         return ways;
     }
-    // What can be put in anywhere goes to the end.
+    // Ways that keep more at the front come first, so new pieces go to the end if they may go anywhere.
     for (std::size_t ahead = pieces.size() + 1; ahead > 0; --ahead) {
         for (std::size_t back = 0; ahead - 1 + back <= pieces.size(); ++back)
             ways.push_back({ahead - 1, back});
@@ -90,7 +89,8 @@ std::vector<Kept> PieceEdits::waysToKeep() const {
     return ways;
 }
 
-// As much as can stay at the front and then at the end, the other way round, and pieces put in at either end.
+// The ways to keep: as much as possible at the front, then at the back; the reverse; everything, with new pieces at the
+// back or at the front; nothing.
 void PieceEdits::addWaysOfLongValue(std::vector<Kept>& ways) const {
     const auto most = [&](const auto& kept) {
         std::size_t can = 0;
@@ -152,7 +152,7 @@ std::optional<std::vector<std::size_t>> PieceEdits::missingByName(const Kept& ke
         } else if (isBehind) {
             return std::nullopt;
         } else {
-            state = State::Overruled;  // by what is put in behind it
+            state = State::Overruled;  // by a piece inserted after it
         }
     }
     std::vector<std::size_t> missing;
@@ -169,7 +169,7 @@ std::optional<std::size_t> PieceEdits::named(std::string_view piece) const {
     return std::nullopt;
 }
 
-// The piece in whose place the wanted one comes: that of its name, or the one that stands there.
+// The piece that the wanted one replaces: the one with the same name, or else the one in its position.
 std::string_view PieceEdits::oldOf(std::size_t number, std::size_t place, const Kept& kept) const {
     const std::size_t end = pieces.size() - kept.back;
     for (std::size_t i = kept.front; wanted.names && i < end; ++i) {
@@ -199,7 +199,7 @@ Texts PieceEdits::between(const Kept& kept, const std::vector<std::size_t>& miss
     return texts;
 }
 
-// What is kept is copied as it stands.
+// Copies the kept pieces unchanged.
 std::string PieceEdits::valueOf(const Kept& kept, const Texts& between) const {
     std::string text;
     std::size_t count = 0;
@@ -222,7 +222,7 @@ std::string PieceEdits::valueOf(const Kept& kept, const Texts& between) const {
 
 Texts PieceEdits::values(bool keepsOthers) const {
     Texts values;
-    // What comes last counts, where order plays no part.
+    // Appending is enough for LastOfName: the last piece of a name counts.
     if (isTooLong) return {(keepsOthers ? std::string(value) + wanted.separator : "") + wholeValue(wanted)};
     for (const Kept& kept : waysToKeep()) {
         const auto absent = missing(kept);
@@ -231,7 +231,7 @@ Texts PieceEdits::values(bool keepsOthers) const {
         if (pieces.size() > kMostLookedAt || absent->empty()) continue;
         values.push_back(valueOf(kept, between(kept, *absent, keepsOthers, true)));
     }
-    // Of two that differ as little, the longer one takes out less.
+    // If two values differ by the same number of bytes, the longer one comes first because it removes less.
     std::stable_sort(values.begin(), values.end(), [this](const std::string& left, const std::string& right) {
         return std::pair(differingBytes(value, left), right.size()) <
                std::pair(differingBytes(value, right), left.size());

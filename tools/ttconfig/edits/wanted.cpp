@@ -1,5 +1,5 @@
-// Wanted answers: answers whether an answer is the one that somebody expected.
-// Doors: Wanted, withoutRecordNumbers().
+// Wanted answers: tells whether an answer is the expected one.
+// Entry points: Wanted, withoutRecordNumbers().
 // Covered by tests/tools/ttconfig/explaining/whynot_test.cpp.
 
 #include "ttconfig/edits/wanted.h"
@@ -40,13 +40,13 @@ std::vector<std::string> textsOf(const Answer& items) {
     return texts;
 }
 
-// Objects are compared whatever the order of their members, and as they are printed: numbers that are none and bytes
-// that are not UTF-8 are not what they were.
+// Compares the answer as printed, because printing changes numbers that are not finite and bytes that are not UTF-8.
+// The order of an object's members does not matter.
 bool isSame(const Answer& answer, const Answer& wanted) {
     return Argument::parse(answerJson(answer)) == Argument(wanted);
 }
 
-// Whether a list or a record of texts, as it was read, is the answer. A number may be written in another way.
+// Whether the answer equals a list or record that was read from text. A number may be spelled differently.
 bool isShown(const Answer& answer, const Answer& read) {
     if (!read.is_structured()) {
         if (!answer.is_number() || !read.is_string()) return answerText(answer) == answerText(read);
@@ -61,12 +61,12 @@ bool isShown(const Answer& answer, const Answer& read) {
                       });
 }
 
-// Reads lists and records of texts that are written as answerText() writes them.
+// Parses lists and records in the format of answerText(). Every item is read as a text.
 class ShownAnswer {
 public:
     explicit ShownAnswer(std::string_view text) : rest(text) {}
 
-    // The items up to the end, or up to a bracket that closes them.
+    // The items up to the end or to the closing bracket.
     Answer items() {
         Answer list = Answer::array();
         Answer record = Answer::object();
@@ -92,14 +92,14 @@ private:
         return isThere;
     }
 
-    // What stands in front of the next of these bytes.
+    // Takes the text before the next of these bytes.
     std::string_view upTo(const char* bytes) {
         const std::string_view text = rest.substr(0, rest.find_first_of(bytes));
         rest.remove_prefix(text.size());
         return text;
     }
 
-    // The list or record that begins here; without one the text that has been read.
+    // The list or record that starts here; if none does, `text`, which has just been read.
     Answer value(std::string_view text) {
         if (!take('[') && !take('{')) return std::string(text);
         Answer inner = items();

@@ -9,29 +9,29 @@
 
 namespace ttconfig {
 
-// An answer that somebody expected: as the tool shows answers, as text or as JSON. Record numbers ("@") do not count,
-// and a record may be written as its values alone.
+// An expected answer, written in the tool's text format or in JSON. Record numbers ("@") are ignored, and a record may
+// be written as its values alone.
 class Wanted {
 public:
     explicit Wanted(std::string text);
 
     bool matches(const Answer& answer) const;
-    // Whether it is the answer, and no item of a list holds the "," that lists written as text are taken apart at:
-    // "A,B" shows one name as well as two.
+    // Whether it matches the answer unambiguously: if it was written as text, no item of the answer's list may contain
+    // a ",", since "A,B" could be one name or two.
     bool isPlainly(const Answer& answer) const;
 
-    // It as a yes or no; none for anything else.
+    // The expected answer as a boolean; none if it is not one.
     std::optional<bool> flag() const;
-    // It as one text.
+    // The expected answer as one text.
     std::string text() const;
-    // It as the items of a list; of anything but JSON the pieces between ",".
+    // The items of a JSON list; otherwise the pieces of the text between ",".
     std::vector<std::string> items() const;
-    // It as a list or a record, also where it is written as the tool shows these as text, and all in it is text then;
-    // null where it is neither.
+    // The expected answer as a list or record; null if it is neither. If it was written as text, every item is a
+    // string.
     Answer structure() const;
-    // The values of the record that it is, in the order in which the tool shows them, or its items.
+    // The values of a record, in the order in which the tool prints them, or the items of a list.
     std::vector<std::string> values() const;
-    // It as JSON; none for a text that is no JSON.
+    // The expected answer as JSON; none if it is not valid JSON.
     const std::optional<Answer>& json() const { return value; }
     bool isNone() const { return value ? value->is_null() : written == "none"; }
 
@@ -40,7 +40,7 @@ private:
     std::optional<Answer> value;
 };
 
-// The answer without the numbers of its records.
+// The answer without its record numbers.
 Answer withoutRecordNumbers(const Answer& answer);
 
 }  // namespace ttconfig
