@@ -1,5 +1,5 @@
 // ttconfig explain: shows why an answer is what it is, and what would change it.
-// Doors: runExplain().
+// Entry points: runExplain().
 // Covered by tests/tools/ttconfig/explaining/explain_test.cpp.
 
 #include "ttconfig/explaining/explain.h"
@@ -67,14 +67,14 @@ void warnOfUnknownOverrides(const CommandLine& commandLine) {
     }
 }
 
-// Compares the explanation's answer with the store's, which has loaded the same file. Tests check that the two agree;
-// an explanation of something the client does not do would be worse than none.
+// Compares the explanation's answer with the answer of the store, which has loaded the same file. Tests check that the
+// two agree, but explaining an answer that the client does not get would be worse than failing.
 void requireStoreAgrees(const std::string& call, const Arguments& arguments, const Answer& answer,
                         const FileMoment& beforeLoad) {
     CallState state;
     const Answer store = callTable().answer(state, call, arguments);
     if (store == answer) return;
-    // Compared as written: nan does not even equal itself.
+    // Compare the printed forms, because NaN does not equal itself.
     if (answerJson(withoutRecordNumbers(store)) == answerJson(withoutRecordNumbers(answer))) return;
     beforeLoad.requireUnchanged();
     throw Fault(kExitInternal, "the library answers " + answerText(store) + ", the explanation is of " +

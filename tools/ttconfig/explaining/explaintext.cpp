@@ -1,5 +1,5 @@
 // Explanation text: formats explanations and edits.
-// Doors: explanationText(), explanationJson().
+// Entry points: explanationText(), explanationJson().
 // Covered by tests/tools/ttconfig/explaining/explain_test.cpp.
 
 #include "ttconfig/explaining/explaintext.h"
@@ -21,7 +21,7 @@ constexpr std::size_t kShownLine = 160;
 // Of many candidates, text output shows only the first.
 constexpr std::size_t kMostCandidates = 20;
 
-// What is shown, with the lines of the settings text at hand.
+// Everything the output is made of, including the lines of the settings text.
 struct Page {
     explicit Page(const ShownExplanation& shown)
         : text(shown.text),
@@ -34,7 +34,7 @@ struct Page {
 
     const standin::SettingsText& text;
     const std::string& file;
-    const std::string shownFile;  // for people
+    const std::string shownFile;  // as printed in text output
     const Explanation& explanation;
     const std::optional<std::string>& wanted;
     const std::optional<WhyNot>& whyNot;
@@ -45,7 +45,7 @@ bool isInside(std::string_view text, std::size_t at) {
     return at < text.size() && continuesCharacter(text[at]);
 }
 
-// A line as it can be displayed: on one line, with its tabs.
+// The bytes in printable form, on one line. Tabs are kept.
 std::string shownBytes(std::string_view bytes) {
     std::string text;
     ttservice::internal::splitKeepEmpty(bytes, '\t', [&](std::string_view piece) {

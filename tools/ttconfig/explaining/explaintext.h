@@ -10,7 +10,7 @@
 
 namespace ttconfig {
 
-// What is shown about one question.
+// Everything that is shown about one question.
 struct ShownExplanation {
     const standin::SettingsText& text;
     std::string file;                // the settings file, as given
@@ -21,10 +21,10 @@ struct ShownExplanation {
     std::optional<WhyNot> whyNot;
 };
 
-// For people: the answer, the reason, the line that decided, the candidates that lost, and the edit.
+// As text: the answer, the reason, the line that decided, the losing candidates, and the edit.
 std::string explanationText(const ShownExplanation& shown, const Colours& colours);
 
-// The same as one JSON object.
+// As one JSON object, with the same contents.
 Answer explanationJson(const ShownExplanation& shown);
 
 }  // namespace ttconfig

@@ -1,5 +1,5 @@
 // Why not: finds the edit of the settings file that would change an answer to the expected one.
-// Doors: whyNot().
+// Entry points: whyNot().
 // Covered by tests/tools/ttconfig/explaining/whynot_test.cpp.
 
 #include "ttconfig/explaining/whynot.h"
@@ -13,8 +13,9 @@ namespace ttconfig {
 
 namespace {
 
-// Edits are tried until this many bytes have been read again, but at least a few. For a value of a million pieces the
-// first tries are all edits of pieces, so edits of whole lines have a few tries of their own.
+// Each try reads the edited text again, so tries stop after about this many bytes, but a few are always made. For a
+// value of a million pieces, the first tries are all edits of pieces, so edits of whole lines have a few tries
+// reserved.
 constexpr std::size_t kMostBytesTried = std::size_t{1} << 29;
 constexpr std::size_t kFewestTries = 8;
 

@@ -9,12 +9,12 @@
 
 namespace ttconfig {
 
-// How an answer could become another one.
+// How to get the wanted answer.
 struct WhyNot {
     bool isSoAlready = false;
-    std::optional<Edit> edit;      // the one that changes the fewest bytes
-    std::optional<Edit> narrower;  // the smallest that affects this question alone, when edit affects others too
-    std::string whyNone;           // the reason when there is neither
+    std::optional<Edit> edit;      // the edit that changes the fewest bytes
+    std::optional<Edit> narrower;  // the smallest edit that affects this question alone, if `edit` affects others too
+    std::string whyNone;           // why there is no edit; empty if there is one, or if none is needed
 };
 
 // Looks for an edit of one line of the explainer's settings text that makes the answer the wanted one. Every edit it
