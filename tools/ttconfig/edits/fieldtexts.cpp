@@ -32,7 +32,7 @@ bool isNumber(std::string_view text) {
            internal::strictDouble(text).has_value();
 }
 
-// The number as an answer writes it, but without a final ".0".
+// The number as an answer writes it, but without a final ".0", and "nan" for "none" and "null".
 std::string plainNumber(const std::string& wanted) {
     if (isNoNumber(wanted)) return "nan";
     const std::size_t size = wanted.size();

@@ -17,11 +17,11 @@ FieldKind kindOf(ttservice::internal::LimitField field);
 // that is not finite.
 bool says(std::string_view field, FieldKind kind, const std::string& wanted);
 
-// A text that gives the wanted value and differs little from the field; the field itself if it already gives it. If the
-// field is missing, which is a view of null and not an empty one, the value in its usual spelling.
+// A text that gives the wanted value and differs little from the field; the field itself if it already gives the value.
+// A null view, unlike an empty field, means that there is no field: the value is then written in its usual spelling.
 std::string writtenLike(std::string_view field, FieldKind kind, const std::string& wanted);
 
-// How many bytes the two texts have in all, not counting their common start and common end.
+// The number of bytes in both texts together, without their common start and common end.
 std::size_t differingBytes(std::string_view one, std::string_view other);
 
 }  // namespace ttconfig

@@ -89,8 +89,8 @@ std::vector<Kept> PieceEdits::waysToKeep() const {
     return ways;
 }
 
-// The ways to keep: as much as possible at the front, then at the back; the reverse; everything, with new pieces at the
-// back or at the front; nothing.
+// Keeps as much as possible at the front and then at the back; the reverse; everything, so that new pieces go to the
+// back or to the front; and nothing.
 void PieceEdits::addWaysOfLongValue(std::vector<Kept>& ways) const {
     const auto most = [&](const auto& kept) {
         std::size_t can = 0;

@@ -22,14 +22,14 @@ struct WantedPieces {
 
     char separator = ',';
     Order order = Order::AsWritten;
-    bool emptyIsOnePiece = false;  // whether an empty value means one empty piece, or none
+    bool emptyIsOnePiece = false;  // otherwise an empty value has no pieces
     std::size_t count = 0;         // number of wanted items
     // Whether the piece affects the answer.
     std::function<bool(std::string_view piece)> counts;
     // Whether the piece has the name of the wanted item; needed for LastOfName.
     std::function<bool(std::size_t wanted, std::string_view piece)> names;
     std::function<bool(std::size_t wanted, std::string_view piece)> says;
-    // A piece that gives the wanted item, similar to the old piece. If there is no old piece, `old` is a view of null.
+    // A piece that gives the wanted item, similar to the old piece. If there is no old piece, `old` is a null view.
     std::function<std::string(std::size_t wanted, std::string_view old)> written;
     std::string_view reach{};   // what else each of these edits affects
     std::string_view others{};  // what else is affected if pieces that do not count are removed; empty if nothing

@@ -52,7 +52,7 @@ void requireSameKind(const std::string& call, const Answer& answer, const std::s
     throw Fault(kExitUsage, "--why-not " + shownText(written) + ": the answer of " + call + " is " + kind);
 }
 
-// An override of a key without a switch affects the answer of isSomePt for that key, and nothing else.
+// An override of a key that is not a switch affects only isSomePt for that key.
 void warnOfUnknownOverrides(const CommandLine& commandLine) {
     std::vector<std::string_view> known;
     for (const auto& row : ttservice::internal::kPlatformSwitches)

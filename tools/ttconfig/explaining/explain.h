@@ -6,7 +6,7 @@
 namespace ttconfig {
 
 // Explains one answer and, with --why-not, shows the edit of the settings file that would change it to the expected
-// one. Returns the exit code. Throws Fault for a question that cannot be asked and for a file that cannot be read.
+// one. Returns the exit code. Throws Fault if the question is invalid or the file cannot be read.
 int runExplain(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

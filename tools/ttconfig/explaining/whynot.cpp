@@ -13,9 +13,8 @@ namespace ttconfig {
 
 namespace {
 
-// Each try reads the edited text again, so tries stop after about this many bytes, but a few are always made. For a
-// value of a million pieces, the first tries are all edits of pieces, so edits of whole lines have a few tries
-// reserved.
+// Each try reads the edited text again. Tries stop after about this many bytes, but a few are always made. For a value
+// of a million pieces, the first edits all change pieces, so a few tries are reserved for edits of whole lines.
 constexpr std::size_t kMostBytesTried = std::size_t{1} << 29;
 constexpr std::size_t kFewestTries = 8;
 

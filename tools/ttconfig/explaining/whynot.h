@@ -17,8 +17,8 @@ struct WhyNot {
     std::string whyNone;           // why there is no edit; empty if there is one, or if none is needed
 };
 
-// Looks for an edit of one line of the explainer's settings text that makes the answer the wanted one. Every edit it
-// returns has been applied in memory, read again and explained again.
+// Looks for an edit of one line of the explainer's settings text that gives the wanted answer. Every edit it returns
+// has been tested: applied in memory, read again and explained again.
 WhyNot whyNot(const Explainer& explainer, const std::string& call, const Arguments& arguments, const Wanted& wanted);
 
 }  // namespace ttconfig

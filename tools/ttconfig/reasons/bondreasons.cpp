@@ -1,5 +1,7 @@
-// Reasons for bond limits and fees: the key that sets a bond trade type's parameters, the row that sets a code's
-// number. Entry points: addBondReasons(). Covered by tests/tools/ttconfig/explaining/explainedanswers_test.cpp.
+// Reasons for bond limits and fees: the key that sets the parameters of a bond trade type, and the row that sets the
+// number of a code.
+// Entry points: addBondReasons().
+// Covered by tests/tools/ttconfig/explaining/explainedanswers_test.cpp.
 
 #include <boost/algorithm/string/case_conv.hpp>
 

@@ -59,7 +59,7 @@ Explanation explainSecondFromGmt(const Question& question) {
                    "the remainder by a day of 86400 seconds, and eight hours");
 }
 
-// --- trading times
+// --- trading sessions
 
 // The store reads the trading sessions from the script at construction; no settings file changes them.
 Explanation explainTradingTime(const Question& question) {

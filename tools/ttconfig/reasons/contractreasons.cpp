@@ -1,6 +1,6 @@
-// Reasons for the product catalogue: the entries that define the algorithm products, and the product that serves a
-// type. Entry points: addContractReasons(). Covered by reasons/explainer_test.cpp and
-// explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
+// Reasons for the product catalogue: the entries that define algorithm products, and the product that serves a type.
+// Entry points: addContractReasons().
+// Covered by reasons/explainer_test.cpp and explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include <map>
 

@@ -142,7 +142,7 @@ void suggestConcentration(const Question& question, const Wanted& wanted, Edits&
 
 // --- codes whose sale repays debt
 
-// The code where the entry lists it; a view of null if it does not.
+// The part of the entry that is the code; a null view if the entry does not list it.
 std::string_view codeIn(const internal::CreditEntry& entry, std::string_view code) {
     std::string_view found;
     internal::splitDropEmpty(entry.payload, ',', [&](std::string_view piece) {

@@ -64,7 +64,7 @@ Explanation explainCanQuery(const Question& question) {
                     client.entry.tag);
 }
 
-// Suggests a value of tag and times. The caller passes the present text for the half that should stay.
+// Suggests a value with this tag and these times. Pass the current text for the half that should stay.
 void suggestClient(const Question& question, const std::string& tag, std::string_view times, Edits& edits) {
     const EtfClient client(question);
     edits.setValue(etfBrokerClient, tag + ":" + std::string(times));

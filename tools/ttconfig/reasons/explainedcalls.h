@@ -13,7 +13,7 @@
 
 namespace ttconfig {
 
-// The arguments of a call, already accepted by the call table, and the settings that the question is about.
+// A question: arguments that the call table has accepted, and the settings that answer it.
 struct Question {
     const SettingsFacts& facts;
     const Arguments& arguments;

@@ -27,7 +27,7 @@ struct Candidate {
     std::string outcome;         // why it did not decide: "no row", "overwritten by line 12", "would be 7"
 };
 
-// Where a limit table was searched: under the code or, if it has no row, under its category.
+// Where a limit table was searched: under the code, or under its category.
 struct LimitBasis {
     std::string item;                               // "SH-600000" or "SH-STOCK"
     ttservice::internal::LimitCategory category{};  // empty if the item names the code
@@ -35,7 +35,7 @@ struct LimitBasis {
     const standin::SettingsEntry* row = nullptr;    // null if the default applies
 };
 
-// How many losing candidates are listed: a value may have a million bad pieces.
+// At most this many losing candidates are listed, because a value may have a million bad pieces.
 inline constexpr std::size_t kMostLost = 1000;
 
 // NOLINTNEXTLINE(bugprone-exception-escape): moving a JSON value only asserts its invariants and does not throw
@@ -72,7 +72,7 @@ public:
     // Throws CallRefused if the call does not exist, cannot be explained, or does not take the arguments.
     Explanation explain(const std::string& call, const Arguments& arguments) const;
 
-    // The settings that the explanations are derived from.
+    // The facts that explanations are derived from.
     const SettingsFacts& facts() const { return *settings; }
 
 private:

@@ -113,7 +113,7 @@ private:
 
     std::string nameOf(const LookedUp& found) const { return cutText(asked.itemOf(found.item), 60); }
 
-    // Says why the instrument has the category, if the look-up was by category.
+    // The rule that chose the category, for the explanation; empty for the row of a code.
     std::string categoryIn(const LookedUp& found) const {
         return found.reason == Reason::CategoryRow ? ", the category of " + std::string(asked.category.rule) : "";
     }
@@ -147,7 +147,7 @@ WantedPieces fieldsOf(const LimitQuestionSpec& asked, const std::vector<std::str
     return wantedFields(asked.table->shape, std::move(fields));
 }
 
-// The key without its items for this market and item.
+// The key with this market and item removed.
 std::string keyWithout(std::string_view key, const AskedLimit& asked, std::string_view item) {
     std::string kept;
     internal::forEachLimitItem(key, [&](const internal::LimitItem& written) {

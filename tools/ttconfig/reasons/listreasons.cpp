@@ -40,7 +40,7 @@ Explanation explainTypes(const Question& question, const TypeList& list) {
     });
 }
 
-// If the wanted answer is written as text, a "," may also be part of a single type.
+// In a wanted answer written as text, a "," may separate two types or be part of one, so both are tried.
 void suggestTypes(const Question& question, const TypeList& list, const Wanted& wanted, Edits& edits) {
     const auto suggest = [&](std::vector<std::string> types) {
         suggestPieces(question.settings(), list.key,

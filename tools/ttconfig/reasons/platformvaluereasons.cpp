@@ -26,7 +26,7 @@ struct ValueQuestion {
     int platform;
     PlatformValueTable values;
     const standin::SettingsEntry* entry;
-    const PlatformItem* own;  // null when no item names the platform
+    const PlatformItem* own;  // null if no item names the platform
 
     ValueQuestion(const Question& call, const PlatformQuestion& operation)
         : question(call),
@@ -170,7 +170,7 @@ FieldKind fieldKind(const SettingKey& key) {
                                                                               : FieldKind::StrictInteger;
 }
 
-// Adds an item with the value, or replaces an item that is, or was meant to be, for the platform.
+// Adds an item with the value, or replaces one that is for the platform or was meant to be.
 void suggestItem(const ValueQuestion& asked, const std::string& value, Edits& edits) {
     const std::string item = std::to_string(asked.platform) + ":" + writtenLike({}, fieldKind(asked.key), value);
     if (asked.entry == nullptr) {

@@ -32,8 +32,7 @@ std::string sectionName(const internal::SettingKey& topic) {
 
 // --- combinations
 
-// The answer is the leading product of the first group that has the product after its leader. Later groups do not
-// count.
+// The first group that has the product in any position but the first decides: the answer is that group's first product.
 Explanation explainCombination(const Question& question) {
     const std::string& product = question.text(0);
     const SettingsSection* section = question.settings().findSection(keys::combinations.section);
@@ -69,7 +68,7 @@ Explanation explainCombination(const Question& question) {
     return explanation;
 }
 
-// The value with the product removed from every group, except where it is the leading product.
+// The value with the product removed from every group in which it is not the first product.
 std::string valueWithoutMember(std::string_view value, std::string_view product) {
     std::string text;
     internal::forEachEntry(internal::kCombinations, value, [&](const GroupEntry& group) {
@@ -200,7 +199,7 @@ void suggestSloFund(const Question& question, const Wanted& wanted, Edits& edits
 // Whether an entry of the market lists the code, and where.
 struct FixedPriceEntry {
     internal::MarketCodesEntry entry;
-    std::string_view listed;  // the code in the entry; a view of null if it is not listed
+    std::string_view listed;  // the code in the entry; a null view if it is not listed
 
     FixedPriceEntry(const internal::MarketCodesEntry& of, std::string_view code) : entry(of) {
         internal::forEachCodeOf(entry, [&](std::string_view piece) {

@@ -106,8 +106,8 @@ void suggestUnlisting(const SwitchQuestion& asked, const standin::SettingsEntry&
         return isListing ? std::nullopt : std::optional<std::string>(piece);
     });
     edits.setValue(entry, kept);
-    // Blanks at the end of a value are trimmed, which could turn a last piece like "12 " into an ID. A final "," keeps
-    // them.
+    // Blanks at the end of a value are trimmed, which could turn a last piece such as "12 " into an ID. A final ","
+    // prevents that.
     edits.setValue(entry, kept + ",");
 }
 

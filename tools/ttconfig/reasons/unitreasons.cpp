@@ -1,6 +1,6 @@
 // Reasons for the trade units: which numbered rule decides, and which settings it read.
 // Entry points: addUnitReasons().
-// Owns: the question whose settings the rules read at the moment, one for each thread.
+// Owns: the question whose settings the rules are reading, one per thread.
 // Covered by reasons/explainer_test.cpp and explaining/explainedanswers_test.cpp in tests/tools/ttconfig/.
 
 #include <ttplatform/enums.h>

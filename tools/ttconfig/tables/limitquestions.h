@@ -61,8 +61,8 @@ bool knowsInstrument(const standin::PlatformData& platform, const std::string& m
 // Whether the question is about one connect's rates and the market belongs to the other connect.
 bool isOfOtherConnect(const LimitQuestionSpec& question, std::string_view market);
 
-// Whether the item cannot be a code, because it lacks the digit that every code of the market contains, and is not a
-// category word either.
+// Whether the item is neither a code nor a category word: every code of the market contains a digit, and the item does
+// not.
 bool isNeitherCodeNorCategory(std::string_view market, std::string_view item);
 
 // Says why no question reaches a row for market and item; empty if one does. Stricter than isReachable() in one case:

@@ -56,7 +56,7 @@ bool lessLimitItem(const LimitItemRow& left, const LimitItemRow& right);
 // The row for market and item, which must be in upper case; null if there is none.
 const LimitItemRow* findLimitItem(const LimitItemRows& rows, std::string_view market, std::string_view item);
 
-// Finds where the item that counts is written, given the text of an item in any letter case.
+// For an item as written, in any letter case, the place of the item that counts.
 class LimitWinners {
 public:
     LimitWinners(const standin::SettingsText& text, const LimitTableSpec& table);
