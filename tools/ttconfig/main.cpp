@@ -1,5 +1,4 @@
 // The program: carries out one subcommand and turns errors into a message and an exit code.
-// Doors: main().
 // Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 
 #include <exception>

@@ -1,5 +1,5 @@
 // One question: asks it and writes the answer on one line.
-// Doors: runAsk().
+// Entry points: runAsk().
 // Covered by tests/tools/ttconfig/asking/ask_test.cpp.
 
 #include "ttconfig/asking/ask.h"

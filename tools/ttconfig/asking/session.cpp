@@ -1,5 +1,5 @@
 // The session: answers requests, one JSON object per line.
-// Doors: answerLine(), runSession().
+// Entry points: answerLine(), runSession().
 // Owns: the records and handles of the session.
 // Covered by tests/tools/ttconfig/asking/session_test.cpp and the golden sessions.
 

@@ -1,5 +1,5 @@
 // Calls: product catalogues and trading times.
-// Doors: addCatalogueCalls().
+// Entry points: addCatalogueCalls().
 // Covered by tests/tools/ttconfig/calls/calltable_test.cpp, products_test.cpp and the golden sessions.
 
 #include "ttconfig/calls/binding.h"

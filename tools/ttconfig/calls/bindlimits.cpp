@@ -1,5 +1,5 @@
 // Calls: limits and rates of orders, bonds and credit.
-// Doors: addLimitCalls().
+// Entry points: addLimitCalls().
 // Covered by tests/tools/ttconfig/calls/calltable_test.cpp and the golden sessions.
 
 #include "ttconfig/calls/binding.h"

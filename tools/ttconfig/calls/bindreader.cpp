@@ -1,5 +1,5 @@
 // Calls: the settings file reader. Each session has one scratch reader.
-// Doors: addReaderCalls().
+// Entry points: addReaderCalls().
 // Owns: the scratch reader, which Configuration.parse replaces.
 // Covered by tests/tools/ttconfig/sessions/reader.jsonl.
 

@@ -1,5 +1,5 @@
 // Calls: the script runtime, the algorithm parameter catalogue and the market trading times.
-// Doors: addScriptCalls().
+// Entry points: addScriptCalls().
 // Owns: a session's interpreters.
 // Covered by tests/tools/ttconfig/calls/calltable_test.cpp and the golden sessions.
 

@@ -1,5 +1,5 @@
 // Calls: the settings store itself, its platform switches, single values and run-time values.
-// Doors: addStoreCalls().
+// Entry points: addStoreCalls().
 // Covered by tests/tools/ttconfig/calls/calltable_test.cpp and the golden sessions.
 
 #include "ttconfig/calls/binding.h"

@@ -1,5 +1,5 @@
 // Calls: the trade unit functions.
-// Doors: addTradeUnitCalls().
+// Entry points: addTradeUnitCalls().
 // Covered by tests/tools/ttconfig/calls/calltable_test.cpp and the golden sessions.
 
 #include <string>

@@ -1,5 +1,5 @@
 // The call table: finds the operation that a name and its arguments mean, and calls it.
-// Doors: CallTable::answer, CallTable::answerWords, CallTable::argumentsOf, callTable().
+// Entry points: CallTable::answer, CallTable::answerWords, CallTable::argumentsOf, callTable().
 // Owns: the rows of all operations.
 // Covered by tests/tools/ttconfig/calls/calltable_test.cpp.
 

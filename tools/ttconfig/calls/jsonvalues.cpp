@@ -1,5 +1,5 @@
 // JSON values: checks whether a value suits a parameter.
-// Doors: intFromJson(), refuseValue(), refuseWideNumber(); the conversions themselves are templates in the header.
+// Entry points: intFromJson(), refuseValue(), refuseWideNumber(); the conversions are templates in the header.
 // Covered by tests/tools/ttconfig/calls/conversions_test.cpp.
 
 #include "ttconfig/calls/jsonvalues.h"

@@ -1,5 +1,5 @@
 // Record numbers: numbers the record objects of a session.
-// Doors: Records::numberOf, Records::find.
+// Entry points: Records::numberOf, Records::find.
 // Owns: a shared pointer to every record that was answered.
 // Covered by tests/tools/ttconfig/calls/conversions_test.cpp.
 

@@ -1,5 +1,5 @@
 // The subcommands that ask single questions: session, ask, explain.
-// Doors: addSession(), addAsk(), addExplain().
+// Entry points: addSession(), addAsk(), addExplain().
 // Owns: their help texts.
 // Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 

@@ -1,5 +1,5 @@
 // The subcommands that judge files: check, diff, test, report, script check.
-// Doors: addCheck(), addDiff(), addTest(), addReport(), addScriptCheck().
+// Entry points: addCheck(), addDiff(), addTest(), addReport(), addScriptCheck().
 // Owns: their help texts.
 // Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 

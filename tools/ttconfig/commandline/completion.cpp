@@ -1,5 +1,5 @@
 // Completion: lists what the last word of a command line can become.
-// Doors: runCompletionWords().
+// Entry points: runCompletionWords().
 // Owns: the names that each type of word accepts.
 // Covered by tests/tools/ttconfig/commandline/completion_test.cpp.
 

@@ -1,5 +1,5 @@
 // Completion scripts: let a shell ask the tool what a word can become.
-// Doors: runCompletionScript().
+// Entry points: runCompletionScript().
 // Owns: the scripts.
 // Covered by tests/tools/ttconfig/commandline/completion_test.cpp.
 

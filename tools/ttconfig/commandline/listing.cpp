@@ -1,5 +1,5 @@
 // The subcommands that list known names: switches, keys.
-// Doors: addSwitches(), addKeys().
+// Entry points: addSwitches(), addKeys().
 // Owns: their help texts.
 // Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 

@@ -1,5 +1,5 @@
 // The manual page: formats all help texts for the man program.
-// Doors: runManual().
+// Entry points: runManual().
 // Owns: the sentences that are in no help text.
 // Covered by tests/tools/ttconfig/commandline/manual_test.cpp.
 

@@ -1,5 +1,5 @@
 // The command line: finds out what the program was asked to do.
-// Doors: readCommandLine().
+// Entry points: readCommandLine().
 // Owns: what is printed for help, the version and usage errors.
 // Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 

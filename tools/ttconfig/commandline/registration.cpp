@@ -1,5 +1,5 @@
 // Registration: describes the command line to CLI11 from the table of subcommands, and parses it.
-// Doors: Registration.
+// Entry points: Registration.
 // Owns: the program's own options and help text.
 // Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 

@@ -1,5 +1,5 @@
 // The subcommands about the tool itself: completion, manual.
-// Doors: addCompletionBash(), addCompletionZsh(), addCompletionFish(), addCompletionWords(), addManual().
+// Entry points: addCompletionBash(), addCompletionZsh(), addCompletionFish(), addCompletionWords(), addManual().
 // Owns: their help texts.
 // Covered by tests/tools/ttconfig/commandline/completion_test.cpp.
 

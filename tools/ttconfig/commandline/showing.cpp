@@ -1,5 +1,5 @@
 // The subcommands that show what follows from settings: summary, platform, products, limits, sessions, algos.
-// Doors: addSummary(), addPlatform(), addProducts(), addLimits(), addSessions(), addAlgos().
+// Entry points: addSummary(), addPlatform(), addProducts(), addLimits(), addSessions(), addAlgos().
 // Owns: their help texts.
 // Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 

@@ -1,5 +1,5 @@
 // The table of subcommands: each with its options and the function that carries it out.
-// Doors: subcommands(), topics().
+// Entry points: subcommands(), topics().
 // Owns: their names and descriptions. To add one, add a row here and a function in one of the sources of this folder.
 // Covered by tests/tools/ttconfig/commandline/commandline_test.cpp.
 

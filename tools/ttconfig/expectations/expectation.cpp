@@ -1,5 +1,5 @@
 // Expectations: parses the lines of an expectation file.
-// Doors: readExpectation().
+// Entry points: readExpectation().
 // Owns: the grammar of the lines.
 // Covered by tests/tools/ttconfig/expectations/expectation_test.cpp.
 

@@ -1,5 +1,5 @@
 // The test subcommand: compares the store's answers with a file of expected ones.
-// Doors: runTest().
+// Entry points: runTest().
 // Covered by tests/tools/ttconfig/expectations/answers_test.cpp.
 
 #include "ttconfig/expectations/test.h"

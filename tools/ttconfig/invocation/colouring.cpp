@@ -1,5 +1,5 @@
 // Colouring: decides whether answers are coloured.
-// Doors: coloursFor().
+// Entry points: coloursFor().
 // Covered by tests/tools/ttconfig/text/colour_test.cpp.
 
 #include "ttconfig/invocation/colouring.h"

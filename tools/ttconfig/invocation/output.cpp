@@ -1,5 +1,5 @@
 // Output: writes answers, and nothing else, to standard output.
-// Doors: Output::write, Output::isTerminal.
+// Entry points: Output::write, Output::isTerminal.
 // Owns: a descriptor of the program's original standard output.
 // Covered by tests/tools/ttconfig/asking/session_test.cpp.
 

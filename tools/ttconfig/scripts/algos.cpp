@@ -1,5 +1,5 @@
 // ttconfig algos: shows what the algorithm catalogue makes of a script.
-// Doors: runAlgos().
+// Entry points: runAlgos().
 // Covered by tests/tools/ttconfig/scripts/algos_test.cpp.
 
 #include "ttconfig/scripts/algos.h"

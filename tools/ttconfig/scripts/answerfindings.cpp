@@ -1,5 +1,5 @@
 // Answer findings: checks the texts that scripts answer.
-// Doors: marketListFindings(), sessionTextFindings(), vendorTextFindings().
+// Entry points: marketListFindings(), sessionTextFindings(), vendorTextFindings().
 // Covered by tests/tools/ttconfig/scripts/answerfindings_test.cpp.
 
 #include "ttconfig/scripts/answerfindings.h"

@@ -1,5 +1,5 @@
 // A script under examination: runs it and reports what goes wrong, with the line.
-// Doors: CheckedScript.
+// Entry points: CheckedScript.
 // Owns: its interpreter.
 // Covered by tests/tools/ttconfig/scripts/checkedscript_test.cpp.
 

@@ -1,5 +1,5 @@
 // Work in a child process with a time limit. POSIX only, like the rest of the program.
-// Doors: runInChild().
+// Entry points: runInChild().
 // Covered by tests/tools/ttconfig/scripts/childprocess_test.cpp.
 
 #include "ttconfig/scripts/childprocess.h"

@@ -1,5 +1,5 @@
 // Listed markets: reads which markets a market-time script lists.
-// Doors: listedMarkets().
+// Entry points: listedMarkets().
 // Covered by tests/tools/ttconfig/scripts/marketsessions_test.cpp.
 
 #include "ttconfig/scripts/listedmarkets.h"

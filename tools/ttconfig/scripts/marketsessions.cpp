@@ -1,5 +1,5 @@
 // ttconfig sessions: shows when the markets trade.
-// Doors: runSessions().
+// Entry points: runSessions().
 // Covered by tests/tools/ttconfig/scripts/marketsessions_test.cpp.
 
 #include "ttconfig/scripts/marketsessions.h"

@@ -1,5 +1,5 @@
 // Script files: checks that the named script can be read.
-// Doors: requireScript().
+// Entry points: requireScript().
 // Covered by tests/tools/ttconfig/scripts/scriptcheck_test.cpp.
 
 #include "ttconfig/scripts/requirescript.h"

@@ -1,5 +1,5 @@
 // ttconfig script check: examines a script in a child process, as the script may end its process or never return.
-// Doors: runScriptCheck().
+// Entry points: runScriptCheck().
 // Covered by tests/tools/ttconfig/scripts/scriptcheck_test.cpp.
 
 #include "ttconfig/scripts/scriptcheck.h"

@@ -1,5 +1,5 @@
 // Script examination: asks a script everything that the client could ask.
-// Doors: examineScript().
+// Entry points: examineScript().
 // Covered by tests/tools/ttconfig/scripts/scriptcheck_test.cpp.
 
 #include "ttconfig/scripts/scriptexamination.h"

@@ -1,5 +1,5 @@
 // Overwriting: keeps the program from writing to a file that it reads.
-// Doors: refuseToOverwrite().
+// Entry points: refuseToOverwrite().
 // Covered by tests/tools/ttconfig/settings/overwriting_test.cpp.
 
 #include "ttconfig/settings/overwriting.h"

@@ -1,5 +1,5 @@
 // The settings file: checks that the named file can hold settings.
-// Doors: requireUsableSettings(), FileMoment.
+// Entry points: requireUsableSettings(), FileMoment.
 // Covered by tests/tools/ttconfig/settings/startup_test.cpp.
 
 #include "ttconfig/settings/settingsfile.h"

@@ -1,5 +1,5 @@
 // Startup: carries out the options of every subcommand that queries the store.
-// Doors: carryOut(), endLogging().
+// Entry points: carryOut(), endLogging().
 // POSIX only, like the rest of the program.
 // Covered by tests/tools/ttconfig/settings/startup_test.cpp.
 
