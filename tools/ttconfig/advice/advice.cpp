@@ -1,4 +1,4 @@
-// Advice: guesses what an ineffective piece of a value was meant to be.
+// Advice: guesses what the author of an ineffective piece of a value meant.
 // Owns: the words, units and signs that people write for numbers.
 // Covered by tests/tools/ttconfig/findings/advice_test.cpp.
 
@@ -37,7 +37,7 @@ bool endsWith(std::string_view text, std::string_view end) {
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
-// Removes the unit from the end of a number and returns its factor; 0 for a percentage where a whole number is wanted.
+// Strips the unit from the end of a number and returns its factor; 0 for a percentage where a whole number is required.
 double takeUnit(std::string_view& text, NumberKind kind) {
     constexpr struct {
         std::string_view unit;
@@ -49,14 +49,14 @@ double takeUnit(std::string_view& text, NumberKind kind) {
         if (text.size() <= unit.size() || !endsWith(text, unit)) continue;
         text = withoutBlanks(text.substr(0, text.size() - unit.size()));
         factor = unit == "%" && kind != NumberKind::Decimal ? 0 : by;
-        // 100万股 has two units.
+        // Two units, as in 100万股.
         if (by == 1.0) return takeUnit(text, kind);
         break;
     }
     return factor;
 }
 
-// 1000000 for 1,000,000 and 1 000 000; the text itself when its digits are not grouped in threes.
+// 1000000 for 1,000,000 and 1 000 000; the text unchanged when its digits are not grouped in threes.
 std::string withoutGrouping(std::string_view text) {
     const std::size_t mark = text.find_first_of(",_' ");
     if (mark == 0 || mark > 3 || mark == std::string_view::npos) return std::string(text);
@@ -79,7 +79,7 @@ std::optional<double> anyNumber(std::string_view text, NumberKind kind) {
     }
     const bool isDecimal = kind == NumberKind::Decimal;
     const bool hasGroup = text.find_first_of(",_' ") != std::string_view::npos;
-    // Where fractions are allowed, 1,000 may mean a thousand or one.
+    // With fractions allowed, 1,000 is ambiguous: a thousand, or one with a decimal comma.
     const bool isUnclear = isDecimal && text.find(',') != std::string_view::npos && text.size() - text.find(',') == 4;
     if (isUnclear) return std::nullopt;
     std::string digits = hasGroup ? withoutGrouping(text) : std::string(text);
@@ -87,14 +87,14 @@ std::optional<double> anyNumber(std::string_view text, NumberKind kind) {
         std::replace(digits.begin(), digits.end(), ',', '.');
     }
     const auto number = strictDouble(digits);
-    // A number too small for a double is not meant to be 0.
+    // Whoever wrote a number too small for a double did not mean 0.
     const bool isTiny = number && *number == 0 && digits.find_first_of("123456789") < digits.find_first_of("eE");
     return isTiny ? std::nullopt : number;
 }
 
 bool fits(double number, NumberKind kind) {
     if (kind == NumberKind::Decimal) return std::isfinite(number);
-    // Doubles above that are not exact.
+    // Beyond 9e15, doubles do not hold every whole number exactly.
     const double most = kind == NumberKind::Integer ? std::numeric_limits<std::int32_t>::max() : 9e15;
     return std::abs(number) <= most && std::trunc(number) == number;
 }
@@ -117,7 +117,7 @@ std::string numberMeant(std::string_view text, NumberKind kind) {
     if (factor == 0 || rest.empty() || rest.front() == '-' || rest.front() == '+') return {};
     const auto number = anyNumber(rest, kind);
     if (!number) return {};
-    // Fractions are rarely exact in binary; 12 digits give the number as a person would write it.
+    // Fractions are rarely exact in binary; 12 digits print the number as a person would write it.
     const double meant = (minus ? -1 : 1) * (factor < 1 ? *number / 100 : *number * factor);
     if (!fits(meant, kind)) return {};
     return kind == NumberKind::Decimal ? fmt::format("{:.12g}", meant) : fmt::format("{:.0f}", meant);

@@ -1,5 +1,5 @@
 // Causes: finds what is wrong with the characters of a piece, whatever its purpose.
-// Doors: causeIn(), inAscii(), isPlain().
+// Entry points: causeIn(), inAscii(), isPlain().
 // Covered by tests/tools/ttconfig/findings/findingparts_test.cpp.
 
 #include "ttconfig/advice/causes.h"

@@ -15,7 +15,7 @@ struct Cause {
     std::string what;        // in words, such as "a no-break space stands here"
 };
 
-// Whether full-width characters are acceptable, as they are in labels that people read.
+// Whether full-width characters are acceptable, as in labels for people.
 enum class FullWidth { Wrong, Fine };
 
 // The first thing wrong with the characters of a piece; nothing for most pieces.

@@ -18,14 +18,14 @@ namespace {
 
 using namespace ttservice::internal;
 
-// Names are so short that two slips turn any of them into any other.
+// Market names are so short that two slips turn almost any name into another.
 constexpr std::size_t kMostSlips = 1;
 constexpr std::size_t kLongestMarket = 16;
 
 }  // namespace
 
 const std::vector<std::string_view>& namedMarkets() {
-    // The library names AMEX only as the end of a code.
+    // AMEX has no constant: the library knows it only as a code suffix.
     static const std::vector<std::string_view> kMarkets = {
         markets::kSh,   markets::kSz,   markets::kBj,  markets::kSse,     markets::kSzse, markets::kNeeq,
         markets::kSho,  markets::kSzo,  markets::kHgt, markets::kSsehkex, markets::kSgt,  markets::kSzsehkex,

@@ -1,5 +1,5 @@
 // Names: knows which sections and keys exist, and which of them an unknown name resembles.
-// Doors: NameIndex, KnownNames.
+// Entry points: NameIndex, KnownNames.
 // Owns: the indexes over the key catalogue and the switches.
 // Covered by tests/tools/ttconfig/findings/findingparts_test.cpp.
 
@@ -30,7 +30,8 @@ std::string inLowerCase(std::string_view name) {
     return text;
 }
 
-// The set of characters in a name. One letter more or less changes at most one bit, a replaced letter at most two.
+// The set of characters in a name. Adding or removing a letter changes at most one bit; replacing a letter, at most
+// two.
 std::uint64_t lettersOf(std::string_view name) {
     std::uint64_t letters = 0;
     for (const char c : name)

@@ -38,11 +38,11 @@ class KnownNames {
 public:
     KnownNames();
 
-    // The row of a key, or the section's "*" row if it has one; null when nothing reads the key.
+    // The row of a key, or of the section's "*" if it has one; null when nothing reads the key.
     const ttservice::internal::SettingKey* rowOf(std::string_view section, std::string_view key) const;
     // The row of a key of that name in any section.
     const ttservice::internal::SettingKey* rowAnywhere(std::string_view key) const;
-    // The key that the answer to that question comes from; empty when there is no such question or it has several keys.
+    // The key that decides the answer to that question; empty when there is no such question or several keys decide it.
     std::string_view keyOfQuestion(std::string_view name) const;
     bool isSection(std::string_view name) const { return sections.count(name) > 0; }
     // The names to suggest.

@@ -1,5 +1,5 @@
 // Answers as text: formats values for people and for programs.
-// Doors: answerText(), textJson(), answerJson().
+// Entry points: answerText(), textJson(), answerJson().
 // Covered by tests/tools/ttconfig/text/text_test.cpp.
 
 #include "ttconfig/text/answertext.h"

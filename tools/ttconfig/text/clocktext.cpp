@@ -1,5 +1,5 @@
 // Clock times as people write them.
-// Doors: clockText(), secondOfClockText().
+// Entry points: clockText(), secondOfClockText().
 // Covered by tests/tools/ttconfig/scripts/answerfindings_test.cpp.
 
 #include "ttconfig/text/clocktext.h"

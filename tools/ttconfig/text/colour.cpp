@@ -1,5 +1,5 @@
 // Colour: puts terminal colours around pieces of an answer.
-// Doors: Colours.
+// Entry points: Colours.
 // Owns: which colour each kind of piece has.
 // Covered by tests/tools/ttconfig/text/colour_test.cpp.
 

@@ -1,5 +1,5 @@
 // Nearest names: finds the known name that a misspelt one comes closest to.
-// Doors: nearestName(), didYouMean().
+// Entry points: nearestName(), didYouMean().
 // Covered by tests/tools/ttconfig/text/text_test.cpp.
 
 #include "ttconfig/text/nearestname.h"
@@ -18,7 +18,7 @@ char lowered(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// How many letters must be added, left out, replaced or swapped with a neighbour.
+// The number of letters that must be added, left out, replaced or swapped with a neighbour.
 std::size_t distance(std::string_view from, std::string_view to) {
     std::vector<std::size_t> beforeLast(to.size() + 1);
     std::vector<std::size_t> last(to.size() + 1);

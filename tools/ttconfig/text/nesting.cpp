@@ -1,5 +1,5 @@
 // Nesting: tells whether a JSON text is nested too deeply to parse.
-// Doors: isNestedTooDeep().
+// Entry points: isNestedTooDeep().
 // Covered by tests/tools/ttconfig/text/text_test.cpp.
 
 #include "ttconfig/text/nesting.h"

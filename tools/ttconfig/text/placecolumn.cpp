@@ -1,5 +1,5 @@
 // Place columns: joins a table's line and column numbers into places for people to read.
-// Doors: withPlaceColumn().
+// Entry points: withPlaceColumn().
 // Covered by tests/tools/ttconfig/expectations/answers_test.cpp.
 
 #include "ttconfig/text/placecolumn.h"

@@ -1,5 +1,5 @@
-// Progress: shows a person at a terminal how far long work has got.
-// Doors: Progress.
+// Progress: shows a person at a terminal how far a long task has got.
+// Entry points: Progress.
 // Owns: the terminal's last line while the progress line shows.
 // Covered by tests/tools/ttconfig/text/progress_test.cpp.
 

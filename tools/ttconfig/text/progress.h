@@ -7,8 +7,8 @@
 
 namespace ttconfig {
 
-// One line about long work, written to standard error only when that is a terminal. It appears after a third of a
-// second, is updated at most ten times a second, and disappears with the object, so that it never mixes with later
+// The progress line of a long task, written to standard error only when that is a terminal. It appears after a third of
+// a second, is updated at most ten times a second, and disappears with the object, so that it never mixes with later
 // messages or answers. To write a message while the line shows, call hide() first.
 class Progress {
 public:

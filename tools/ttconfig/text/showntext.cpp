@@ -1,5 +1,5 @@
 // Shown text: formats values for messages.
-// Doors: shownText(), shownJson(), cutText(), onOneLine(), visibleText(), withReplacedBytes().
+// Entry points: shownText(), shownJson(), cutText(), onOneLine(), visibleText(), withReplacedBytes().
 // Covered by tests/tools/ttconfig/text/text_test.cpp.
 
 #include "ttconfig/text/showntext.h"

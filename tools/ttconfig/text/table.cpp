@@ -1,5 +1,5 @@
 // Tables: lays out rows as text, JSON or Markdown.
-// Doors: tableText(), tableJson(), tableMarkdown(), displayWidth().
+// Entry points: tableText(), tableJson(), tableMarkdown(), displayWidth().
 // Covered by tests/tools/ttconfig/text/text_test.cpp.
 
 #include "ttconfig/text/table.h"

@@ -10,14 +10,14 @@
 
 namespace ttconfig {
 
-// Finds numbered texts again, letter case aside. There may be a million: it holds four bytes a slot and no text, and
-// asks textOf(number) for what it compares.
+// Finds the number of a text, ignoring letter case. Suits a million texts: a slot takes four bytes and holds no text,
+// and comparisons get the texts from textOf(number).
 template <typename TextOf>
 class UpperCaseIndex {
 public:
     explicit UpperCaseIndex(TextOf textOfNumber) : textOf(std::move(textOfNumber)) {}
 
-    // The number that is held for the text, 0 where there is none: the caller then has to enter one, from 1 on.
+    // The number of the text. 0 means that it has none yet; the caller must then assign one, from 1 up.
     std::uint32_t& operator[](std::string_view text) {
         if (count * 3 >= slots.size() * 2) grow();
         std::uint32_t& slot = slots[slotOf(text)];
@@ -25,7 +25,7 @@ public:
         return slot;
     }
 
-    // The same without entering any.
+    // The number of the text; 0 when it has none. Adds nothing.
     std::uint32_t find(std::string_view text) const { return slots.empty() ? 0 : slots[slotOf(text)]; }
 
 private:
@@ -46,7 +46,7 @@ private:
     }
 
     TextOf textOf;
-    std::vector<std::uint32_t> slots;  // free ones are 0; a power of two, two thirds full at most
+    std::vector<std::uint32_t> slots;  // 0 means free; the size is a power of two, and at most two thirds are used
     std::size_t count = 0;
 };
 

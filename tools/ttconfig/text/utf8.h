@@ -5,7 +5,7 @@
 
 namespace ttconfig {
 
-// Whether the byte is one of a UTF-8 character, but not its first.
+// Whether the byte belongs to a UTF-8 character but is not its first.
 inline bool continuesCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }

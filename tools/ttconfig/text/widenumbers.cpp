@@ -1,5 +1,5 @@
 // Wide numbers: lets JSON be parsed even if it holds numbers too large for a double.
-// Doors: withoutWideNumbers().
+// Entry points: withoutWideNumbers().
 // Covered by tests/tools/ttconfig/asking/session_test.cpp.
 
 #include "ttconfig/text/widenumbers.h"
