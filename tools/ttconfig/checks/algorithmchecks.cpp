@@ -1,6 +1,5 @@
 // Algorithm checks: answers what is wrong with the algorithm products and types.
-// Doors: checkContracts(), checkContractTypes(), checkHttpProducts(), checkPairs(), checkTexts().
-// Owns: nothing.
+// Entry points: checkContracts(), checkContractTypes(), checkHttpProducts(), checkPairs(), checkTexts().
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>
@@ -55,7 +54,7 @@ private:
         return static_cast<std::size_t>(entry.text.data() - remarks.value().data());
     }
 
-    // A record whose only fault is that signs stand where others belong; empty for any other text.
+    // The record that was meant, if the text is a record with the wrong separators; empty for any other text.
     static std::string recordMeant(std::string_view text) {
         const std::size_t first = text.find_first_of(":,=|");
         if (first == std::string_view::npos) return {};
@@ -74,7 +73,8 @@ private:
 
     void sayFieldCount(const ContractEntry& entry) {
         constexpr std::string_view kBecomes = "so that the product is known, but for stock accounts and without values";
-        // P1:x;1;2;3;0 is five entries; up to the next one that has a ":" they may be one.
+        // P1:x;1;2;3;0 parses as five entries. Those up to the next one with a ":" may be one record with wrong
+        // separators.
         const std::string_view value = remarks.value();
         const std::size_t start = startOf(entry);
         const std::size_t colon = value.find(':', std::min(start + entry.text.size(), value.size()));
@@ -110,7 +110,7 @@ private:
 
     EntryRemarks& remarks;
     std::array<std::unordered_map<std::string_view, Place>, 2> seen;
-    std::size_t toldUpTo = 0;  // in the value: a piece that was told may hold the entries behind it
+    std::size_t toldUpTo = 0;  // an offset in the value; entries that start before it are already reported
 };
 
 // --- types
@@ -120,10 +120,10 @@ struct TypeHome {
     Place place;
 };
 
-// The types of all products, apart for the two kinds of account.
+// The types of all products, kept apart for stock and credit accounts.
 class TypeHomes {
 public:
-    // Says so when the type was there before.
+    // Reports a type that was listed before.
     void check(EntryRemarks& remarks, std::string_view type, std::string_view product, bool stock, bool credit) {
         const Place place = remarks.placeOf(type);
         std::optional<TypeHome> former;

@@ -1,5 +1,5 @@
-// Checking: answers what a settings text says that its author will not have meant.
-// Doors: checkSettings().
+// Checking: finds what the author of a settings text cannot have meant.
+// Entry points: checkSettings().
 // Owns: the walk through the text in file order.
 // Covered by tests/tools/ttconfig/findings/checking_test.cpp and checkrules_test.cpp.
 
@@ -28,14 +28,14 @@ using standin::SettingsHeader;
 using standin::SettingsSection;
 using standin::SettingsText;
 
-// Something on a line that is to be looked at.
+// Something on a line to check.
 struct Subject {
     enum Kind : std::uint32_t { CarriageReturns, Header, Entry, Outside, Ignored };
 
     std::uint32_t line;
     Kind kind;
-    std::uint32_t section;  // the number of its section; of carriage returns the column of the first
-    std::uint32_t number;   // its number in its list; of carriage returns how many there are
+    std::uint32_t section;  // the index of its section; for carriage returns, the column of the first
+    std::uint32_t number;   // its index in its list; for carriage returns, how many there are
 };
 
 bool hasCarriageReturn(std::string_view text) {
@@ -48,7 +48,7 @@ public:
          std::size_t mostOfARule)
         : text(settings), context(settings, platform), remarks(sink, mostOfARule) {}
 
-    // Answers how many findings of each rule were left out.
+    // Returns how many findings of each rule were left out.
     std::vector<std::size_t> run() {
         if (text.hasByteOrderMark()) {
             say(RuleId::ByteOrderMark, {1, 1}, 0,
@@ -96,7 +96,7 @@ private:
         });
     }
 
-    // One subject a line, however many of them it has.
+    // One subject per line, however many lone carriage returns the line has.
     void gatherCarriageReturns() {
         const std::string_view bytes = text.bytes();
         std::size_t lineStart = 0;
@@ -166,7 +166,8 @@ private:
     std::vector<Subject> subjects;
 };
 
-// The key=value line that a line with another sign, or none, between both was meant to be; empty for any other line.
+// The key=value line that was meant by a line with ":" or only blanks between a key and a value; empty for any other
+// line.
 std::string Walk::entryMeant(std::string_view line) const {
     const std::string_view key = line.substr(0, line.find_first_of(": \t"));
     const bool isKey = context.names.rowAnywhere(key) != nullptr || platformSwitchIndex(key) != kPlatformSwitchCount;
@@ -183,7 +184,8 @@ void Walk::lookAtIgnored(const IgnoredLine& ignored) {
     };
     switch (ignored.reason) {
         case IgnoredReason::kNoEqualSign: {
-            // Only what may have kept the line from being one; elsewhere in a sentence such characters are at home.
+            // Only what may have kept the line from being read as key=value is a cause: an odd character at its start,
+            // or a full-width "=". Elsewhere in a sentence, such characters are normal.
             const auto cause = causeIn(ignored.text);
             const bool decides = cause && (cause->where.data() == ignored.text.data() ||
                                            ignored.text.find("\xEF\xBC\x9D") != std::string_view::npos);

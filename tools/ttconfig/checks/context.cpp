@@ -1,6 +1,6 @@
-// The context: answers what the checks of one entry need to know of the rest of the file.
-// Doors: SettingsContext.
-// Owns: what is gathered from the whole file, when it is first asked for.
+// The settings context: tells the checks of one entry what they need to know about the rest of the file.
+// Entry points: SettingsContext.
+// Owns: what is collected from the whole file, each part on first use.
 // Covered by tests/tools/ttconfig/findings/checking_test.cpp.
 
 #include "ttconfig/checks/context.h"

@@ -21,15 +21,15 @@
 
 namespace ttconfig {
 
-// Where a product stands in the combination groups.
+// A product's place in the combination groups.
 struct GroupPlace {
     Place place;
-    std::uint32_t group;          // counted through all values, from 0
-    std::string_view countsWith;  // the product whose margin is charged; empty while it is always a first one itself
+    std::uint32_t group;          // numbered across all values, from 0
+    std::string_view countsWith;  // the product whose margin is charged; empty while this one comes first in its groups
 };
 
-// What the checks of one entry need to know of the rest of the text. The parts are made when they are first asked for,
-// or grow with the entries that were looked at.
+// What the checks of one entry need to know about the rest of the text. Each part is collected on first use, or grows
+// with the entries checked so far.
 class SettingsContext {
 public:
     SettingsContext(const standin::SettingsText& settings, const standin::PlatformData* data)
@@ -39,22 +39,22 @@ public:
           fees(text.findSection(ttservice::internal::keys::subscriptionFees.section)),
           bonds(text.findSection(ttservice::internal::keys::standardBondUse.section)) {}
 
-    // Whether any list of the file names the platform, values that are 0 or 1 alone left out.
+    // Whether any list of the file names the platform. Switches whose whole value is 0 or 1 do not count.
     bool mentionsPlatform(int id);
-    // The products that the file has a record for.
+    // The products that have a record in the file.
     const ttservice::internal::ContractCatalogue& contracts();
-    // The rows of the table that count.
+    // Which rows of the table count.
     const LimitWinners& winnersOf(const LimitTableSpec& table) {
         return winners.try_emplace(&table, text, table).first->second;
     }
-    // The row of the funds that counts for the platform.
+    // The row that counts for the platform's funds; null when there is none.
     const standin::SettingsEntry* fundsOf(int id);
 
     const standin::SettingsText& text;
     const standin::PlatformData* platform;
     const MarketNames markets;
     KnownNames names;
-    std::set<std::string> unknownMarkets;  // those that were told
+    std::set<std::string> unknownMarkets;  // those already reported
     std::unordered_map<std::string_view, GroupPlace> products;
     std::uint32_t groups = 0;
     UpperCaseRows fees;

@@ -1,5 +1,5 @@
-// Credit checks: answers what is wrong with the lists of the credit section.
-// Doors: checkConcentration(), checkCollateralSale().
+// Credit checks: reports what is wrong with the lists of the credit section.
+// Entry points: checkConcentration(), checkCollateralSale().
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>
@@ -22,7 +22,7 @@ namespace {
 
 using namespace ttservice::internal;
 
-// The platform in front of the first ":". As people write 41,47:CODES for two of them, that is told apart.
+// Checks the platform before the first ":". People write 41,47:CODES for two platforms, which has its own message.
 void checkPlatform(EntryRemarks& remarks, const CreditEntry& entry) {
     const std::string_view platform = entry.text.substr(0, entry.text.find(':'));
     if (!isNumberList(platform, ",|/ ")) {
@@ -44,7 +44,8 @@ void checkRatios(EntryRemarks& remarks, const ConcentrationEntry& entry, const V
     remarks.wrong(RuleId::ExtraFields, entry.payload.substr(used + 1), "is ignored: two ratios are read; take it out");
 }
 
-// The entry with its first sign as ":" and the others as ",", where that makes one of three numbers.
+// The entry with its first separator replaced by ":" and the others by ","; empty unless that makes a valid entry of
+// three numbers.
 std::string ratiosMeant(std::string_view text) {
     const std::size_t first = text.find_first_of(":;,/ ");
     if (first == std::string_view::npos) return {};
@@ -80,7 +81,7 @@ private:
     }
 
     void sayPassedOver(const ConcentrationEntry& entry) {
-        // 41:0.5;0.3 is two entries that say nothing, and one for whoever wrote it.
+        // 41:0.5;0.3 parses as two entries without effect, although its author meant one.
         const std::string_view value = remarks.value();
         const std::size_t start = startOf(entry);
         const std::size_t next = std::min(start + entry.text.size() + 1, value.size());
@@ -104,7 +105,7 @@ private:
     EntryRemarks& remarks;
     const ValueRange* range;
     std::map<int, Place> seen;
-    std::size_t toldUpTo = 0;  // in the value: a piece that was told may hold the entry behind it
+    std::size_t toldUpTo = 0;  // an offset in the value; entries that start before it are already reported
 };
 
 }  // namespace

@@ -1,6 +1,6 @@
-// Limit checks: answers what is wrong with a row of the limit sections.
-// Doors: checkLimitRow(), checkFixedIncome().
-// Test: tests/tools/ttconfig/findings/checkrules_test.cpp
+// Limit checks: reports what is wrong with a row of the limit sections.
+// Entry points: checkLimitRow(), checkFixedIncome().
+// Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>
 #include <ttplatform/text.h>
@@ -22,7 +22,7 @@ namespace {
 
 using namespace ttservice::internal;
 
-// Of several questions the one that knows most categories.
+// The first question asked of the table; it knows the most categories.
 const LimitQuestionSpec& questionOf(const LimitTableSpec& table) {
     return **std::find_if(std::begin(kLimitQuestions), std::end(kLimitQuestions),
                           [&table](const LimitQuestionSpec* question) { return question->table == &table; });
@@ -32,7 +32,7 @@ bool isLetter(char c) {
     return !isDigit(c) && c != '.';
 }
 
-// One item of the key, with its market and item in upper case.
+// Checks the items of one key.
 class ItemCheck {
 public:
     ItemCheck(EntryRemarks& target, SettingsContext& all, const LimitTableSpec& table)
@@ -50,7 +50,7 @@ public:
     }
 
 private:
-    // Whether there are characters in the item that stand in no market, code or category; says so.
+    // Whether the item contains characters that no market, code or category has. Reports them.
     bool isOddlyWritten(const LimitItem& item) {
         if (!isPlain(item.text)) {
             for (const std::string_view piece : {item.text, item.market, item.item}) {
@@ -74,7 +74,7 @@ private:
         return true;
     }
 
-    // Of a piece with an odd character in it.
+    // Reports a piece with an odd character in it.
     void sayCause(std::string_view piece) {
         remarks.wrong(RuleId::UnknownCategory, piece, [&] {
             const std::string ascii = inAscii(piece);
@@ -92,7 +92,7 @@ private:
     void sayNoDash(const LimitItem& item) {
         remarks.wrong(RuleId::ItemWithoutDash, item.text, [&] {
             std::string meant = limitItemMeant(item.text);
-            // SH-600000,600519: the market goes for the first code alone.
+            // In SH-600000,600519, the market applies to the first code only.
             const bool isCode = meant.empty() && !marketBefore.empty() && !item.text.empty() &&
                                 std::all_of(item.text.begin(), item.text.end(), isDigit);
             if (isCode) meant = fmt::format("{}-{}", marketBefore, item.text);
@@ -101,7 +101,7 @@ private:
         });
     }
 
-    // Whether the market is one that nothing names; says so at the first of its rows.
+    // Whether the market is unknown. Reports it at the first of its rows.
     bool checkMarket(const LimitItem& item, const std::string& market) {
         if (context.markets.knows(market)) return false;
         if (!std::any_of(market.begin(), market.end(), isLetter) && isNamedMarket(item.item)) {
@@ -175,7 +175,7 @@ private:
     }
 
     void checkInstrument(const LimitItem& item, const std::string& market, const std::string& code) {
-        // Platform data types the instruments of stock exchanges; of other markets it need not know each code.
+        // Platform data must know every instrument of a stock exchange, but not every code of other markets.
         if (context.platform == nullptr || !isStockExchange(market)) return;
         if (isCategoryWord(code) || knowsInstrument(*context.platform, market, code)) return;
         remarks.say(RuleId::UnknownInstrument, item.text, [&] {
@@ -187,7 +187,7 @@ private:
     EntryRemarks& remarks;
     SettingsContext& context;
     const LimitQuestionSpec& question;
-    std::string_view marketBefore;  // of the item before
+    std::string_view marketBefore;  // of the previous item
 };
 
 }  // namespace

@@ -1,6 +1,6 @@
-// Limit fields: answers what is wrong with the fields of a row of the limit sections.
-// Doors: checkLimitFields().
-// Test: tests/tools/ttconfig/findings/checkrules_test.cpp
+// Limit fields: reports what is wrong with the fields of a row of the limit sections.
+// Entry points: checkLimitFields().
+// Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include "ttconfig/checks/limitfields.h"
 
@@ -33,14 +33,14 @@ bool isDigitsAlone(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-// What the field is as a whole, where it is a number.
+// The number that the whole field spells; nothing if it is not a number.
 std::optional<double> numberOf(std::string_view field, LimitField kind) {
     if (kind == LimitField::Decimal) return strictDouble(field);
     const auto number = strictInt(field);
     return number ? std::optional<double>(*number) : std::nullopt;
 }
 
-// Whether every field of the value is what the shape has there.
+// Whether each field of the value is of the kind that the shape has there.
 bool fitsShape(std::string_view value, const FieldShape& shape) {
     if (fieldCount(value) != shape.count) return false;
     const LimitField* kind = shape.fields;
@@ -52,7 +52,7 @@ bool fitsShape(std::string_view value, const FieldShape& shape) {
     return fits;
 }
 
-// 1,000,000,股 with the commas inside the number taken out.
+// 1,000,000,股 with the commas inside the number removed.
 std::string withoutInnerCommas(std::string_view value) {
     std::string joined;
     std::string_view before;
@@ -64,7 +64,8 @@ std::string withoutInnerCommas(std::string_view value) {
     return joined;
 }
 
-// 100股, 1,000股 or 100万 股 as a number, a comma and the unit.
+// The number and the unit separated by a comma: 100,股 for 100股. Also reads 1,000股 and 100万 股; empty for any
+// other value.
 std::string withUnitApart(std::string_view value) {
     const std::size_t size = kShares.size();
     if (value.size() <= size || !isUsualUnit(value.substr(value.size() - size))) return {};
@@ -72,7 +73,8 @@ std::string withUnitApart(std::string_view value) {
     return number.empty() ? number : fmt::format("{},{}", number, value.substr(value.size() - size));
 }
 
-// The quantity behind its unit, back in front of it: 股,100,5 and 100,5,股 for 100,股,5.
+// The value with its unit word moved to the second field: 100,股,5 for 股,100,5 and for 100,5,股; empty without a unit
+// word.
 std::string withUnitSecond(std::string_view value) {
     std::vector<std::string_view> fields;
     splitKeepEmpty(value, ',', [&fields](std::string_view field) { fields.push_back(field); });
@@ -84,7 +86,8 @@ std::string withUnitSecond(std::string_view value) {
     return fmt::format("{}", fmt::join(fields, ","));
 }
 
-// The value that was meant, where nothing but its signs is wrong; empty otherwise.
+// The value that was meant, if only its separators, the place of its unit or trailing commas are wrong; empty
+// otherwise.
 std::string rowMeant(std::string_view value, const FieldShape& shape) {
     const std::string ascii = inAscii(value);
     const std::string meant[] = {withSigns(ascii, ";|/:", ','), withUnitApart(ascii),
@@ -117,7 +120,7 @@ void checkUnit(EntryRemarks& remarks, std::string_view unit) {
     }
 }
 
-// Whether the unit stands where a number belongs; says so, as that alone is wrong.
+// Whether a misplaced unit word is all that is wrong with the value. Reports it.
 bool isTurnedRound(EntryRemarks& remarks, const FieldShape& shape) {
     if (shape.count < 2 || shape.fields[1] != LimitField::Text) return false;
     const std::string_view value = remarks.value();

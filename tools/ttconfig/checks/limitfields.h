@@ -9,14 +9,14 @@
 
 namespace ttconfig {
 
-// The fields that a row of a section has.
+// The fields of a section's rows.
 struct FieldShape {
     const ttservice::internal::LimitField* fields;
     std::size_t count;
     std::string_view inWords;  // such as "quantity,unit"
 };
 
-// The shape of the rows of a limit or rate table, and of those of the fixed-income platform.
+// The shape of the rows of a limit or rate table, and of the rows of the fixed-income platform.
 inline FieldShape fieldShapeOf(const ttservice::internal::LimitTableSpec& table) {
     return {table.shape, table.fieldCount, table.words};
 }
@@ -24,7 +24,7 @@ inline constexpr FieldShape kFixedIncomeShape{ttservice::internal::kFixedIncomeR
                                               ttservice::internal::kFixedIncomeRow.size(),
                                               "a decimal and six whole numbers"};
 
-// The fields of a value. Answers whether the row is stored at all; if not, it has said so.
+// Checks the fields of a value. Returns false, after reporting why, when the row is not stored at all.
 bool checkLimitFields(EntryRemarks& remarks, const FieldShape& shape, const ValueRange* range);
 
 }  // namespace ttconfig

@@ -1,5 +1,4 @@
-// List checks: answers what is wrong with the names in a list, whatever they name.
-// Doors: those of the header.
+// List checks: reports what is wrong with the names in a list, whatever they name.
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include "ttconfig/checks/listchecks.h"
@@ -17,7 +16,7 @@ namespace ttconfig {
 
 namespace {
 
-// The entry with its one other sign as the ":"; empty where that is not what is wrong.
+// The entry with ":" in place of its only separator; empty when that is not what is wrong.
 std::string withColon(std::string_view entry) {
     constexpr std::string_view kSigns = "=,|/ ";
     std::string ascii = inAscii(entry);
@@ -28,7 +27,7 @@ std::string withColon(std::string_view entry) {
     return isOne ? withSigns(entry, kSigns, ':') : std::string();
 }
 
-// The entry as several, each with one ":"; empty where that is not what is wrong.
+// The entry split into several, each with one ":"; empty when that is not what is wrong.
 std::string asSeveral(std::string_view entry) {
     const std::string several = withSigns(entry, ",", ';');
     bool areGood = true;

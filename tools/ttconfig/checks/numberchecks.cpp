@@ -1,5 +1,4 @@
-// Number checks: answers what is wrong with the numbers in pieces of a value.
-// Doors: those of the header.
+// Number checks: reports what is wrong with the numbers in pieces of a value.
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include "ttconfig/checks/numberchecks.h"
@@ -35,14 +34,14 @@ bool isStrict(std::string_view field, NumberKind kind) {
     return std::from_chars(field.data(), field.data() + field.size(), number).ec == std::errc();
 }
 
-// Digits with a point and an exponent, whatever their size.
+// Whether the field has only the characters of a decimal number, however large.
 bool isDecimalText(std::string_view field) {
     field = withoutSign(field);
     return !field.empty() && (isDigit(field.front()) || field.front() == '.') &&
            field.find_first_not_of("0123456789.eE+-") == std::string_view::npos;
 }
 
-// What the field reads as, in words.
+// The number that the field is read as, in words.
 std::string readAs(std::string_view field, NumberKind kind) {
     if (kind == NumberKind::Integer) return fmt::to_string(looseInt(field));
     if (kind == NumberKind::Long) return fmt::to_string(looseLong(field));

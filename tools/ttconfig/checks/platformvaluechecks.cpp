@@ -1,5 +1,5 @@
-// Platform value checks: answers what is wrong with a value by platform.
-// Doors: checkPlatformValues().
+// Platform value checks: reports what is wrong with a value by platform.
+// Entry points: checkPlatformValues().
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>
@@ -23,7 +23,7 @@ std::string shown(double value) {
     return fmt::format("{:g}", value);
 }
 
-// One value by platform, item by item.
+// Checks one value by platform, item by item.
 class PlatformValueCheck {
 public:
     PlatformValueCheck(EntryRemarks& target, const SettingKey& key)
@@ -74,7 +74,7 @@ private:
             remarks.say(
                 RuleId::DefaultOverwritten, writtenText,
                 [&] {
-                    // Several defaults and no platform are likely a list of platforms.
+                    // Several defaults without any platform are probably meant as a list of platforms.
                     return fmt::format("the default {} does not count: {} at {} sets it to {}{}", shown(written),
                                        isWritten ? "the later item" : "the empty item", named(item.place), shown(value),
                                        seen.empty() ? "; an item for a platform is platform:value" : "");
@@ -118,7 +118,7 @@ private:
         const std::size_t colon = text.find(':');
         const bool isEntry = colon != std::string_view::npos;
         const std::string_view value = isEntry ? text.substr(colon + 1) : text;
-        hasDefault = hasDefault || !isEntry;  // meant as one, so that the lack of one is not told as well
+        hasDefault = hasDefault || !isEntry;  // meant as a default: do not also report that there is none
         if (isEntry && value.empty()) {
             remarks.say(RuleId::BadPlatformValue, text,
                         "there is no value behind the \":\", and the item is passed over; write one");
@@ -145,7 +145,7 @@ private:
         }
     }
 
-    // The text with ";" wherever something else may have been meant to separate items.
+    // The text with ";" in place of every sign that may have been meant to separate items.
     static std::string asItems(std::string_view text) {
         std::string items;
         splitDropEmpty(withSigns(inAscii(text), kOtherSigns, ';'), ';',
@@ -153,7 +153,7 @@ private:
         return items;
     }
 
-    // Whether every one of them can be read.
+    // Whether every item can be read and at least one names a platform.
     bool areItems(std::string_view items) const {
         bool areGood = true;
         splitKeepEmpty(items, ';', [&](std::string_view item) {
@@ -163,7 +163,7 @@ private:
         return areGood && items.find(':') != std::string_view::npos;
     }
 
-    // What to write instead of a value that is none.
+    // What to write instead of a value that cannot be read.
     std::string advice(std::string_view value, bool isEntry) const {
         if (const std::string item = withSigns(value, "=", ':'); item != value && areItems(item)) {
             return "write " + item;

@@ -1,6 +1,5 @@
-// Product checks: answers what is wrong with the lists of futures, ETFs and funds.
-// Doors: checkTag(), checkProductGroups(), checkMarketCodes(), checkFunds().
-// Owns: nothing.
+// Product checks: reports what is wrong with the lists of futures, ETFs and funds.
+// Entry points: checkTag(), checkProductGroups(), checkMarketCodes(), checkFunds().
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>
@@ -27,7 +26,7 @@ using namespace ttservice::internal;
 
 // --- the tag
 
-// The value with the ":" behind the platform's number; empty where there is no such number.
+// The value with ":" after the platform's number; empty when it does not start with one.
 std::string tagMeant(std::string_view value) {
     const std::size_t sign = value.find_first_of(",;=/ ");
     if (sign == std::string_view::npos || !isWholeNumber(value.substr(0, sign))) return {};
@@ -52,7 +51,7 @@ public:
             alone.push_back(group.text);
     }
 
-    // A product alone goes by itself, in a group or not.
+    // Reports groups of one product, which have no effect.
     void end() {
         if (alone.size() == groups && groups > 1) {
             return remarks.say(RuleId::GroupOfOne, remarks.value(), [&] {
@@ -109,7 +108,7 @@ private:
 
 // --- funds
 
-// The fund with its market in front and nothing between them, where both are in the text.
+// The fund as its market directly followed by its code; empty unless the text contains both.
 std::string fundMeant(std::string_view fund) {
     std::string meant = limitItemMeant(withSigns(fund, "-", '.'));
     meant.erase(std::remove(meant.begin(), meant.end(), '-'), meant.end());
@@ -143,7 +142,7 @@ void checkFund(EntryRemarks& remarks, const MarketNames& markets, std::string_vi
     }
 }
 
-// The platform that a key is.
+// Checks a key that is a platform ID.
 void checkPlatformKey(EntryRemarks& remarks, std::string_view key) {
     if (!isNumberList(key, ",;|/ ")) {
         checkLooseNumber(remarks, key, NumberKind::Integer, "the platform ID");
@@ -157,7 +156,7 @@ void checkPlatformKey(EntryRemarks& remarks, std::string_view key) {
 
 // --- fixed prices
 
-// Entries market:code,code.
+// Checks entries of the form market:code,code.
 class MarketCodesCheck {
 public:
     MarketCodesCheck(EntryRemarks& target, const MarketNames& marketNames) : remarks(target), names(marketNames) {}

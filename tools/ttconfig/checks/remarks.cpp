@@ -1,5 +1,5 @@
-// Remarks: collects what there is to say about a line and about an entry.
-// Doors: LineRemarks, EntryRemarks, named().
+// Remarks: collects the findings about a line and about an entry.
+// Entry points: LineRemarks, EntryRemarks, named().
 // Owns: the findings of one line.
 // Covered by tests/tools/ttconfig/findings/checking_test.cpp.
 
@@ -65,7 +65,7 @@ EntryRemarks::EntryRemarks(const standin::SettingsEntry& subject, LineRemarks& t
     : row(subject), line(target), plainKey(isPlain(subject.key)), plainValue(isPlain(subject.value)) {}
 
 Place EntryRemarks::placeOf(std::string_view piece) const {
-    // The value stands behind the key on the same line.
+    // The value follows the key on the same line.
     return piece.data() >= row.value.data() ? placeInValue(row, piece) : placeInKey(row, piece);
 }
 
@@ -94,7 +94,7 @@ void EntryRemarks::text(std::string_view piece, FullWidth fullWidth) {
     const bool isInValue = piece.data() >= row.value.data();
     if (isInValue ? plainValue : plainKey) return;
     const bool isOdd = reachesComment(piece) || causeIn(piece, fullWidth).has_value();
-    // A piece with a cause never comes to the rule that is named here.
+    // wrong() reports the comment or the odd character found here, never the rule passed to it.
     if (!isOdd) return;
     wrong(RuleId::InvisibleCharacter, piece, [&] {
         const std::string ascii = inAscii(piece);

@@ -14,20 +14,20 @@
 
 namespace ttconfig {
 
-// The findings of the line being looked at, handed on in the order of their columns when the line is done. A line with
-// very many findings is handed on in parts, so that memory stays bounded.
+// The findings on the current line, passed on in column order when the line is done. A line with very many findings is
+// passed on in parts, so that memory stays bounded.
 class LineRemarks {
 public:
     LineRemarks(const FindingSink& target, std::size_t mostOfARule)
         : sink(target), most(mostOfARule), counts(kRuleCount), leftOut(kRuleCount) {}
 
-    // Whether a finding of the rule is still wanted. One that is not is counted here, and nobody need put its message
-    // together.
+    // Whether another finding of the rule is wanted. If not, it is counted here, and the caller need not build its
+    // message.
     bool admits(RuleId rule);
-    // How many were not, by the numbers of the rules.
+    // How many findings of each rule were not wanted, indexed by the number of the rule.
     const std::vector<std::size_t>& notAdmitted() const { return leftOut; }
 
-    // A finding that was admitted.
+    // Adds a finding that admits() has accepted.
     void say(RuleId rule, Place place, std::size_t length, std::string message,
              std::optional<Place> related = std::nullopt);
     void endLine();
@@ -40,11 +40,11 @@ private:
     std::vector<std::size_t> leftOut;
 };
 
-// Whether a ";" behind a blank begins what looks like a comment: only where the value's list has another separator, or
-// words cannot stand in it.
+// Whether a ";" after a blank starts what looks like a comment: always; only before a word, in lists that have another
+// use for ";" but hold no words; or never, because ";" separates items that may be words.
 enum class Semicolons { Comment, CommentBeforeWords, Separate };
 
-// What there is to say about one entry. Pieces are views into its key or value.
+// Reports findings about one entry. Pieces are views into its key or value.
 class EntryRemarks {
 public:
     EntryRemarks(const standin::SettingsEntry& subject, LineRemarks& target);
@@ -53,30 +53,30 @@ public:
     std::string_view value() const { return row.value; }
     Place placeOf(std::string_view piece) const;
 
-    // A finding about a piece. The message is a text, or something that makes one when it is wanted.
+    // Reports a finding about a piece. The message is a text, or a function that makes one if the finding is wanted.
     template <typename Message>
     void say(RuleId rule, std::string_view piece, const Message& message, std::optional<Place> related = std::nullopt) {
         if (line.admits(rule)) line.say(rule, placeOf(piece), piece.size(), made(message), related);
     }
 
-    // A piece that does not do what it is there for. Where its characters show why, that is the finding; otherwise the
-    // rule. The consequence goes on from the piece, as in "is no platform ID and is passed over"; it is a text, or
-    // something that makes one when it is wanted.
+    // Reports a piece that does not have its intended effect. If its characters show why, the finding is about them;
+    // otherwise it is the rule's. The consequence continues the sentence after the piece, as in "is no platform ID and
+    // is passed over". It is a text, or a function that makes one if the finding is wanted.
     template <typename Consequence>
     void wrong(RuleId rule, std::string_view piece, const Consequence& consequence) {
         if (const auto reason = reasonOf(rule, piece)) tell(*reason, piece, made(consequence));
     }
 
-    // A piece that is taken as it stands: a finding only when something is wrong with its characters.
+    // Checks a piece that is taken as written: the only finding is about odd characters in it.
     void text(std::string_view piece, FullWidth fullWidth = FullWidth::Wrong);
 
-    // Says so, and answers true, when the whole value is in quotes or brackets.
+    // Whether the whole value is in quotes or brackets. Reports it.
     bool isQuoted();
-    // Looks for a comment behind the value; pieces that reach into one are then told as that, once.
+    // Looks for a comment after the value. Pieces that reach into it are then reported once, as a comment.
     void lookForComment(Semicolons semicolons);
 
 private:
-    // What is told about a piece: the rule, where, and what is in front of the piece in the message.
+    // Why a piece is reported: the rule, the place, and the text before the piece in the message.
     struct Reason {
         RuleId rule;
         std::string_view where;
@@ -92,7 +92,7 @@ private:
         }
     }
 
-    // Nothing when the finding is not wanted, or told already.
+    // Nothing when the finding is not wanted or was already reported.
     std::optional<Reason> reasonOf(RuleId rule, std::string_view piece);
     void tell(const Reason& reason, std::string_view piece, const std::string& consequence);
     bool reachesComment(std::string_view piece) const;
@@ -101,11 +101,11 @@ private:
     LineRemarks& line;
     bool plainKey;
     bool plainValue;
-    std::size_t commentAt = std::string_view::npos;  // in the value, with the blanks in front of it
+    std::size_t commentAt = std::string_view::npos;  // an offset in the value, that of the blanks before the comment
     bool commentTold = false;
 };
 
-// "line 12" or "line 12, column 7": another place as messages name it.
+// "line 12" or "line 12, column 7", for messages that mention another place.
 std::string named(Place place);
 
 }  // namespace ttconfig

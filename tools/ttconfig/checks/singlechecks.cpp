@@ -1,5 +1,5 @@
-// Single value checks: answers what is wrong with a value for the whole client, a fee or a ratio.
-// Doors: checkSingleValue(), checkDecimalRow().
+// Single value checks: reports what is wrong with a value for the whole client, a fee or a ratio.
+// Entry points: checkSingleValue(), checkDecimalRow().
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>
@@ -50,7 +50,7 @@ void checkFlag(EntryRemarks& remarks, int value) {
                 [&] { return fmt::format("{} is off, as is every number but 1; write 0 or 1", value); });
 }
 
-// Of two keys that are one in upper case, the earlier has what the upper-case form answers.
+// Reports a key that equals an earlier one in upper case: the upper-case form has the value of the earlier key.
 void checkCollision(EntryRemarks& remarks, UpperCaseRows& rows) {
     const standin::SettingsEntry* known = rows.enter(remarks.entry());
     if (known == nullptr) return;

@@ -1,5 +1,5 @@
-// Switch checks: answers what is wrong with the value of a platform switch.
-// Doors: checkSwitch().
+// Switch checks: reports what is wrong with the value of a platform switch.
+// Entry points: checkSwitch().
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 
 #include <fmt/format.h>
@@ -24,14 +24,14 @@ bool isOneOfWords(std::string_view value, std::initializer_list<std::string_view
     return std::any_of(words.begin(), words.end(), [value](std::string_view word) { return isSameUpper(word, value); });
 }
 
-// "12-15", as ranges are written elsewhere.
+// Whether the piece is a range such as "12-15".
 bool isRange(std::string_view piece) {
     const std::size_t sign = piece.find_first_of("-~", 1);
     return sign != std::string_view::npos && isWholeNumber(piece.substr(0, sign)) &&
            isWholeNumber(piece.substr(std::min(piece.find_first_not_of("-~", sign), piece.size())));
 }
 
-// A value of one piece that reads like the answer to a yes/no question; says so.
+// Whether the value looks like an answer to a yes/no question and not like a list of platforms. Reports it.
 bool isFlagLike(EntryRemarks& remarks, SettingsContext& context) {
     const std::string_view value = remarks.value();
     if (!flagMeant(value).empty()) {

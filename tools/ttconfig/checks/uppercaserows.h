@@ -9,14 +9,14 @@
 
 namespace ttconfig {
 
-// The rows of a section by their keys, letter case aside.
+// The rows of a section by their keys, ignoring letter case.
 class UpperCaseRows {
 public:
-    // A section that is not there has no rows to enter.
+    // The section is null when the file does not have it.
     explicit UpperCaseRows(const standin::SettingsSection* section)
         : rows{section == nullptr ? nullptr : section->entries.data()}, first(rows) {}
 
-    // Enters a row of the section, unless there is one with its key. Answers the earlier one, null when there is none.
+    // Enters a row of the section unless an earlier row has its key. Returns that row; null when there is none.
     const standin::SettingsEntry* enter(const standin::SettingsEntry& row) {
         std::uint32_t& number = first[row.key];
         if (number != 0) return rows.entries + number - 1;

@@ -6,8 +6,8 @@
 
 namespace ttconfig {
 
-// What there is to say about the value (and, where keys are data, the key) of an entry, topic by topic. The pieces come
-// from the readers' own grammars.
+// Checks the value of an entry, and its key where keys are data, by topic. The pieces come from the readers' own
+// grammars.
 
 // A platform switch.
 void checkSwitch(EntryRemarks& remarks, SettingsContext& context);
@@ -17,7 +17,7 @@ void checkSingleValue(EntryRemarks& remarks, const ttservice::internal::SettingK
 // A decimal under a key that is data: a fee or a ratio.
 void checkDecimalRow(EntryRemarks& remarks, SettingsContext& context, const ttservice::internal::SettingKey& row);
 
-// Values by platform, with or without empty items that count.
+// Values by platform, whether or not empty items count.
 void checkPlatformValues(EntryRemarks& remarks, const ttservice::internal::SettingKey& row);
 
 // Rows of the limit sections, and of the fixed-income platform.

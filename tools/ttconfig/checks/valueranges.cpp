@@ -1,5 +1,5 @@
-// Value ranges: answers which numbers can hardly be meant for a key.
-// Doors: rangeOf(), checkValueRange().
+// Value ranges: tells which numbers are plausible for a key.
+// Entry points: rangeOf(), checkValueRange().
 // Owns: the table of the ranges.
 // Covered by tests/tools/ttconfig/findings/valueranges_test.cpp.
 
@@ -32,19 +32,18 @@ constexpr ValueRange within(double least, std::string_view below, double most, s
 
 constexpr ValueRange kAny{};
 
-// What several keys share.
+// Shared by several keys.
 constexpr ValueRange kQuantity = from(1, "lets no order pass; write 1 or more");
 constexpr ValueRange kNotNegative = from(0, "is negative, but counts; write 0 or more");
 constexpr ValueRange kRate = from(0, "is no rate, but counts; write 0 or more");
 
-// One row a key with numbers in its value; fields of one value share it. What a number is for says which can be meant:
-// where only its receiver knows that, as of a counter's ways of renewing or of a vendor's parameters, any can, and
-// there is no row.
+// One row per key with numbers in its value; all fields of a value share the range. A key has no row when only the
+// recipient of a number knows what it means, as with a counter's renewal modes or a vendor's parameters.
 constexpr struct {
     const SettingKey* key;
     ValueRange range;
 } kRanges[] = {
-    // A date in place of a number of days is what a hundred years are about.
+    // The limit of a hundred years catches a date in place of a number of days.
     {&keys::flowHistoryDays, within(-1, "is no number of days, but counts; write -1 or more", 36500,
                                     "is more than a hundred years, but counts; write a number of days", false)},
     {&keys::refLimit, from(0, "is no limit of references, but counts; write 0 or more")},
@@ -58,7 +57,8 @@ constexpr struct {
     {&keys::connectShanghaiOrderLimits, kQuantity},
     {&keys::connectShenzhenOrderLimits, kQuantity},
     {&keys::blockTradeLimits, kQuantity},
-    // Some are shares of a price, some are counts, and which is which the records know: there is no most for all.
+    // Some of these numbers are fractions of a price and some are counts. Only the records know which, so there is no
+    // common maximum.
     {&keys::stockRates, kRate},
     {&keys::connectShanghaiRates, kRate},
     {&keys::connectShenzhenRates, kRate},
@@ -67,17 +67,17 @@ constexpr struct {
     {&keys::shLoanEnquiryDeal, kNotNegative},
     {&keys::shLoanBidDeal, kNotNegative},
 
-    // 1.0, the value without a row, is the whole of the bond.
+    // 1.0, the value of a bond without a row, means the whole bond.
     {&keys::standardBondUse, within(0, "is no ratio, but counts; write a number from 0 to 1", 1,
                                     "is more than the whole, but counts; write a number from 0 to 1", true)},
-    // A ratio of debt and collateral may well be above 1; the highest in use are a few hundred percent.
+    // A ratio of debt and collateral can exceed 1; the highest in use are a few hundred percent.
     {&keys::concentrationRatio,
      within(0, "is no ratio, but counts; write 0 or more", 5,
             "is a ratio of more than 500 percent, but counts; write it as a fraction", true)},
     {&keys::subscriptionFees, kNotNegative},
 };
 
-// A number of a key without a row may be anything.
+// Whether values of the grammar hold numbers that may be anything if the key has no row.
 constexpr bool isPlainNumber(ValueGrammar grammar) {
     return grammar == ValueGrammar::Integer || grammar == ValueGrammar::PerPlatformInteger ||
            grammar == ValueGrammar::PerPlatformDecimalKeepEmpty || grammar == ValueGrammar::Contracts;

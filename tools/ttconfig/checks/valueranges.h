@@ -9,25 +9,25 @@
 
 namespace ttconfig {
 
-// What the numbers of a key can sensibly be. Every number counts, whatever it is; one beyond these can hardly be meant.
+// The plausible range of a key's numbers. A number outside it still counts but is probably a mistake.
 struct ValueRange {
     double least = -std::numeric_limits<double>::infinity();
     double most = std::numeric_limits<double>::infinity();
-    std::string_view below;  // what is said of a number below the least, behind the number
-    std::string_view above;  // the same for one above the most
-    bool isRatio = false;    // one above the most is likely a percentage
+    std::string_view below;  // the rest of the message about a number below the least
+    std::string_view above;  // the same for a number above the most
+    bool isRatio = false;    // whether a number above the most is likely a percentage
 
     constexpr bool isAny() const {
         return least == -std::numeric_limits<double>::infinity() && most == std::numeric_limits<double>::infinity();
     }
 };
 
-// The range of the numbers in the value of a key; null for a key whose value holds none.
+// The range of the numbers in a key's value; null for a key whose value holds none.
 const ValueRange* rangeOf(const ttservice::internal::SettingKey& row);
 
-// Says so where the number that the field is as a whole is out of the range, which may be null.
+// Reports a field that is a number outside the range. The range may be null.
 void checkValueRange(EntryRemarks& remarks, const ValueRange* range, std::string_view field);
-// The same where the number is known already.
+// The same for a number that is already known.
 void checkValueRange(EntryRemarks& remarks, const ValueRange* range, std::string_view field, double number);
 
 }  // namespace ttconfig
