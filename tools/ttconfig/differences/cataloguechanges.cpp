@@ -1,7 +1,6 @@
-// Changes of the catalogues: answers which algorithm products, types and strategies differ, the ETF broker client, and
+// Changes of the catalogues: finds the algorithm products, types and strategies that differ, the ETF broker client, and
 // the funds with a fixed price.
-// Doors: tellCatalogueChanges(), tellFundChanges().
-// Owns: nothing.
+// Entry points: tellCatalogueChanges(), tellFundChanges().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include <functional>
@@ -105,7 +104,7 @@ void tellHttpProducts(const TextPair& texts, const ChangeSink& tell) {
                });
 }
 
-// The list that the operation answers.
+// Makes the list that the operation returns.
 using ListGrammar = Answer (*)(std::string_view value);
 
 template <const EntryList<std::string_view>& List>

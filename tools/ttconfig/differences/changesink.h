@@ -10,28 +10,28 @@
 #include "traderbase/base/config/internal/keys/settingkeys.h"
 #include "ttconfig/differences/differences.h"
 
-// The rooms that differences are found in. Each tells its changes one by one, so that nobody has to hold them all.
+// The rooms that find differences. Each reports its changes one by one, so that they need not all be held in memory.
 
 namespace ttconfig {
 
 struct TextPair {
     const standin::SettingsText& before;
     const standin::SettingsText& after;
-    const standin::PlatformData* platform = nullptr;  // the installed one, where it is to be asked
+    const standin::PlatformData* platform = nullptr;  // the installed one, if it is to be consulted
 };
 
-// An answer of one text, and the place that says it.
+// An answer from one text, and the place it comes from.
 // NOLINTNEXTLINE(bugprone-exception-escape): moving a JSON value asserts what holds, and throws nothing
 struct Said {
     Answer answer;
     std::optional<Place> place = std::nullopt;
 };
 
-// A change of what is said about the subject, or about the platform.
+// A change in the answer about the subject, or about the platform.
 Change changeOf(ChangeTopic topic, std::string subject, std::string question, Said old, Said now);
 Change changeOf(ChangeTopic topic, int platform, std::string question, Said old, Said now);
 
-// Tells the change, if it is one.
+// Reports the change if the answers differ.
 template <typename Subject>
 void tellIfChanged(ChangeTopic topic, Subject subject, std::string question, Said old, Said now,
                    const ChangeSink& tell) {
@@ -39,12 +39,12 @@ void tellIfChanged(ChangeTopic topic, Subject subject, std::string question, Sai
     tell(changeOf(topic, std::move(subject), std::move(question), std::move(old), std::move(now)));
 }
 
-// The entries of one key, null where a text does not have it.
+// The entries of one key; null for a text that does not have it.
 struct EntryPair {
     const standin::SettingsEntry* before = nullptr;
     const standin::SettingsEntry* after = nullptr;
 
-    // An empty value says what a missing key does, for every key whose value is read as a text.
+    // For every key whose value is read as text, an empty value means the same as a missing key.
     std::string_view oldValue() const { return before == nullptr ? std::string_view() : before->value; }
     std::string_view newValue() const { return after == nullptr ? std::string_view() : after->value; }
     bool sayTheSame() const { return oldValue() == newValue(); }
@@ -62,10 +62,10 @@ inline EntryPair entriesOf(const TextPair& texts, const ttservice::internal::Set
     return {texts.before.findEntry(key.section, key.key), texts.after.findEntry(key.section, key.key)};
 }
 
-// Whether both texts say the same in the section, word for word and in the same order.
+// Whether the section is the same in both texts, word for word and in the same order.
 bool haveSameEntries(const TextPair& texts, std::string_view section);
 
-// Whether two numbers are one answer: a number that is none is the same as itself here.
+// Whether two numbers are the same answer. NaN counts as equal to NaN.
 bool isSameNumber(double left, double right);
 
 // limitchanges.cpp: order limits, block trades, rates.
@@ -86,13 +86,13 @@ void tellSingleValueChanges(const TextPair& texts, const ChangeSink& tell);
 struct SwitchChange {
     int platform = 0;
     std::string_view key;
-    std::size_t number = 0;  // in the table of the switches; their count for a key that is none of them
+    std::size_t number = 0;  // in the table of switches; their count if the key is not in it
     bool after = false;
     std::optional<Place> oldPlace;
     std::optional<Place> newPlace;
 };
 
-// In the order of platform, then of the table, then of the key. Without wanted platforms, of all.
+// Sorted by platform, then by position in the table, then by key. Empty wanted means all platforms.
 std::vector<SwitchChange> switchChanges(const TextPair& texts, const std::vector<int>& wanted);
 Change asChange(const SwitchChange& found);
 
@@ -100,15 +100,15 @@ Change asChange(const SwitchChange& found);
 void tellPlatformValueChanges(const TextPair& texts, const std::vector<int>& wanted, const ChangeSink& tell);
 void tellPlatformListChanges(const TextPair& texts, const std::vector<int>& wanted, const ChangeSink& tell);
 
-// platformvaluechanges.cpp: the values of one platform that are not those of the platforms that are not named, as
-// changes from those to its own.
+// platformvaluechanges.cpp: the values that differ between the platform and the platforms that are not named, as
+// changes from those platforms' value to its own.
 void tellSpecialValues(const standin::SettingsText& text, int platform, const ChangeSink& tell);
 
-// platformchanges.cpp: everything that is asked with a platform ID, platform by platform, those that no setting names
-// together at the end. The wanted platforms are sorted; without any, all that are named are told.
+// platformchanges.cpp: every question that takes a platform ID, platform by platform; the platforms that no setting
+// names come last, together. wanted is sorted; if it is empty, all platforms are reported.
 void tellPlatformChanges(const TextPair& texts, const std::vector<int>& wanted, const ChangeSink& tell);
 
-// Whether a platform is to be told about.
+// Whether the platform is to be reported.
 bool isWanted(const std::vector<int>& wanted, int platform);
 
 }  // namespace ttconfig

@@ -1,6 +1,5 @@
-// The diff subcommand: shows which answers two settings files do not share.
-// Doors: runDiff().
-// Owns: nothing; what differs is found by differences.h.
+// The diff subcommand: shows which answers differ between two settings files.
+// Entry points: runDiff().
 // Covered by tests/tools/ttconfig/expectations/answers_test.cpp.
 
 #include "ttconfig/differences/diff.h"
@@ -21,7 +20,7 @@ namespace {
 
 constexpr std::size_t kWrittenAtOnce = std::size_t{64} * 1024;
 
-// Writes changes as they are found, so that many do not have to be held.
+// Writes changes as they are found, so that memory does not grow with their number.
 class ChangeWriter {
 public:
     ChangeWriter(const CommandLine& commandLine, Output& writtenTo, Progress& shownProgress)
@@ -48,7 +47,7 @@ public:
         if (text.size() >= kWrittenAtOnce) flush();
     }
 
-    // Answers whether there was a change.
+    // Returns whether there was a change.
     bool end() {
         if (json) text += std::string(any ? "\n" : "") + "],\"same\":" + (any ? "false" : "true") + "}\n";
         if (!json && !any) text = limited ? "no difference in what is asked with these platforms\n" : "no difference\n";
@@ -71,7 +70,7 @@ private:
     }
 
     const bool json;
-    const bool limited;  // to what is asked with a platform
+    const bool limited;  // to questions about platforms
     const Colours colours;
     const std::string oldFile;
     const std::string newFile;

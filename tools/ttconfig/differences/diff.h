@@ -5,8 +5,8 @@
 
 namespace ttconfig {
 
-// Tells which answers of the second settings file are not those of the first. Answers the exit code: kExitDone when all
-// are the same, kExitFindings when some are not. Throws Fault for files that cannot be used.
+// Shows which answers of the second settings file differ from those of the first. Returns kExitDone when none differ,
+// kExitFindings when some do. Throws Fault for files that cannot be used.
 int runDiff(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

@@ -1,5 +1,5 @@
-// Differences: answers which of the library's answers differ between two settings texts.
-// Doors: tellDifferences(), differences(), changeText(), changeJson(), changeOf().
+// Differences: finds the answers that differ between two settings texts.
+// Entry points: tellDifferences(), differences(), changeText(), changeJson(), changeOf().
 // Owns: the order of the topics, and how a change is shown.
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 

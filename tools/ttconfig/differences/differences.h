@@ -33,54 +33,54 @@ enum class ChangeTopic {
 // The topic as a word: "switch", "platform-value", "order-limit", ...
 std::string_view wordOf(ChangeTopic topic);
 
-// One answer that is not the same from the new text as from the old one.
+// One answer that differs between the old text and the new one.
 // NOLINTNEXTLINE(bugprone-exception-escape): moving a JSON value asserts what holds, and throws nothing
 struct Change {
     ChangeTopic topic = ChangeTopic::Switch;
     std::string subject;   // whom it is about: "platform 12", "every other platform", "SH-600000", "product ag"
-    std::string question;  // the operation, and what it takes beside the subject; several operations of one answer with
-                           // a blank between them
-    Answer before;         // as the operation answers, a rate record as the list of its numbers; null where there is no
-                           // record, and where it is not known: a code without a row goes by its category
+    std::string question;  // the operation and its arguments other than the subject; several operations with the same
+                           // answer are separated by blanks
+    Answer before;         // as the operation answers, a rate record as the list of its numbers; null without a record,
+                           // and for a code without a row whose category, which decides, is not known
     Answer after;
-    std::optional<Place> oldPlace;  // of what says it in the old text; none where nothing does
+    std::optional<Place> oldPlace;  // of what decides it in the old text; none if nothing does
     std::optional<Place> newPlace;
-    std::optional<int> platform;  // the subject, when that is one platform
+    std::optional<int> platform;  // if the subject is a single platform
 };
 
 using ChangeSink = std::function<void(Change)>;
 
-// Tells every answer that differs between a first load of the one text and a first load of the other: platform by
-// platform what is asked with a platform ID, then single values, limits, catalogues, products and funds. Every other
-// platform is one that neither text names for the setting.
+// Reports every answer that differs between a first load of the old text and a first load of the new one: first,
+// platform by platform, the questions that take a platform ID, then single values, limits, catalogues, products and
+// funds. "Every other platform" means a platform that neither text names for the setting.
 //
-// With platforms, only what is asked with a platform ID is told, and only of these.
+// With platforms, reports only questions that take a platform ID, and only for these platforms.
 //
-// The store turns the value of every key of the main section into a list of platforms, also of those that are known to
-// hold something else; nobody asks for these lists, and their keys are told by what they are for. A key that nobody
-// knows by name is a switch, asked for as isSomePt("key"). What getPts and getAllpts answer is told with that, platform
-// by platform: the order of a list, a platform that is in it twice, and a key that lists nobody are form.
+// The store turns the value of every key of the main section into a list of platforms, even where the value is known to
+// be something else. Nothing queries those lists, so such keys are reported by what they are for. A key that no table
+// names is a switch, queried as isSomePt("key"). Reporting each platform of a list also covers getPts and getAllpts:
+// the order of a list, a platform listed twice, and a key that lists no platform are not differences.
 //
-// Rows that no question reaches (limitquestions.h), rows for an item without "-" among them, are no difference, and a
-// category word is asked for as a category, never as a code. A code whose own row comes or goes is told as going by its
-// category, unless that comes to the same. With platform data, which have to be the installed ones, its category is
-// known where they know the instrument; without, every category that a code of the market can have must come to the
-// same.
+// A row that no question reaches (limitquestions.h), such as one for an item without "-", is not a difference. A
+// category word is only asked for as a category, never as a code. If a code has a row in one text only, then in the
+// other its category decides, and nothing is reported when both answers are the same. With platform data, which must be
+// the installed data, the category of an instrument that the data knows is known. Otherwise, every category that a code
+// of the market can have must give the same answer.
 void tellDifferences(const standin::SettingsText& oldText, const standin::SettingsText& newText,
                      const std::vector<int>& platforms, const standin::PlatformData* data, const ChangeSink& tell);
 
-// The same as a list.
+// The same changes as a list.
 std::vector<Change> differences(const standin::SettingsText& oldText, const standin::SettingsText& newText,
                                 const std::vector<int>& platforms = {}, const standin::PlatformData* data = nullptr);
 
-// "on", "1000000,股", "by category": an answer of the change as a line shows it.
+// An answer of the change as a line shows it: "on", "1000000,股" or "by category".
 std::string shownBefore(const Change& change);
 std::string shownAfter(const Change& change);
 
-// " (old:88, new:91)"; empty when neither text says anything about it.
+// " (old:88, new:91)"; empty when the answer has no place in either text.
 std::string placesText(const Change& change);
 
-// "platform 12: isNeedMaxAmountPts off → on (old:88, new:91)"
+// For example "platform 12: isNeedMaxAmountPts off → on (old:88, new:91)".
 std::string changeText(const Change& change);
 
 // The change as JSON: topic, subject, platform, question, before, after, old and new place.

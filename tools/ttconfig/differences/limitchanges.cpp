@@ -1,7 +1,6 @@
-// Changes of limits: answers for which instruments and categories order limits, block trades and rates differ.
-// Doors: tellLimitChanges().
-// Values are read where two of them differ.
-// Test: tests/tools/ttconfig/differences/differencesoracle_test.cpp
+// Changes of limits: finds the instruments and categories whose order limits, block trades and rates differ.
+// Entry points: tellLimitChanges().
+// Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include <algorithm>
 #include <utility>
@@ -18,7 +17,7 @@ namespace {
 using namespace ttservice::internal;
 using Row = LimitItemRow;
 
-// What the questions of a table are told under.
+// The topic of a table's questions.
 ChangeTopic topicOf(const LimitTableSpec& table) {
     if (&table == &kOrderLimitTable) return ChangeTopic::OrderLimit;
     return &table == &kBlockTradeTable ? ChangeTopic::BlockTradeLimit : ChangeTopic::RateLimit;
@@ -33,7 +32,7 @@ bool isSameAnswer(const Answer& left, const Answer& right) {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(), isSameField);
 }
 
-// One question, asked of its table in both texts.
+// Compares the answers of one question in both texts.
 class LimitChanges {
 public:
     LimitChanges(const LimitQuestionSpec& asked, const LimitItemRows& oldRows, const LimitItemRows& newRows,
@@ -48,7 +47,7 @@ public:
     }
 
 private:
-    // What the categories of one market come to, each value once.
+    // The distinct answers for the categories of one market.
     using CategoryValues = std::vector<Answer>;
 
     void compare(const Row& one, const Row* left, const Row* right) {
@@ -62,7 +61,7 @@ private:
         if (!isSameAnswer(old, now)) change(market, item, std::move(old), std::move(now), left, right);
     }
 
-    // Without a row of its own the code goes by its category.
+    // In the text without a row for the code, the code's category decides.
     void compareCode(const std::string& market, const std::string& code, const Row* left, const Row* right) {
         const CategoryValues& others = valuesByCategory(left == nullptr ? before : after, market, code);
         Answer old = answerOf(left == nullptr ? right : left);
@@ -76,14 +75,14 @@ private:
         return limitAnswer(question, row == nullptr ? std::nullopt : std::optional(row->entry->value));
     }
 
-    // What the code comes to by its category, or, where that is not known, by every one that it can have.
+    // The answers for the code's category or, if that is unknown, for every category that the code can have.
     const CategoryValues& valuesByCategory(const LimitItemRows& rows, const std::string& market,
                                            const std::string& code) {
         if (platform != nullptr && knowsInstrument(*platform, market, code)) {
             ownCategories = categoryValues(rows, market, categoryWordsOfCode(question, market, code));
             return ownCategories;
         }
-        // Codes come market by market: the categories are looked up once for each.
+        // Codes come market by market, so look the categories up once per market.
         if (oldCategories.empty() || market != categoriesOf) {
             categoriesOf = market;
             oldCategories = categoryValues(before, market, categoryWordsOf(question, market));

@@ -5,7 +5,7 @@
 
 namespace ttconfig {
 
-// Sorts rows and leaves of equal ones the first, in the order in which they were entered.
+// Sorts the rows. Of equal rows, only the one entered first stays.
 template <typename Row, typename Less>
 void keepFirstOfEqual(std::vector<Row>& rows, Less less) {
     std::stable_sort(rows.begin(), rows.end(), less);
@@ -14,8 +14,8 @@ void keepFirstOfEqual(std::vector<Row>& rows, Less less) {
     rows.erase(end, rows.end());
 }
 
-// Walks two sorted tables together: sink(row, old row, new row), null where a table has none; the first is one of the
-// others.
+// Walks two sorted tables together: sink(row, old row, new row). The old or new row is null when its table has none;
+// row is the one that exists.
 template <typename Rows, typename Less, typename Sink>
 void mergeRows(const Rows& before, const Rows& after, Less less, Sink&& sink) {
     auto left = before.begin();
@@ -29,7 +29,7 @@ void mergeRows(const Rows& before, const Rows& after, Less less, Sink&& sink) {
     }
 }
 
-// The same of two maps: sink(key, old value, new value).
+// The same for two maps: sink(key, old value, new value).
 template <typename Map, typename Sink>
 void mergeByKey(const Map& before, const Map& after, Sink&& sink) {
     using Item = typename Map::value_type;

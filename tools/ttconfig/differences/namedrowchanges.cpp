@@ -1,5 +1,5 @@
-// Changes of named rows: answers for which bonds and futures products the numbers and groups differ.
-// Doors: tellBondChanges(), tellProductChanges().
+// Changes of named rows: finds the bonds and futures products whose numbers or groups differ.
+// Entry points: tellBondChanges(), tellProductChanges().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include <algorithm>
@@ -23,7 +23,7 @@ using standin::SettingsText;
 
 // --- a number for each name
 
-// A section of numbers, and how they are asked for.
+// A section of numbers, and the question that asks for them.
 struct NumberTopic {
     ChangeTopic topic;
     const SettingKey& key;
@@ -56,7 +56,7 @@ void tellNumbers(const TextPair& texts, const NumberTopic& topic, const ChangeSi
 
 // --- the fixed-income platform
 
-// The members of the record, as it is answered; null without one.
+// The members of the record, as the operation returns them; null without a record.
 Answer fixedIncomeAnswer(std::string_view value) {
     LimitFields<decltype(kFixedIncomeRow)> fields;
     if (!piecesExactly(value, ',', fields)) return nullptr;
@@ -87,7 +87,7 @@ void tellFixedIncome(const TextPair& texts, const ChangeSink& tell) {
 
 // --- combinations whose margin is charged once
 
-// A further product of a group, and the group's first.
+// A product of a group, other than the first, and the group's first product.
 struct Grouped {
     std::string_view product;
     std::string_view first;
@@ -120,7 +120,7 @@ void tellCombinations(const TextPair& texts, const ChangeSink& tell) {
     const auto before = groupedProducts(texts.before);
     const auto after = groupedProducts(texts.after);
     mergeRows(before, after, lessProduct, [&tell](const Grouped& one, const Grouped* left, const Grouped* right) {
-        // A product that is in no group stands for itself, as the first of a group does.
+        // A product outside all groups stands for itself, as does the first product of a group.
         const std::string_view product = one.product;
         const std::string_view old = left != nullptr ? left->first : product;
         const std::string_view now = right != nullptr ? right->first : product;

@@ -1,5 +1,5 @@
-// Changes by platform: answers what differs for each platform, one platform after the other.
-// Doors: tellPlatformChanges().
+// Changes by platform: finds what differs for each platform, one platform after another.
+// Entry points: tellPlatformChanges().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include <algorithm>
@@ -11,7 +11,7 @@ namespace ttconfig {
 
 namespace {
 
-// In front of a platform's other answers come its switches.
+// A platform's switches come before its other answers.
 void tellSwitchesUpTo(int platform, std::vector<SwitchChange>::const_iterator& next,
                       std::vector<SwitchChange>::const_iterator end, const ChangeSink& tell) {
     for (; next != end && next->platform <= platform; ++next)

@@ -1,6 +1,6 @@
-// Changes of the lists that platforms are on: concentration ratios, codes whose sale repays debt, funds that are paid
-// from the lending balance first, the ETF broker client.
-// Doors: tellPlatformListChanges().
+// Changes of platform lists: finds the platforms whose concentration ratios, codes whose sale repays debt, funds paid
+// from the lending balance first, or ETF broker client differ.
+// Entry points: tellPlatformListChanges().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include <map>
@@ -20,7 +20,7 @@ namespace {
 using namespace ttservice::internal;
 using standin::SettingsEntry;
 
-// Where the row says what it says of a platform: at the first of the entries that count, or with its value.
+// The place that decides for a platform: the first of its entries that count or, if it has none, the whole value.
 std::optional<Place> entryPlace(const CreditTable& table, const std::vector<std::string_view>* entries) {
     if (table.row == nullptr) return std::nullopt;
     return entries == nullptr ? valuePlace(*table.row) : placeInValue(*table.row, entries->front());
@@ -28,7 +28,7 @@ std::optional<Place> entryPlace(const CreditTable& table, const std::vector<std:
 
 // --- concentration ratios
 
-// As isUseConcentrationRatioPts answers: whether there are ratios, and the two.
+// The answer of isUseConcentrationRatioPts: whether there are ratios, and both ratios.
 Said concentration(const CreditTable& table, const std::vector<std::string_view>* entries) {
     ConcentrationEntry entry;
     if (entries != nullptr) entry = concentrationEntry(entries->front());
@@ -41,7 +41,7 @@ bool isSameRatio(const Answer& left, const Answer& right) {
            isSameNumber(left[2].get<double>(), right[2].get<double>());
 }
 
-// Walks through the platforms that the key names in one of the texts: sink(platform, old table, its entries there, new
+// Walks through the platforms that the key names in either text: sink(platform, old table, its entries there, new
 // table, its entries there).
 template <typename Sink>
 void compareCredit(const TextPair& texts, const SettingKey& key, const std::vector<int>& wanted, Sink&& sink) {
@@ -64,14 +64,14 @@ void tellConcentration(const TextPair& texts, const std::vector<int>& wanted, co
                   });
 }
 
-// --- codes and funds of platforms
+// --- codes and funds by platform
 
-// For each platform the names it lists, each with its place.
+// The names that a platform lists, each with its place.
 using Names = std::map<std::string_view, Place>;
 
 struct PlatformNames {
     Names names;
-    std::optional<Place> place;  // of the list as a whole, for the names that it does not have
+    std::optional<Place> place;  // of the whole list, for names that are not in it
 };
 
 PlatformNames saleCodes(const CreditTable& table, const std::vector<std::string_view>* entries) {
@@ -84,7 +84,7 @@ PlatformNames saleCodes(const CreditTable& table, const std::vector<std::string_
     return list;
 }
 
-// Where the name stands in the list; null when it does not.
+// Whether the name is in the list, and its place there; for a name that is not in it, place is null.
 Said listedIn(const PlatformNames& list, const Place* place) {
     return {place != nullptr, place != nullptr ? *place : list.place};
 }
@@ -103,11 +103,11 @@ void tellCollateralSale(const TextPair& texts, const std::vector<int>& wanted, c
                   });
 }
 
-// --- funds that are paid from the lending balance first
+// --- funds paid from the lending balance first
 
 constexpr std::string_view kAllFunds = "ALL";
 
-// The row of each platform; of several keys with one number the last counts.
+// The row of each platform. If several keys are the same number, the last one counts.
 std::map<int, const SettingsEntry*> fundRows(const standin::SettingsText& text) {
     std::map<int, const SettingsEntry*> rows;
     const auto* section = text.findSection(keys::sloBalanceFirstFunds.section);
@@ -120,7 +120,7 @@ std::map<int, const SettingsEntry*> fundRows(const standin::SettingsText& text) 
 
 struct FundList {
     PlatformNames list;
-    bool isOfAll = false;  // every money-market fund
+    bool isOfAll = false;  // of every money-market fund
 };
 
 FundList fundListOf(const SettingsEntry* const* platformRow) {
@@ -132,8 +132,8 @@ FundList fundListOf(const SettingsEntry* const* platformRow) {
     return funds;
 }
 
-// A fund that is not listed is paid so all the same when the list is of all and the fund is one of the money market,
-// which is for the platform data to say.
+// The answer is null for a fund that is not listed while the list is ALL: it is paid this way if the platform data says
+// that it is a money-market fund.
 Said fundIn(const FundList& funds, const Place* place) {
     Said said = listedIn(funds.list, place);
     if (said.answer == false && funds.isOfAll) said.answer = nullptr;
@@ -160,7 +160,7 @@ void tellFunds(const TextPair& texts, const std::vector<int>& wanted, const Chan
 
 // --- the ETF broker client
 
-// The platform whose ID is the tag, written as numbers are written and in no other way.
+// The platform whose ID is the tag; nothing if the tag is not written exactly as that number is printed.
 std::optional<int> taggedPlatform(const TagEntry& entry) {
     const auto platform = isStored(entry.outcome) ? strictInt(entry.tag) : std::optional<int>();
     if (!platform || std::to_string(*platform) != entry.tag) return std::nullopt;

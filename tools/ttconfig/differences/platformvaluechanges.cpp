@@ -1,5 +1,5 @@
-// Changes of values by platform: answers for which platforms such a value differs, and for the rest in one.
-// Doors: tellPlatformValueChanges(), tellSpecialValues().
+// Changes of values by platform: finds the platforms for which a value differs; those not named count as one.
+// Entry points: tellPlatformValueChanges(), tellSpecialValues().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace {
 
 using ttservice::internal::SettingKey;
 
-// Without a platform, of all that are not named.
+// Without a platform, the change is for all platforms that are not named.
 Change valueChange(const PlatformQuestion& asked, std::optional<int> platform, Said old, Said now) {
     std::string question(asked.operation);
     if (platform) {
@@ -24,7 +24,7 @@ Change valueChange(const PlatformQuestion& asked, std::optional<int> platform, S
                     std::move(now));
 }
 
-// The platforms that one of the two names.
+// The platforms that either table names.
 std::vector<int> namedPlatforms(const PlatformValueTable& before, const PlatformValueTable& after) {
     std::vector<int> named;
     named.reserve(before.byPlatform.size() + after.byPlatform.size());

@@ -1,5 +1,5 @@
-// Changes of single values: answers which of them differ, and which trade units with them.
-// Doors: tellSingleValueChanges().
+// Changes of single values: finds those that differ, and the trade units that change with them.
+// Entry points: tellSingleValueChanges().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencelists_test.cpp.
 
 #include <utility>
@@ -25,7 +25,8 @@ std::string_view bondMarket(const SettingKey& key) {
     return {};
 }
 
-// The two switches on which units depend: one names the rules that hold, the other is a unit at once.
+// Trade units depend on two kinds of switch: a bond switch selects the rules that apply, the other selects the unit
+// itself.
 Change unitChange(const SettingKey& key, Change change) {
     const bool before = change.before == true;
     change.topic = ChangeTopic::Unit;

@@ -1,5 +1,5 @@
-// Changes of switches: answers which platforms a switch lists in one text and not in the other.
-// Doors: switchChanges(), asChange().
+// Changes of switches: finds the platforms that a switch lists in only one of the texts.
+// Entry points: switchChanges(), asChange().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencelists_test.cpp.
 
 #include <algorithm>
@@ -40,7 +40,7 @@ void listPlatforms(const SettingsEntry* entry, std::vector<Listed>& list) {
     keepFirstOfEqual(list, lessListed);
 }
 
-// Every key of the main section is a switch for isSomePt(), but those that are known to hold values.
+// Every key of the main section is a switch for isSomePt(), except those known to hold values.
 bool holdsValue(std::string_view key) {
     static const std::unordered_set<std::string_view> kKeys = [] {
         std::unordered_set<std::string_view> keys;
@@ -63,7 +63,7 @@ public:
         const SettingsSection* newSection = texts.after.findSection(kSwitchSection);
         const auto& before = oldSection == nullptr ? kNone : oldSection->entries;
         const auto& after = newSection == nullptr ? kNone : newSection->entries;
-        // Most of two files is alike and stands at the same place: there nothing needs to be looked up.
+        // Most keys stand at the same position in both files and need no look-up.
         const auto alike = [&](std::size_t i) {
             return i < before.size() && i < after.size() && !before[i].repeated && !after[i].repeated &&
                    before[i].key == after[i].key;
