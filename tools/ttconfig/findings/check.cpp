@@ -1,5 +1,5 @@
 // ttconfig check: finds what the authors of settings files probably did not mean.
-// Doors: runCheck().
+// Entry points: runCheck().
 // Owns: the severity of each rule after the options.
 // Covered by tests/tools/ttconfig/findings/check_test.cpp.
 
@@ -33,7 +33,7 @@ namespace {
 
 constexpr std::string_view kAllRules = "all";
 
-// People read no more findings of one rule than this; JSON and SARIF have all.
+// Text output shows at most this many findings of one rule; JSON and SARIF show all.
 constexpr std::size_t kMostOfARule = 1000;
 
 // The rules after the options: off, or with a severity.

@@ -21,7 +21,7 @@ struct Finding {
     std::string_view rule;  // the id of a row of rules.def; lives as long as the program
     Severity severity = Severity::Warning;
     Place place;
-    std::uint32_t length = 0;      // how many bytes from there on are concerned; 0 when nothing is written there
+    std::uint32_t length = 0;      // in bytes; 0 when nothing is written there
     std::string message;           // one line of UTF-8
     std::optional<Place> related;  // the other place that the message names
 };

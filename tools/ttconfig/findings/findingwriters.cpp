@@ -1,5 +1,5 @@
 // Finding writers: write findings as text and as JSON.
-// Doors: FindingWriter, TextWriter, JsonWriter.
+// Entry points: FindingWriter, TextWriter, JsonWriter.
 // Owns: the output that has not been written yet.
 // Covered by tests/tools/ttconfig/findings/check_test.cpp.
 

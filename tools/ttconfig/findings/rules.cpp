@@ -1,5 +1,5 @@
 // Rules: looks up the rules and formats what each means.
-// Doors: requireRule(), ruleText(), rulesText(), rulesPage(), severityWord().
+// Entry points: requireRule(), ruleText(), rulesText(), rulesPage(), severityWord().
 // Owns: the reference page of the rules.
 // Covered by tests/tools/ttconfig/findings/findingparts_test.cpp.
 

@@ -1,5 +1,5 @@
-// SARIF: writes findings for programs that collect those of many tools.
-// Doors: SarifWriter, uriOf().
+// SARIF: writes findings for programs that collect the findings of many tools.
+// Entry points: SarifWriter, uriOf().
 // Covered by tests/tools/ttconfig/findings/sarif_test.cpp.
 
 #include "ttconfig/findings/sarif.h"

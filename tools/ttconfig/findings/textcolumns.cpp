@@ -1,5 +1,5 @@
 // Text columns: converts columns in bytes to the columns that editors show.
-// Doors: TextColumns.
+// Entry points: TextColumns.
 // Owns: the starts of the lines, and marks along the last line looked up.
 // Covered by tests/tools/ttconfig/findings/findingparts_test.cpp.
 

@@ -16,7 +16,7 @@ class TextColumns {
 public:
     explicit TextColumns(const standin::SettingsText& text);
 
-    // The column, from 1, of the byte that comes bytesBehind bytes after the place.
+    // The column, from 1, of the byte that is bytesBehind bytes after the place.
     std::uint32_t column(Place place, std::uint32_t bytesBehind = 0);
 
 private:

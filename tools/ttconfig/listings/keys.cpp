@@ -1,7 +1,7 @@
-// The key catalogue: lists the keys of the settings file, and tells all about one.
-// Doors: runKeys().
+// The key catalogue: lists the keys of the settings file, or shows everything about one key.
+// Entry points: runKeys().
 // Owns: the reference page of the keys.
-// Covered by tests/tools/ttconfig/listings_test.cpp.
+// Covered by tests/tools/ttconfig/listings/listings_test.cpp.
 
 #include <algorithm>
 #include <vector>
@@ -31,7 +31,7 @@ constexpr const char* kKeysPage =
     "are\n"
     "data. *When missing* is what counts when the key is not there. Written by `ttconfig keys --format markdown`.\n";
 
-// Everything that is known about a key.
+// A table with a column for everything that is known about a key.
 Table emptyKeyTable() {
     return {"keys", "", {"section", "key", "value", "when missing", "answered by", "meaning"}, {}};
 }
@@ -46,7 +46,7 @@ void addSwitch(const PlatformSwitch& row, Table& table) {
                           std::string(row.predicate) + " isSomePt getPts getAllpts", std::string(row.meaning)});
 }
 
-// The keys of that name, those of a section of that name, or the switch.
+// The keys of that name, the keys of a section of that name, or the switch of that name.
 Table keysNamed(std::string_view name) {
     Table table = emptyKeyTable();
     std::vector<std::string_view> names;
@@ -69,7 +69,7 @@ Table allKeys() {
     return table;
 }
 
-// One block a key, a line for each thing to know.
+// One block per key, one line per fact.
 std::string keysInFull(const Table& table) {
     std::string text;
     for (const std::vector<Answer>& row : table.rows) {
@@ -84,7 +84,7 @@ std::string keysInFull(const Table& table) {
     return text;
 }
 
-// What fits on a line: where it stands, what counts without it, what it means.
+// Only what fits on one line: the section, the value that counts without the key, and the meaning.
 std::string keysInShort(const Table& table) {
     Table brief{"", "", {"section", "key", "when missing", "meaning"}, {}};
     for (const std::vector<Answer>& row : table.rows)
@@ -92,7 +92,7 @@ std::string keysInShort(const Table& table) {
     return tableText(brief);
 }
 
-// Names separated by blanks, each set as code.
+// Names separated by blanks, each formatted as code.
 std::string asCode(const std::string& names) {
     std::string text;
     ttservice::internal::splitDropEmpty(
@@ -100,7 +100,7 @@ std::string asCode(const std::string& names) {
     return text;
 }
 
-// One table a section, in the order in which the catalogue names them first.
+// One table per section, in the order in which the catalogue first names the sections.
 std::string keysPage(const Table& table) {
     std::string page = kKeysPage;
     std::vector<Answer> sections;

@@ -1,6 +1,6 @@
-// Limit facts: answers what holds for the order of an instrument, and what decided it.
-// Doors: limitFacts().
-// Test: tests/tools/ttconfig/reasons/limitreasons_test.cpp
+// Limit facts: collects the limits, units and rates of an instrument, and what decided each.
+// Entry points: limitFacts().
+// Covered by tests/tools/ttconfig/reasons/limitreasons_test.cpp.
 
 #include "ttconfig/listings/limitfacts.h"
 
@@ -16,7 +16,7 @@ namespace {
 
 using namespace ttservice::internal;
 
-// One question's facts.
+// Collects the facts for one question.
 class Facts {
 public:
     Facts(const standin::SettingsText& settings, const LimitQuestion& asked) : question(asked), explainer(settings) {}
@@ -45,7 +45,7 @@ public:
     }
 
 private:
-    // Asks for the instrument as it was given, and passes what else the operation takes.
+    // Asks about the instrument as given. more holds the operation's other arguments.
     void addInstrument(const char* name, const char* label, const char* operation, const Arguments& more = {}) {
         Arguments arguments{question.market, question.code};
         arguments.insert(arguments.end(), more.begin(), more.end());

@@ -14,21 +14,21 @@ namespace ttconfig {
 struct LimitQuestion {
     std::string market;
     std::string code;
-    std::optional<int> priceType;  // without one, none in particular: -1
-    std::optional<int> op;         // the same
+    std::optional<int> priceType;  // -1, no particular type, when missing
+    std::optional<int> op;         // the same for the operation
 };
 
 struct LimitFact {
     std::string name;         // of the JSON member
     std::string label;        // for people
-    Answer answer;            // as the call table answers; of a rate record its numbers
+    Answer answer;            // as the call table answers; for a rate record, its numbers
     Explanation explanation;  // of the same answer
 };
 
-// All that an order-entry screen asks of an instrument. The answers are the store's and the platform's; they are
-// explained by the settings text, which has to be the one that the store has loaded, and are good for as long as it
-// lives. Rates of a connect are among the facts on its own markets and on HK, whether the operation buys when there is
-// one.
+// Everything that an order-entry screen asks about an instrument. The answers come from the store and the platform. The
+// explanations come from the settings text, which must be the one that the store has loaded and must outlive them. The
+// rates of a connect are included for its own markets and for HK, and whether the operation buys is included if an
+// operation is given.
 std::vector<LimitFact> limitFacts(const standin::SettingsText& text, const LimitQuestion& question);
 
 }  // namespace ttconfig

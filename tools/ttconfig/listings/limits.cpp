@@ -1,6 +1,6 @@
-// The limits of an order: shows what an order-entry screen asks of one instrument, and what decided each answer.
-// Doors: runLimits().
-// Test: tests/tools/ttconfig/listings/limits_test.cpp
+// The limits of an order: shows what an order-entry screen asks about one instrument, and what decided each answer.
+// Entry points: runLimits().
+// Covered by tests/tools/ttconfig/listings/limits_test.cpp.
 
 #include "ttconfig/listings/limits.h"
 
@@ -26,7 +26,7 @@ namespace ttconfig {
 
 namespace {
 
-// Reasons are broken into lines of this width, which makes lines of about 120 columns; keys are cut.
+// Reasons are wrapped at this width, which makes lines of about 120 columns; long keys are cut.
 constexpr std::size_t kReasonWidth = 78;
 constexpr std::size_t kMostKeyBytes = 40;
 
@@ -69,7 +69,7 @@ Answer reasonJson(const Explanation& explanation) {
 
 // --- text
 
-// Rates are small: without an exponent they read as they are written in a settings file.
+// Rates are small; without an exponent they look as they do in a settings file.
 std::string numberText(const Answer& number) {
     if (!number.is_number_float()) return answerText(number);
     const auto value = number.get<double>();
@@ -90,7 +90,7 @@ std::string factText(const Answer& answer) {
     return text;
 }
 
-// The text in lines, broken at blanks.
+// The text wrapped into lines at blanks.
 std::vector<std::string> brokenText(std::string_view text, std::size_t width) {
     std::vector<std::string> lines{""};
     ttservice::internal::splitKeepEmpty(text, ' ', [&](std::string_view word) {
@@ -106,7 +106,7 @@ std::vector<std::string> brokenText(std::string_view text, std::size_t width) {
     return lines;
 }
 
-// A quantity and its unit are two.
+// Whether the answer is a rate record; a quantity with its unit has only two values.
 bool isRates(const LimitFact& fact) {
     return fact.answer.is_array() && fact.answer.size() > 2;
 }

@@ -5,7 +5,7 @@
 
 namespace ttconfig {
 
-// All that an order-entry screen asks of one instrument, each answer with what decided it.
+// Shows everything that an order-entry screen asks about one instrument, each answer with what decided it.
 void runLimits(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

@@ -5,11 +5,11 @@
 
 namespace ttconfig {
 
-// The platform switches, a row each. In Markdown the whole reference page.
+// Lists the platform switches, one row each. In Markdown, writes the whole reference page.
 void runSwitches(const CommandLine& commandLine, Output& output);
 
-// The other keys of the settings file, a row each, or what there is to know about one key, a switch's included, or the
-// keys of one section. In Markdown without a name the whole reference page. Throws Fault for an unknown name.
+// Lists the other keys of the settings file, one row each, or shows everything about one key (or switch) or the keys of
+// one section. In Markdown without a name, writes the whole reference page. Throws Fault for an unknown name.
 void runKeys(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

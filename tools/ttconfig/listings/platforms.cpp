@@ -1,6 +1,5 @@
-// Platforms: shows in what a platform is unlike one that the settings do not name.
-// Doors: runPlatform().
-// Owns: nothing; what is special is what would change for the platform if it were named.
+// Platforms: shows how a platform differs from one that the settings do not name.
+// Entry points: runPlatform().
 // Covered by tests/tools/ttconfig/expectations/answers_test.cpp.
 
 #include "ttconfig/listings/platforms.h"
@@ -26,8 +25,8 @@ namespace {
 using ttservice::internal::kPlatformSwitchCount;
 using ttservice::internal::kPlatformSwitches;
 
-// What is special about one platform, a table a topic. Columns of places are members of their own in JSON and one text
-// for people.
+// What is special about one platform, one table per topic. In JSON, the line and column of a place are separate
+// members; people see one text.
 struct SpecialAnswers {
     Table switches{"switches", "Switches", {"question", "answer", "key", "line", "column", "meaning"}, {}};
     Table values{"values",
@@ -48,7 +47,7 @@ void addSwitch(const SwitchChange& found, Table& table) {
 }
 
 SpecialAnswers specialAnswers(const standin::SettingsText& text, int platform) {
-    // Against a text that says nothing, all that names the platform stands out.
+    // Compared with an empty text, every switch and list that names the platform is a change.
     static const standin::SettingsText kNothing;
     const TextPair texts{kNothing, text};
     SpecialAnswers special;

@@ -5,8 +5,9 @@
 
 namespace ttconfig {
 
-// Tells, for each platform named, in what it is unlike a platform that the settings name nowhere: its switches, its
-// values, the lists it is on, each with its place. Answers kExitDone; throws Fault for a file that cannot be used.
+// Shows, for each platform named on the command line, how it differs from a platform that the settings never name: its
+// switches, its values and the lists it is on, each with its place. Returns kExitDone; throws Fault for a file that
+// cannot be used.
 int runPlatform(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

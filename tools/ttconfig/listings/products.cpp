@@ -1,7 +1,6 @@
 // The products: shows the product catalogues that a settings file makes.
-// Doors: runProducts().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/products_test.cpp.
+// Entry points: runProducts().
+// Covered by tests/tools/ttconfig/listings/products_test.cpp.
 
 #include "ttconfig/listings/products.h"
 
@@ -33,7 +32,8 @@ using namespace ttservice::internal;
 using ttservice::ConfigCollector;
 using utils::Configuration;
 
-// What no operation of the store lists is read from the file, by the code that the store reads it with.
+// Where the tables come from: the store, and for what no operation of the store lists, the file, parsed by the store's
+// own code.
 struct Sources {
     ConfigCollector& store;
     const Configuration& file;
@@ -65,7 +65,7 @@ void addNew(std::string_view name, std::vector<std::string>& names) {
     if (std::find(names.begin(), names.end(), name) == names.end()) names.emplace_back(name);
 }
 
-// Every algorithm type that the file names anywhere: those of the products first, in file order.
+// Every algorithm type that the file names: first the types of products, in file order.
 std::vector<std::string> algorithmTypesOf(const Sources& from) {
     std::vector<std::string> types;
     forEachType(readText(from.file, keys::contractTypes),
@@ -175,7 +175,7 @@ Table fixedPriceTable(const Sources& from) {
     return table;
 }
 
-// --- entries that do not count as they are written
+// --- entries that do not count as written
 
 template <typename Entry>
 void addOdd(const SettingKey& row, const Entry& entry, EntryOutcome outcome, Table& table) {

@@ -5,8 +5,8 @@
 
 namespace ttconfig {
 
-// Loads what the command line names and shows, for a person or as JSON, the algorithm products, the futures and ETF
-// product lists and the money-market funds: a table a topic. Throws Fault for what cannot be loaded.
+// Loads what the command line names and shows, as text or as JSON, the algorithm products, the futures and ETF product
+// lists and the money-market funds: one table per topic. Throws Fault for what cannot be loaded.
 void runProducts(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

@@ -1,7 +1,6 @@
-// The settings overview: answers what a settings file says, topic by topic.
-// Doors: sectionsOf(), switchesOf(), singleValuesOf(), platformValuesOf(), passedOverOf().
-// Owns: nothing.
-// Covered by tests/tools/ttconfig/summary_test.cpp.
+// The settings overview: tells what a settings file says, topic by topic.
+// Entry points: sectionsOf(), switchesOf(), singleValuesOf(), platformValuesOf(), passedOverOf().
+// Covered by tests/tools/ttconfig/listings/summary_test.cpp.
 
 #include "ttconfig/listings/settingsoverview.h"
 

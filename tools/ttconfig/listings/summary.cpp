@@ -1,6 +1,6 @@
 // The summary: shows what was loaded and what follows from it.
-// Doors: runSummary().
-// Owns: the questions that are asked for a first impression.
+// Entry points: runSummary().
+// Owns: the sample questions.
 // Covered by tests/tools/ttconfig/listings/summary_test.cpp.
 
 #include "ttconfig/listings/summary.h"
@@ -19,10 +19,10 @@ namespace ttconfig {
 
 namespace {
 
-// As many rows of a table as fit a screen or two; JSON has them all.
+// Text output shows at most this many rows of a table, a screen or two; JSON has them all.
 constexpr std::size_t kMostRows = 120;
 
-// What a first look at a desk's settings wants to know, topic by topic: a call and its arguments each.
+// Sample questions for a first look at a desk's settings, topic by topic: each is a call and its arguments.
 const std::vector<std::vector<std::string>> kQuestions = {
     {"isNeedMaxAmountPts", "12"},
     {"isNeedMaxAmountPts", "205"},
@@ -60,7 +60,7 @@ Table answersTable() {
     return table;
 }
 
-// What the settings file says; adds to the table of what was loaded how much of it was passed over.
+// What the settings file says. Adds a row that counts what was passed over to the table of what was loaded.
 std::vector<Table> settingsTables(const std::string& path, Table& loaded) {
     standin::SettingsText text;
     standin::SettingsText::load(path, text);

@@ -5,8 +5,8 @@
 
 namespace ttconfig {
 
-// Loads what the command line names and shows, for a person or as JSON, what was loaded and what follows from it: a
-// table a topic. Throws Fault for what cannot be loaded.
+// Loads what the command line names and shows, as text or as JSON, what was loaded and what follows from it: one table
+// per topic. Throws Fault for what cannot be loaded.
 void runSummary(const CommandLine& commandLine, Output& output);
 
 }  // namespace ttconfig

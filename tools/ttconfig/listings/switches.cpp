@@ -1,7 +1,7 @@
 // The platform switches: lists what can be switched by platform.
-// Doors: runSwitches().
+// Entry points: runSwitches().
 // Owns: the reference page of the switches.
-// Covered by tests/tools/ttconfig/listings_test.cpp.
+// Covered by tests/tools/ttconfig/listings/listings_test.cpp.
 
 #include "traderbase/base/config/internal/switches/platformswitchtable.h"
 #include "ttconfig/listings/listings.h"
@@ -36,8 +36,8 @@ Table switchTable() {
     return table;
 }
 
-// The switches with what each answers for the platform, and where the file says so: the piece that lists it, or the
-// value that does not.
+// The switches with their answers for the platform, and the place in the file that decides each: the piece that lists
+// the platform, or the value that does not.
 Table switchTableFor(int platform, const standin::SettingsText& text) {
     Table table{"switches", "", {"key", "predicate", "answer", "line", "column", "true when", "meaning"}, {}};
     for (const PlatformSwitch& row : kPlatformSwitches) {
