@@ -1,5 +1,5 @@
 // Finding and change data: writes what check and diff say about the files.
-// Doors: writeFindingData(), writeChangeData().
+// Entry points: writeFindingData(), writeChangeData().
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // JSON for a script element: writes any text so that it cannot become markup of the page.
-// Doors: JsonStream, markupText().
+// Entry points: JsonStream, markupText().
 // Owns: a buffer between the writer and the file.
 // Covered by tests/tools/ttconfig/report/jsonstream_test.cpp.
 

@@ -1,7 +1,7 @@
-// The limits' data: answers the rows of the limit and rate tables, as they stand after later rows have won.
-// Doors: writeLimitData().
+// Limit data: writes the rows of the limit and rate tables that are left once later rows have won.
+// Entry points: writeLimitData().
 // Owns: the titles and columns of the tables.
-// Test: tests/tools/ttconfig/report/reportdata_test.cpp
+// Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include <algorithm>
 #include <optional>
@@ -24,7 +24,7 @@ using namespace ttservice::internal;
 using standin::SettingsEntry;
 using standin::SettingsText;
 
-// Of one table: what it says for a market and an item, and where.
+// What a table says for a market and an item, and on which line.
 struct ShownRow {
     std::string market;
     std::string item;
@@ -44,7 +44,7 @@ struct LimitPage {
 const Columns kConnectColumns = {"rate 1", "rate 2", "rate 3",  "rate 4",  "rate 5",  "rate 6",  "rate 7",
                                  "rate 8", "rate 9", "rate 10", "rate 11", "rate 12", "rate 13", "rate 14"};
 
-// The tables, in the order in which they are shown.
+// The tables, in the order in which the page shows them.
 const LimitPage kTablePages[] = {
     {"Order limits",
      "The largest quantity of one order; 1000000 shares where no row fits. A row for a code counts before the row for "
@@ -83,14 +83,14 @@ std::string fieldsJson(std::string_view value, const LimitField* shape) {
     return '[' + text + ']';
 }
 
-// --- a table beside an older one
+// --- a table next to its older version
 
-// Writes rows one by one, up to as many as a page shows.
+// Writes rows one by one, at most as many as a page shows.
 class RowWriter {
 public:
     RowWriter(JsonStream& stream, ReportState& reportState) : json(stream), state(reportState) {}
 
-    // Each of the file, and of the older one; one of them is there.
+    // Writes a row of the file and the same row of the older file. At least one of them exists.
     void write(const std::optional<ShownRow>& now, const std::optional<ShownRow>& before) {
         if (count++ >= state.bounds.rows) return;
         const ShownRow& either = now ? *now : *before;
@@ -137,7 +137,7 @@ void writePage(JsonStream& json, ReportState& state, const LimitPage& page, Rows
     json.endObject();
 }
 
-// Walks two sorted tables together; shown(row) says what the page shows of one.
+// Walks two sorted tables together; shown(row) is what the page shows of a row.
 template <typename Row, typename Less, typename Shown>
 void mergeInto(RowWriter& writer, const std::vector<Row>& now, const std::vector<Row>& before, Less less,
                const Shown& shown) {
@@ -179,7 +179,7 @@ bool lessBond(BondRow left, BondRow right) {
     return left->key < right->key;
 }
 
-// A code that is found in upper case as well has one row, the one that is written.
+// One row per code, as written, although a code is also found in upper case.
 std::vector<BondRow> bondsOf(const SettingsText* text) {
     std::vector<BondRow> rows;
     if (text == nullptr) return rows;
@@ -197,7 +197,7 @@ void writeBonds(JsonStream& json, ReportState& state) {
     });
 }
 
-// Nothing when the key is missing or does not have its seven numbers.
+// Nothing when the key is missing or its value does not have seven numbers.
 std::optional<ShownRow> fixedIncomeRow(const SettingsText& text, const SettingKey& key) {
     const SettingsEntry* entry = text.findEntry(key.section, key.key);
     if (entry == nullptr || fieldCount(entry->value) != kFixedIncomeRow.size()) return std::nullopt;

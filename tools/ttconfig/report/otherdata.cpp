@@ -1,6 +1,5 @@
-// The rest's data: answers what a file gives beyond switches, values and limits, as it is written.
-// Doors: writeOtherData().
-// Owns: nothing.
+// Other data: writes what a file says beyond switches, values and limits, as written.
+// Entry points: writeOtherData().
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include <algorithm>
@@ -21,7 +20,7 @@ using standin::SettingsSection;
 
 constexpr std::size_t kLongestShown = 400;
 
-// Whether the key is shown with the lists and catalogues, and not in a table of its own.
+// Whether the key is shown with the lists and catalogues rather than in a table of its own.
 bool isOther(const SettingKey& key) {
     switch (key.grammar) {
         case ValueGrammar::Flag:

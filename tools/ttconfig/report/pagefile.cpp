@@ -1,5 +1,5 @@
 // The page's file: writes it completely or not at all.
-// Doors: PageFile.
+// Entry points: PageFile.
 // Owns: a draft beside the target file, until the page is finished.
 // Covered by tests/tools/ttconfig/report/report_test.cpp.
 
@@ -39,7 +39,7 @@ std::string targetOf(const std::string& path) {
     return trouble ? path : target.string();
 }
 
-// The permissions of the file that is replaced, or those that the shell would give a new one.
+// The permissions of the file that is replaced, or those that the shell would give a new file.
 mode_t modeOf(const std::string& target) {
     struct stat facts {};
     if (stat(target.c_str(), &facts) == 0) return facts.st_mode & 07777U;

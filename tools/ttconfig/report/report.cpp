@@ -1,5 +1,5 @@
 // ttconfig report: writes a page about a settings file.
-// Doors: runReport().
+// Entry points: runReport().
 // Covered by tests/tools/ttconfig/report/report_test.cpp.
 
 #include "ttconfig/report/report.h"

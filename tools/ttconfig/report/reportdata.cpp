@@ -1,5 +1,5 @@
-// The report's data: writes everything that the page shows, as one JSON object.
-// Doors: writeReportData().
+// Report data: writes everything that the page shows, as one JSON object.
+// Entry points: writeReportData().
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include "ttconfig/report/reportdata.h"

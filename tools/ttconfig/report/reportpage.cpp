@@ -1,5 +1,5 @@
-// The report's page: writes the whole HTML file.
-// Doors: writeReportPage().
+// The report page: writes the whole HTML file.
+// Entry points: writeReportPage().
 // Owns: the page's content security policy; its markup, style and script are the files of page/.
 // Covered by tests/tools/ttconfig/report/reportpage_test.cpp.
 
@@ -13,7 +13,7 @@ namespace ttconfig {
 
 namespace {
 
-// Allows nothing from outside, and of the page's own contents only our style and script.
+// Allows nothing from outside, and of the page's own content only our style and script.
 std::string policy() {
     return "default-src 'none'; base-uri 'none'; form-action 'none'; style-src '" + std::string(kPagePieces.styleHash) +
            "'; script-src '" + std::string(kPagePieces.scriptHash) + "'";

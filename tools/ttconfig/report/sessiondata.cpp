@@ -1,5 +1,5 @@
 // Session data: writes when the markets of the market-time script trade.
-// Doors: writeSessionData().
+// Entry points: writeSessionData().
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include <standin/filebytes.h>

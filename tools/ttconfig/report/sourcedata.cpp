@@ -1,5 +1,5 @@
 // Source data: writes the lines of the files that the page shows.
-// Doors: writeSourceData().
+// Entry points: writeSourceData().
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include <algorithm>

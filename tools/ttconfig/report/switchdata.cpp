@@ -1,5 +1,5 @@
-// The matrix's data: answers for which platforms each switch is on.
-// Doors: writeSwitchData().
+// Switch data: writes for which platforms each switch is on.
+// Entry points: writeSwitchData().
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include <algorithm>
@@ -48,7 +48,7 @@ void addPlatforms(const SettingsText& text, Platforms& platforms) {
     sortOnce(platforms);
 }
 
-// The positions of the listed platforms among those shown.
+// Writes the positions of the listed platforms among those shown.
 void writeListed(JsonStream& json, const SettingsEntry* entry, const Platforms& shown) {
     Platforms listed = platformsOf(entry);
     sortOnce(listed);

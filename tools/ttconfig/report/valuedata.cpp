@@ -1,5 +1,5 @@
-// The values' data: answers the single values and the values by platform.
-// Doors: writeScalarData(), writeValueData().
+// Value data: writes the single values and the values by platform.
+// Entry points: writeScalarData(), writeValueData().
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
 
 #include "traderbase/base/config/internal/keys/settingkeys.h"
@@ -24,7 +24,7 @@ void write(JsonStream& json, const Answer& value) {
 
 // --- single values
 
-// With "old" in front of their names, the members are about the older file.
+// The member names for one file; those for the older file start with "old".
 struct ScalarNames {
     const char* value;
     const char* given;
@@ -122,7 +122,7 @@ void writeScalarData(JsonStream& json, ReportState& state) {
     json.endArray();
 }
 
-// Keys that no question is answered from are told with the lists and catalogues, as they are written.
+// Keys that decide no answer are shown with the lists and catalogues instead, as written.
 void writeValueData(JsonStream& json, ReportState& state) {
     Room room{state.bounds.rows};
     json.name("values");
