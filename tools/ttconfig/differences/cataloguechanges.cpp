@@ -1,5 +1,5 @@
-// Changes of the catalogues: finds the algorithm products, types and strategies that differ, the ETF broker client, and
-// the funds with a fixed price.
+// Catalogue changes: finds differences in algorithm products, types and strategies, the ETF broker client, and funds
+// with a fixed price.
 // Entry points: tellCatalogueChanges(), tellFundChanges().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 

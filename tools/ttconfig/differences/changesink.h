@@ -92,7 +92,7 @@ struct SwitchChange {
     std::optional<Place> newPlace;
 };
 
-// Sorted by platform, then by position in the table, then by key. Empty wanted means all platforms.
+// Sorted by platform, then by position in the table, then by key. If wanted is empty, all platforms are included.
 std::vector<SwitchChange> switchChanges(const TextPair& texts, const std::vector<int>& wanted);
 Change asChange(const SwitchChange& found);
 
@@ -100,8 +100,8 @@ Change asChange(const SwitchChange& found);
 void tellPlatformValueChanges(const TextPair& texts, const std::vector<int>& wanted, const ChangeSink& tell);
 void tellPlatformListChanges(const TextPair& texts, const std::vector<int>& wanted, const ChangeSink& tell);
 
-// platformvaluechanges.cpp: the values that differ between the platform and the platforms that are not named, as
-// changes from those platforms' value to its own.
+// platformvaluechanges.cpp: the values of one platform that differ from the value of all platforms that are not named,
+// as changes from that value to its own.
 void tellSpecialValues(const standin::SettingsText& text, int platform, const ChangeSink& tell);
 
 // platformchanges.cpp: every question that takes a platform ID, platform by platform; the platforms that no setting

@@ -62,10 +62,10 @@ using ChangeSink = std::function<void(Change)>;
 // the order of a list, a platform listed twice, and a key that lists no platform are not differences.
 //
 // A row that no question reaches (limitquestions.h), such as one for an item without "-", is not a difference. A
-// category word is only asked for as a category, never as a code. If a code has a row in one text only, then in the
-// other its category decides, and nothing is reported when both answers are the same. With platform data, which must be
-// the installed data, the category of an instrument that the data knows is known. Otherwise, every category that a code
-// of the market can have must give the same answer.
+// category word is only asked for as a category, never as a code. If only one text has a row for a code, the code's
+// category decides in the other; nothing is reported if both answers are the same. With platform data, which must be
+// the installed data, the category of a known instrument is looked up there. Otherwise, every category that a code of
+// the market can have must give the same answer.
 void tellDifferences(const standin::SettingsText& oldText, const standin::SettingsText& newText,
                      const std::vector<int>& platforms, const standin::PlatformData* data, const ChangeSink& tell);
 

@@ -1,4 +1,4 @@
-// Changes of limits: finds the instruments and categories whose order limits, block trades and rates differ.
+// Limit changes: finds the instruments and categories whose order limits, block trade limits or rates differ.
 // Entry points: tellLimitChanges().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 

@@ -15,7 +15,7 @@ void keepFirstOfEqual(std::vector<Row>& rows, Less less) {
 }
 
 // Walks two sorted tables together: sink(row, old row, new row). The old or new row is null when its table has none;
-// row is the one that exists.
+// the first argument is one of them that is not null.
 template <typename Rows, typename Less, typename Sink>
 void mergeRows(const Rows& before, const Rows& after, Less less, Sink&& sink) {
     auto left = before.begin();

@@ -1,4 +1,4 @@
-// Changes of named rows: finds the bonds and futures products whose numbers or groups differ.
+// Named row changes: finds the bonds and futures products whose numbers or groups differ.
 // Entry points: tellBondChanges(), tellProductChanges().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 

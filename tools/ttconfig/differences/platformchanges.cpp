@@ -1,4 +1,4 @@
-// Changes by platform: finds what differs for each platform, one platform after another.
+// Platform changes: finds what differs for each platform, one platform after another.
 // Entry points: tellPlatformChanges().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 

@@ -1,5 +1,5 @@
-// Changes of platform lists: finds the platforms whose concentration ratios, codes whose sale repays debt, funds paid
-// from the lending balance first, or ETF broker client differ.
+// Platform list changes: finds the platforms whose concentration ratios, codes whose sale repays debt, funds paid from
+// the lending balance first, or ETF broker client differ.
 // Entry points: tellPlatformListChanges().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 

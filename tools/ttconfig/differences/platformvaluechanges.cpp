@@ -1,4 +1,4 @@
-// Changes of values by platform: finds the platforms for which a value differs; those not named count as one.
+// Platform value changes: finds the platforms for which a value differs, and treats all that are not named as one.
 // Entry points: tellPlatformValueChanges(), tellSpecialValues().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp.
 

@@ -1,4 +1,4 @@
-// Changes of single values: finds those that differ, and the trade units that change with them.
+// Single value changes: finds the values that differ, and the trade units that change with them.
 // Entry points: tellSingleValueChanges().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencelists_test.cpp.
 

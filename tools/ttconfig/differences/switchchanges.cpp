@@ -1,4 +1,4 @@
-// Changes of switches: finds the platforms that a switch lists in only one of the texts.
+// Switch changes: finds the platforms that a switch lists in only one of the texts.
 // Entry points: switchChanges(), asChange().
 // Covered by tests/tools/ttconfig/differences/differencesoracle_test.cpp and differencelists_test.cpp.
 
