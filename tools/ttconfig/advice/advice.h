@@ -34,7 +34,7 @@ std::string_view withoutBlanks(std::string_view text);
 // The text with each of the signs replaced by sign.
 std::string withSigns(std::string_view text, std::string_view signs, char sign);
 
-// "; write TEXT" with the text in quotes. If the text is empty or too long to read, "; " and otherwise.
+// "; write TEXT" with the text in quotes; "; OTHERWISE" when the text is empty or too long to read.
 std::string orWrite(std::string_view text, std::string_view otherwise);
 
 }  // namespace ttconfig

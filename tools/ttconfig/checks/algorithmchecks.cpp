@@ -1,4 +1,4 @@
-// Algorithm checks: answers what is wrong with the algorithm products and types.
+// Algorithm checks: reports what is wrong with the algorithm products and types.
 // Entry points: checkContracts(), checkContractTypes(), checkHttpProducts(), checkPairs(), checkTexts().
 // Covered by tests/tools/ttconfig/findings/checkrules_test.cpp.
 

@@ -184,8 +184,8 @@ void Walk::lookAtIgnored(const IgnoredLine& ignored) {
     };
     switch (ignored.reason) {
         case IgnoredReason::kNoEqualSign: {
-            // Only what may have kept the line from being read as key=value is a cause: an odd character at its start,
-            // or a full-width "=". Elsewhere in a sentence, such characters are normal.
+            // Only an odd character at the start or a full-width "=" may have kept the line from being read as
+            // key=value. Elsewhere in a sentence, such characters are normal.
             const auto cause = causeIn(ignored.text);
             const bool decides = cause && (cause->where.data() == ignored.text.data() ||
                                            ignored.text.find("\xEF\xBC\x9D") != std::string_view::npos);

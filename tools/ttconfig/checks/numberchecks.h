@@ -8,7 +8,8 @@
 
 namespace ttconfig {
 
-// Checks of numbers in pieces of a value. A check that returns false has reported that the whole piece is not a number.
+// Checks of numbers in pieces of a value. A check that returns false has reported that the piece as a whole is not a
+// number.
 
 // A field that is read the way the C library reads numbers. role says what it is, such as "the limit".
 bool checkLooseNumber(EntryRemarks& remarks, std::string_view field, NumberKind kind, std::string_view role);
@@ -17,7 +18,7 @@ bool checkLooseNumber(EntryRemarks& remarks, std::string_view field, NumberKind 
 // and what to write: the ID that was meant, if that is clear, or the advice.
 bool checkPlatformId(EntryRemarks& remarks, std::string_view piece, std::string_view becomes, std::string_view advice);
 
-// "write 12" for the number that the text means; otherwise when it means none.
+// "write 12" if that is the number that the text means; the parameter otherwise if it means none.
 std::string writeNumber(std::string_view text, NumberKind kind, std::string_view otherwise);
 
 // A flag in a row: 1 is yes, every other number no.

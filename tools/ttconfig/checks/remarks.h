@@ -40,8 +40,8 @@ private:
     std::vector<std::size_t> leftOut;
 };
 
-// Whether a ";" after a blank starts what looks like a comment: always; only before a word, in lists that have another
-// use for ";" but hold no words; or never, because ";" separates items that may be words.
+// How to treat a ";" after a blank: as the start of a comment; as one only before a word, in lists that also separate
+// items by ";"; or always as a separator.
 enum class Semicolons { Comment, CommentBeforeWords, Separate };
 
 // Reports findings about one entry. Pieces are views into its key or value.
@@ -67,7 +67,7 @@ public:
         if (const auto reason = reasonOf(rule, piece)) tell(*reason, piece, made(consequence));
     }
 
-    // Checks a piece that is taken as written: the only finding is about odd characters in it.
+    // Checks a piece that is taken as written. Reports only odd characters in it, or a comment that it reaches into.
     void text(std::string_view piece, FullWidth fullWidth = FullWidth::Wrong);
 
     // Whether the whole value is in quotes or brackets. Reports it.
@@ -101,7 +101,7 @@ private:
     LineRemarks& line;
     bool plainKey;
     bool plainValue;
-    std::size_t commentAt = std::string_view::npos;  // an offset in the value, that of the blanks before the comment
+    std::size_t commentAt = std::string_view::npos;  // offset in the value of the comment and the blanks before it
     bool commentTold = false;
 };
 

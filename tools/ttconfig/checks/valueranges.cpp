@@ -77,7 +77,7 @@ constexpr struct {
     {&keys::subscriptionFees, kNotNegative},
 };
 
-// Whether values of the grammar hold numbers that may be anything if the key has no row.
+// Whether the grammar's values are numbers, any of which is plausible if the key has no row.
 constexpr bool isPlainNumber(ValueGrammar grammar) {
     return grammar == ValueGrammar::Integer || grammar == ValueGrammar::PerPlatformInteger ||
            grammar == ValueGrammar::PerPlatformDecimalKeepEmpty || grammar == ValueGrammar::Contracts;

@@ -25,8 +25,8 @@ namespace {
 using ttservice::internal::kPlatformSwitchCount;
 using ttservice::internal::kPlatformSwitches;
 
-// What is special about one platform, one table per topic. In JSON, the line and column of a place are separate
-// members; people see one text.
+// What is special about one platform, one table per topic. JSON has the line and column of a place as separate members;
+// text shows both in one column.
 struct SpecialAnswers {
     Table switches{"switches", "Switches", {"question", "answer", "key", "line", "column", "meaning"}, {}};
     Table values{"values",

@@ -32,8 +32,8 @@ using namespace ttservice::internal;
 using ttservice::ConfigCollector;
 using utils::Configuration;
 
-// Where the tables come from: the store, and for what no operation of the store lists, the file, parsed by the store's
-// own code.
+// The sources of the tables: the store, and the file for what no operation of the store lists. The store's own code
+// parses the file.
 struct Sources {
     ConfigCollector& store;
     const Configuration& file;
@@ -119,7 +119,7 @@ Table feesTable(const Sources& from) {
     return table;
 }
 
-// Groups are numbered through all exchanges. A product of two groups keeps the first product of the earlier one.
+// Groups are numbered across all exchanges. A product in two groups keeps the first product of the earlier one.
 Table combinationsTable(const Sources& from) {
     Table table{"combinations",
                 "Combinations, and the product that the margin is charged on",

@@ -1,4 +1,4 @@
-// Limit data: writes the rows of the limit and rate tables that are left once later rows have won.
+// Limit data: writes the rows of the limit and rate tables that count after later rows have replaced earlier ones.
 // Entry points: writeLimitData().
 // Owns: the titles and columns of the tables.
 // Covered by tests/tools/ttconfig/report/reportdata_test.cpp.
