@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <boost/make_shared.hpp>
+#include <boost/weak_ptr.hpp>
 #include <limits>
 #include <map>
 #include <set>
