@@ -84,7 +84,7 @@ void checkProductGroups(const std::string& text) {
     forEachEntry(kCombinations, text, [&groups](const GroupEntry& entry) {
         groups.emplace_back();
         forEachProductOf(entry, [&groups](std::string_view product) { groups.back().push_back(product); });
-        for (const std::string_view product : groups.back())
+        for (const std::string_view& product : groups.back())
             require(isFirstOf(entry, product) == (&product == &groups.back().front()), "first products agree",
                     std::string(entry.text));
     });

@@ -134,7 +134,7 @@ inline constexpr EntryList<std::string_view> kHttpProducts{keys::httpProductIds,
                                                            Counting::Union, textEntry};
 inline constexpr EntryList<std::string_view> kAlgorithmTypes{keys::algoTypes, ';', EmptyPieces::CountInText,
                                                              Counting::Union, textEntry};
-// The other list of types does not have the same separator.
+// The other list of types uses a different separator.
 inline constexpr EntryList<std::string_view> kBuySellHideTypes{keys::buySellHideAlgoTypes, ',',
                                                                EmptyPieces::CountInText, Counting::Union, textEntry};
 
