@@ -76,6 +76,7 @@ const LimitItemRow* findLimitItem(const LimitItemRows& rows, std::string_view ma
 // Comparing texts is enough: texts that are equal in upper case also have the same market and item, since each is split
 // at its first "-". Different texts can share market and item only if one has no "-": "A" means the same as "A-A".
 LimitWinners::LimitWinners(const SettingsText& text, const LimitTableSpec& table) : items(enteredItems(text, table)) {
+    last.reserve(items.size());
     std::uint32_t number = 0;
     for (const LimitItemRow& item : items)
         last[item.text()] = ++number;
