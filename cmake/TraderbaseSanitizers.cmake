@@ -10,6 +10,7 @@ if(TT_FUZZ AND NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
 endif()
 
 function(tt_enable_sanitizers target)
+    set(flags)  # a function sees its caller's variables
     if(TT_SANITIZE STREQUAL "address")
         set(flags -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
         if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")

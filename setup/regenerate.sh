@@ -6,9 +6,13 @@
 set -euo pipefail
 export LC_ALL=C
 . "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/steps.sh"
+build="$root/build/release"
+if [ $# -gt 0 ]; then
+    build=$(readlink -f "$1")
+else
+    configureAndBuild release
+fi
 cd "$root"
-build=${1:-build/release}
-[ $# -gt 0 ] || configureAndBuild release
 
 tool() { "$build/bin/ttconfig" "$@"; }
 
