@@ -27,7 +27,7 @@ namespace {
 
 // A store built after the process's own is gone reads no script and so logs nothing.
 boost::shared_ptr<ConfigCollector> buildStore(Lifetime lifetime) {
-    const boost::shared_ptr<ConfigCollector> store(new BuiltStore(std::make_unique<StoreState>()));
+    boost::shared_ptr<ConfigCollector> store(new BuiltStore(std::make_unique<StoreState>()));
     if (lifetime == Lifetime::Process) store->initMarketTradingTime();
     return store;
 }

@@ -20,8 +20,6 @@ namespace ttservice {
 
 namespace {
 
-using internal::CreditEntryKind;
-using internal::readText;
 namespace keys = internal::keys;
 
 }  // namespace

@@ -38,10 +38,10 @@ public:
     bool isKnownOn(std::size_t switchIndex, int platformId);
 
 private:
-    PlatformSwitchSlots slots;  // the lists and overrides of the known switches
     ReadMostlyMutex mutex;
     std::map<std::string, std::vector<int>, std::less<>> lists;
     std::map<std::string, bool, std::less<>> overrides;
+    PlatformSwitchSlots slots;  // the lists and overrides of the known switches
 };
 
 }  // namespace ttservice::internal
