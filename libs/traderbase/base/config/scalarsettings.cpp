@@ -14,9 +14,6 @@ namespace ttservice {
 
 namespace {
 
-using internal::readFlag;
-using internal::readInteger;
-using internal::readText;
 namespace keys = internal::keys;
 
 }  // namespace
