@@ -24,8 +24,10 @@ using namespace ttservice::internal;
 
 // The first question asked of the table; it knows the most categories.
 const LimitQuestionSpec& questionOf(const LimitTableSpec& table) {
-    return **std::find_if(std::begin(kLimitQuestions), std::end(kLimitQuestions),
-                          [&table](const LimitQuestionSpec* question) { return question->table == &table; });
+    for (const LimitQuestionSpec* question : kLimitQuestions) {
+        if (question->table == &table) return *question;
+    }
+    return *kLimitQuestions[0];  // never reached: every table has a question
 }
 
 bool isLetter(char c) {
@@ -142,7 +144,7 @@ private:
             return true;
         }
         const bool isOdd = isOddWord(market, name);
-        const std::string why = isOdd ? std::string() : whyUnreachable(question, market, name);
+        std::string why = isOdd ? std::string() : whyUnreachable(question, market, name);
         if (isOdd) {
             remarks.say(RuleId::UnknownCategory, item.item, [&] {
                 const std::string_view meant = categoryMeant(name);

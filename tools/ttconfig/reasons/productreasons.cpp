@@ -226,7 +226,7 @@ Explanation explainFixedPrice(const Question& question) {
                                               shownText(code) + " for market " + shownText(market),
                                           last ? FixedPriceEntry(*last, code).place(row) : valuePlace(row));
         internal::forEachEntry(internal::kFixedPriceFunds, row.value, [&](const internal::MarketCodesEntry& entry) {
-            if (entry.market != market || entry.text.data() == last->text.data()) return;
+            if (!last || entry.market != market || entry.text.data() == last->text.data()) return;
             lose(explanation, [&] {
                 const FixedPriceEntry former(entry, code);
                 return Candidate{former.reason(), "an earlier entry of the market", former.place(row),
