@@ -214,16 +214,15 @@ struct FixedPriceEntry {
 
 // Only the last entry of a market counts.
 Explanation explainFixedPrice(const Question& question) {
-    const internal::SettingKey& key = keys::fixedPriceFunds;
     const std::string& market = question.text(0);
     const std::string& code = question.text(1);
-    return explainedByKey(question, key, false, [&](const SettingsEntry& row) {
+    return explainedByKey(question, keys::fixedPriceFunds, false, [&](const SettingsEntry& row) {
         const auto last = countingEntry(internal::kFixedPriceFunds, row.value,
                                         [&market](const auto& entry) { return entry.market == market; });
         const bool isListed = last && FixedPriceEntry(*last, code).isListed();
         Explanation explanation = decided(isListed, isListed ? Reason::Listed : Reason::NotListed,
-                                          nameOf(key) + (isListed ? " lists " : " does not list ") + "the code " +
-                                              shownText(code) + " for market " + shownText(market),
+                                          nameOf(keys::fixedPriceFunds) + (isListed ? " lists " : " does not list ") +
+                                              "the code " + shownText(code) + " for market " + shownText(market),
                                           last ? FixedPriceEntry(*last, code).place(row) : valuePlace(row));
         internal::forEachEntry(internal::kFixedPriceFunds, row.value, [&](const internal::MarketCodesEntry& entry) {
             if (!last || entry.market != market || entry.text.data() == last->text.data()) return;
