@@ -48,10 +48,6 @@ public:
         if (index < slots.size()) slots[index].local = value ? Local::Yes : Local::No;
     }
 
-    void clearLists() {
-        for (Slot& slot : slots)
-            slot.list = nullptr;
-    }
     void clearOverrides() {
         for (Slot& slot : slots)
             slot.local = Local::None;
